@@ -1,0 +1,67 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <initializer_list>
+
+#include "input/reader.h"
+
+// Messages: the program's own small formatter and the numbered errors and
+// warnings. Everything goes to standard error and, with a log, to the log too.
+
+namespace vorn {
+
+// One argument of Mprintf.
+struct MessageValue {
+    enum class Kind { INTEGER, REAL, TEXT } kind;
+    union {
+        std::int64_t integer;
+        double real;
+        const char* text;
+    };
+
+    template <std::integral Integer>
+    MessageValue(Integer value) : kind(Kind::INTEGER), integer(static_cast<std::int64_t>(value)) {}
+    MessageValue(double value) : kind(Kind::REAL), real(value) {}
+    MessageValue(const char* value) : kind(Kind::TEXT), text(value) {}
+};
+
+void write_message(const char* format, std::initializer_list<MessageValue> values);
+
+// "%c" a character, "%d" a 64-bit integer, "%s" a text, "%f" a real as "%7.2f";
+// "%" before any other character prints that character and takes no argument,
+// so flags, widths and precisions are not understood. Kept minimal on purpose.
+template <typename... Values>
+void Mprintf(const char* format, const Values&... values) {
+    write_message(format, {MessageValue(values)...});
+}
+
+// While one of these lives, messages are gathered and written in large pieces:
+// for traces of one line per event. Their order does not change.
+class MessageBatch {
+public:
+    MessageBatch();
+    ~MessageBatch();
+    MessageBatch(const MessageBatch&) = delete;
+    MessageBatch& operator=(const MessageBatch&) = delete;
+};
+
+// Prints error `number`: 3 to 9 plain, from 10 with line number and echo;
+// 999 prints nothing, 1000 only the echo.
+void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos);
+inline void error_no(int number, const Reader& reader) {
+    error_no(number, reader.line, reader.text, reader.pos);
+}
+
+// Prints warning `number` unless SUPRESS: up to 9 short, from 10 with line number and echo.
+void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos);
+inline void warning_no(int number, const Reader& reader) {
+    warning_no(number, reader.line, reader.text, reader.pos);
+}
+
+// Writes the text (a line feed shown as "L") and, below it, a caret under pos.
+void put_buff(std::FILE* stream, const char* text, std::int32_t pos);
+
+void reset_messages();
+
+}  // namespace vorn

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+#include "input/reader.h"
+
+// The preprocessor's entry points: what the line buffer, the driver and the
+// global commands call. Nothing else of preproc/ is included from outside.
+
+namespace vorn {
+
+// Marks the places of a line that belong to macro definition text, where
+// constants are not expanded. One per line fetched, never shared.
+struct DefinitionMarks {
+    bool any = false;                // whether any mark is set
+    bool marked[LINE_SIZE] = {};
+};
+
+// --- called by the line buffer for each fresh line ---
+
+bool in_if0();  // a false conditional block is being skipped
+bool is_if(const char* text, std::int32_t pos);     // "if(" at pos
+bool is_endif(const char* text, std::int32_t pos);  // "endif" at pos
+[[nodiscard]] int do_if_interface(Reader& reader);  // pos on "if("
+[[nodiscard]] int do_endif(Reader& reader);         // pos on "endif"
+[[nodiscard]] int parse_macros(Reader& reader, DefinitionMarks& marks);
+[[nodiscard]] int parse_variables(Reader& reader, const DefinitionMarks& marks);
+
+// --- called by global commands ---
+
+[[nodiscard]] int parse_macro(Reader& reader);  // pos behind "#"
+[[nodiscard]] int parse_var(Reader& reader);    // pos behind "#"
+
+// --- called by the driver ---
+
+// Copies the stream with every include file spliced in. Returns 0 or a positive
+// number, the message then already printed. `count` is the run's include counter.
+[[nodiscard]] int parse_includes(std::FILE* in, std::FILE* out, int& count);
+
+bool ifdef_match();  // every "#if" has met its "#endif"
+void free_macro_list();
+void free_variable_list();
+void reset_preprocessor();
+
+}  // namespace vorn
