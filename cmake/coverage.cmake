@@ -1,0 +1,10 @@
+# Target "coverage": runs all tests and writes coverage/index.html in the build folder.
+find_program(GCOVR gcovr REQUIRED)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/coverage)
+add_custom_target(coverage
+    COMMAND ${CMAKE_CTEST_COMMAND} --no-tests=error --output-on-failure
+    COMMAND ${GCOVR} --root ${PROJECT_SOURCE_DIR} --filter ${PROJECT_SOURCE_DIR}/src/
+        --exclude-throw-branches --print-summary
+        --html-details ${PROJECT_BINARY_DIR}/coverage/index.html ${PROJECT_BINARY_DIR}
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR}
+    USES_TERMINAL VERBATIM)
