@@ -7,6 +7,10 @@
 
 namespace vorn {
 
+// Octave of the last note name that gave one, refused ones included; starts at 4
+// and outlives events, p-fields and blocks. Written by get_pitch only.
+extern std::int32_t PITCH_OCTAVE;
+
 // Note name: letter or "r", accidentals, octave. Semitones, c4 = 48 (60 for MIDI); rest -1.
 [[nodiscard]] bool get_pitch(float& value, const char* text, std::int32_t& pos);
 

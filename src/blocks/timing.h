@@ -17,6 +17,9 @@ namespace vorn {
 // grows by the value. Error 32.
 [[nodiscard]] int store_p2(float beats, float& seconds);
 
+// The second half of store_p2, for an interval already converted to seconds.
+[[nodiscard]] int insert_start(float beats, float seconds);
+
 // Advances the cursor to the next event and stores its duration by the P3 code
 // scheme: interval times n (below 200), plus n (200), minus n (300), n beats
 // (400) or n seconds (1000). May raise warning 1.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 
@@ -35,6 +36,16 @@ template <typename... Values>
 void Mprintf(const char* format, const Values&... values) {
     write_message(format, {MessageValue(values)...});
 }
+
+// Messages composed and not yet written. Written by the routines below only.
+struct MessageBuffer {
+    std::size_t used = 0;  // bytes waiting in data
+    int held = 0;          // open batches; 0: every message is written at once
+    char data[1 << 16];
+};
+extern MessageBuffer MESSAGES;
+
+constexpr int FIRST_LINE_FORM = 10;  // numbers below it are printed without line number and echo
 
 // While one of these lives, messages are gathered and written in large pieces:
 // for traces of one line per event. Their order does not change.

@@ -1,0 +1,145 @@
+#include "input/messages.h"
+
+#include <cstring>
+
+#include "input/errors.h"
+#include "input/message_table.h"
+#include "input/run_flags.h"
+
+// Messages are composed in one buffer and written once per destination. Inside
+// a MessageBatch the buffer gathers many messages; it is written when it is
+// full, when the batch ends, and before anything else goes to the same streams.
+
+namespace vorn {
+
+MessageBuffer MESSAGES;
+
+namespace {
+
+void flush_messages() {
+    if (MESSAGES.used == 0) return;
+    std::fwrite(MESSAGES.data, 1, MESSAGES.used, std_err);
+    if (MKLOG && fllog != nullptr) std::fwrite(MESSAGES.data, 1, MESSAGES.used, fllog);
+    MESSAGES.used = 0;
+}
+
+void append(const char* bytes, std::size_t size) {
+    while (size > 0) {
+        if (MESSAGES.used == sizeof MESSAGES.data) flush_messages();
+        const std::size_t room = sizeof MESSAGES.data - MESSAGES.used;
+        const std::size_t part = size < room ? size : room;
+        std::memcpy(MESSAGES.data + MESSAGES.used, bytes, part);
+        MESSAGES.used += part;
+        bytes += part;
+        size -= part;
+    }
+}
+
+void append_real(double value) {
+    char digits[400];  // the largest double has 309 digits before the point
+    const int size = std::snprintf(digits, sizeof digits, "%7.2f", value);
+    append(digits, static_cast<std::size_t>(size));
+}
+
+void append_integer(std::int64_t value) {
+    char digits[32];
+    const int size = std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(value));
+    append(digits, static_cast<std::size_t>(size));
+}
+
+// Writes one value as the letter behind "%" asks; false when the letter takes no value.
+bool append_value(char conversion, const MessageValue* value) {
+    switch (conversion) {
+        case 'c': {
+            const char c = static_cast<char>(value->integer);
+            append(&c, 1);
+            return true;
+        }
+        case 'd':
+            append_integer(value->integer);
+            return true;
+        case 's':
+            append(value->text, std::strlen(value->text));
+            return true;
+        case 'f':
+            append_real(value->real);
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The echo of a line with its caret, on standard error and in the log.
+void echo_line(const char* text, std::int32_t pos) {
+    flush_messages();
+    put_buff(std_err, text, pos);
+    if (MKLOG && fllog != nullptr) put_buff(fllog, text, pos);
+}
+
+}  // namespace
+
+void write_message(const char* format, std::initializer_list<MessageValue> values) {
+    const MessageValue* value = values.begin();
+    for (const char* at = format; *at != 0;) {
+        const char* percent = std::strchr(at, '%');
+        if (percent == nullptr) {
+            append(at, std::strlen(at));
+            break;
+        }
+        append(at, static_cast<std::size_t>(percent - at));
+        const char conversion = percent[1];
+        if (conversion == 0) break;
+        if (value != values.end() && append_value(conversion, value)) {
+            ++value;
+        } else {
+            append(&conversion, 1);
+        }
+        at = percent + 2;
+    }
+    if (MESSAGES.held == 0) flush_messages();
+}
+
+MessageBatch::MessageBatch() { ++MESSAGES.held; }
+
+MessageBatch::~MessageBatch() {
+    if (--MESSAGES.held == 0) flush_messages();
+}
+
+void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos) {
+    if (number == error::ALREADY_PRINTED) return;
+    if (number < FIRST_LINE_FORM) {
+        Mprintf("\nERROR: %s\n\n", error_text(number));
+        return;
+    }
+    if (number != error::PRINTED_ECHO_LEFT) {
+        Mprintf("\n\nERROR: Line %d:%s\n", line, error_text(number));
+    }
+    echo_line(text, pos);
+}
+
+void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos) {
+    if (SUPRESS) return;
+    if (number < FIRST_LINE_FORM) {
+        Mprintf("\nWARNING: %s", warning_text(number));
+        return;
+    }
+    Mprintf("\n\nWARNING: Line %d:%s\n", line, warning_text(number));
+    echo_line(text, pos);
+}
+
+void put_buff(std::FILE* stream, const char* text, std::int32_t pos) {
+    char echo[2 * LINE_SIZE + 4];
+    std::size_t size = 0;
+    for (const char* c = text; *c != 0; ++c) echo[size++] = *c == '\n' ? 'L' : *c;
+    echo[size++] = '\n';
+    if (*text != 0) {
+        for (std::int32_t at = 0; at < pos; ++at) echo[size++] = text[at] == '\t' ? '\t' : ' ';
+        echo[size++] = '^';
+    }
+    echo[size++] = '\n';
+    std::fwrite(echo, 1, size, stream);
+}
+
+void reset_messages() { MESSAGES.used = 0; MESSAGES.held = 0; }
+
+}  // namespace vorn

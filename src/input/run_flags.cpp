@@ -1,0 +1,26 @@
+#include "input/run_flags.h"
+
+// The run's flags and message streams. They are plain variables because every
+// layer reads them and only the driver writes them, once, before any input.
+
+namespace vorn {
+
+int MKLOG = 0;
+int MKMIDI = 0;
+int MKEXP = 0;
+int SUPRESS = 0;
+int SHOW_TEMPOS = 0;
+
+std::FILE* std_out = stdout;
+std::FILE* std_err = stderr;
+std::FILE* fllog = nullptr;
+std::FILE* fecho = nullptr;
+
+void reset_run_flags() {
+    MKLOG = MKMIDI = MKEXP = SUPRESS = SHOW_TEMPOS = 0;
+    std_out = stdout;
+    std_err = stderr;
+    fllog = fecho = nullptr;
+}
+
+}  // namespace vorn
