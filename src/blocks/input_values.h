@@ -14,8 +14,8 @@ namespace vorn {
 // Whether the character may start a value of IN_TYPE in a data list.
 [[nodiscard]] bool in_limits(char c);
 
-bool is_separator(char c);                                   // white space, "," "/" ":" "'"
-bool is_input_code(int code);                                // code of an input type
+bool is_separator(char c);                                  // white space, "," "/" ":" "'"
+bool is_input_code(int code);                               // code of an input type
 bool is_last_variable(const char* text, std::int32_t pos);  // "z" at pos
 
 }  // namespace vorn

@@ -29,9 +29,9 @@ namespace {
 
 constexpr std::int32_t FIRST_OCTAVE = 4;
 constexpr std::int32_t HIGHEST_OCTAVE = 9;
-constexpr int OCTAVE = 12;         // semitones
-constexpr int MIDI_OFFSET = 12;    // middle C is 60 there
-constexpr float REST = -1.0F;      // the value of "r"
+constexpr int OCTAVE = 12;       // semitones
+constexpr int MIDI_OFFSET = 12;  // middle C is 60 there
+constexpr float REST = -1.0F;    // the value of "r"
 constexpr float HIGHEST_DB = 96.0F;
 
 // Semitones above c of the seven letters from "a" on.
