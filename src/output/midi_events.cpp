@@ -1,0 +1,245 @@
+// A note of the score has a start and a duration; a MIDI track wants a note-on
+// and, later, a note-off. List2MIDI adds the note-offs to the event list, each
+// behind every event that starts no later than the note ends:
+//
+//     c 0..1, e 1..2    ->    on c 0, on e 1, off c 1, off e 2
+//
+// so a note-on precedes the note-off of the note before it at the same moment.
+//
+// Where starts never decrease, note-offs fall into the order of their ends, and
+// among equal ends into the order of their notes. They are sorted so and merged
+// with the notes, in time that grows with the events however many overlap.
+// Where a start steps back, which whole-second copies of a chord can do, the
+// list is walked forward from each note to the place of its note-off instead.
+
+#include "output/midi_events.h"
+
+#include <bit>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "generators/arithmetic.h"
+#include "input/messages.h"
+#include "output/real_text.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr float TICKS_PER_SECOND = 480.0F;
+constexpr int EVENT_BYTES = 3;                         // status, note, velocity
+constexpr double VELOCITY_FACTOR = 0.003875850703452;  // 127 / 32767
+constexpr float NOTE_OFF_AMPLITUDE = 15480.47265625F;  // a note-off shows as velocity 60
+constexpr float NOTE_COUNT = 128.0F;
+
+// The events as they are visited in playing order, and what that adds up to.
+struct Track {
+    ListNode*& list;
+    int pfields;
+    float previous_start = 0;
+    std::uint64_t size = 0;
+};
+
+float end_of(const ListNode& note) { return note.start + note.dur; }
+
+char* put_text(char* to, const char* text) {
+    const std::size_t size = std::strlen(text);
+    std::memcpy(to, text, size);
+    return to + size;
+}
+
+// A real as messages show it, and what follows it.
+char* put_real(char* to, float value, const char* behind) {
+    return put_text(format_real(to, value, 7, 2), behind);
+}
+
+// "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
+void print_event(const ListNode& event) {
+    char line[4 * REAL_TEXT_SIZE + 32];
+    char* to = put_text(line, "\n");
+    to = put_real(to, event.start, "\t");
+    to = put_real(to, event.dur, event.code == NOTE_ON_CODE ? "\tON\tN: " : "\tOFF\tN: ");
+    to = put_real(to, event.pf[1], "\tV: ");
+    to = put_real(to, event.pf[0], "\t");
+    *to = 0;
+    Mprintf("%s", line);  // not silenced by SUPRESS: kept on purpose
+}
+
+// Turns P4 into the velocity and P5 into the note, in the list itself: kept on purpose.
+void convert_event(ListNode& event) {
+    event.pf[0] = static_cast<float>(static_cast<double>(event.pf[0]) * VELOCITY_FACTOR);
+    event.pf[1] = mod(event.pf[1], NOTE_COUNT);
+}
+
+// Accounts for one event of the track: its bytes and its line of the trace.
+void add_event(Track& track, const ListNode& event) {
+    track.size +=
+        static_cast<std::uint64_t>(VLSize(delta_ticks(track.previous_start, event.start)) + EVENT_BYTES);
+    track.previous_start = event.start;
+    print_event(event);
+}
+
+// The note-off of a converted note, not linked. It keeps the note's duration:
+// kept on purpose, the length of the file counts it. Null: out of memory.
+ListNode* make_note_off(const ListNode& note, int pfields) {
+    ListNode* off = CopyEvent(&note, pfields);
+    if (off == nullptr) return nullptr;
+    off->code = NOTE_OFF_CODE;
+    off->start = end_of(note);
+    off->pf[0] = NOTE_OFF_AMPLITUDE;
+    return off;
+}
+
+// --- by walking forward from each note ---
+
+// Links the note-off behind the last of the following events that starts no
+// later than the note ends.
+bool insert_note_off(Track& track, ListNode& note) {
+    ListNode* off = make_note_off(note, track.pfields);
+    if (off == nullptr) return false;
+    ListNode* place = &note;
+    while (place != track.list && !(place->next->start > off->start)) place = place->next;
+    InsertEvent(off, place, track.list);
+    return true;
+}
+
+bool walk_events(Track& track) {
+    ListNode* event = track.list;
+    do {
+        event = event->next;
+        convert_event(*event);
+        if (event->code == NOTE_ON_CODE && !insert_note_off(track, *event)) return false;
+        add_event(track, *event);
+    } while (event != track.list);
+    return true;
+}
+
+// --- by merging notes and sorted note-offs ---
+
+struct NoteEnd {
+    std::uint32_t key;  // bits of the end, which order as ends of 0 and above do
+    const ListNode* note;
+};
+
+// Whether starts never decrease and no note ends before it starts, which
+// rounding cannot bring about but a value that is not a number does.
+bool in_playing_order(const ListNode* list) {
+    float previous_start = 0;
+    const ListNode* event = list;
+    do {
+        event = event->next;
+        if (!(event->start >= previous_start && end_of(*event) >= event->start)) return false;
+        previous_start = event->start;
+    } while (event != list);
+    return true;
+}
+
+std::size_t count_events(const ListNode* list) {
+    std::size_t count = 1;
+    for (const ListNode* event = list->next; event != list; event = event->next) ++count;
+    return count;
+}
+
+// Lists the ends in the order of the notes. Returns whether they are in order already.
+bool list_ends(const ListNode* list, NoteEnd* ends) {
+    bool sorted = true;
+    std::uint32_t previous_key = 0;
+    const ListNode* note = list;
+    do {
+        note = note->next;
+        const std::uint32_t key = std::bit_cast<std::uint32_t>(end_of(*note));
+        sorted = sorted && key >= previous_key;
+        previous_key = key;
+        *ends++ = {key, note};
+    } while (note != list);
+    return sorted;
+}
+
+// Sorts by key, a byte at a time from the lowest; equal keys keep their order.
+// The four passes end where they began, in `ends`.
+void sort_ends(NoteEnd* ends, NoteEnd* scratch, std::size_t count) {
+    for (int shift = 0; shift < 32; shift += 8) {
+        const auto digit = [shift](const NoteEnd& end) { return (end.key >> shift) & 0xFFU; };
+        std::size_t place[257] = {};  // of the next end with that digit
+        for (std::size_t i = 0; i < count; ++i) ++place[digit(ends[i]) + 1];
+        for (int i = 0; i < 256; ++i) place[i + 1] += place[i];
+        for (std::size_t i = 0; i < count; ++i) scratch[place[digit(ends[i])]++] = ends[i];
+        std::swap(ends, scratch);
+    }
+}
+
+// Visits the notes and, as soon as the next note starts later than the earliest
+// end, inserts note-offs.
+bool merge_events(Track& track, const NoteEnd* ends, std::size_t count) {
+    ListNode* event = track.list;
+    std::size_t started = 0;
+    std::size_t ended = 0;
+    while (ended < count) {
+        if (started < count && event->next->start <= std::bit_cast<float>(ends[ended].key)) {
+            event = event->next;
+            ++started;
+        } else {
+            ListNode* off = make_note_off(*ends[ended].note, track.pfields);
+            if (off == nullptr) return false;
+            InsertEvent(off, event, track.list);
+            ++ended;
+        }
+        convert_event(*event);
+        add_event(track, *event);
+    }
+    return true;
+}
+
+bool merge_sorted_events(Track& track) {
+    const std::size_t count = count_events(track.list);
+    std::unique_ptr<NoteEnd[]> ends(new (std::nothrow) NoteEnd[count]);
+    if (ends == nullptr) return false;
+    if (!list_ends(track.list, ends.get())) {
+        std::unique_ptr<NoteEnd[]> scratch(new (std::nothrow) NoteEnd[count]);
+        if (scratch == nullptr) return false;
+        sort_ends(ends.get(), scratch.get(), count);
+    }
+    return merge_events(track, ends.get(), count);
+}
+
+void mark_as_notes(ListNode* list) {
+    ListNode* event = list;
+    do {
+        event = event->next;
+        event->code = NOTE_ON_CODE;
+    } while (event != list);
+}
+
+}  // namespace
+
+std::uint64_t to_ticks(float seconds) {
+    const float ticks = seconds * TICKS_PER_SECOND;
+    if (!(ticks > 0)) return 0;
+    if (ticks >= static_cast<float>(MAX_TICKS)) return MAX_TICKS;
+    return static_cast<std::uint64_t>(ticks);
+}
+
+int VLSize(std::uint64_t value) {
+    int size = 1;
+    while (value >>= 7) ++size;
+    return size;
+}
+
+MidiResult List2MIDI(ListNode*& list, int pfields, int instrument, std::uint64_t& track_size,
+                     EventCounts counts) {
+    if (list == nullptr) return MidiResult::NO_NOTES;
+    if (!RemoveRests(list, counts)) {
+        Mprintf("\n\nOops i-block %d is all rests! ", instrument);
+        return MidiResult::NO_NOTES;
+    }
+    mark_as_notes(list);
+    const MessageBatch batch;
+    Track track{list, pfields};
+    const bool done = in_playing_order(list) ? merge_sorted_events(track) : walk_events(track);
+    track_size = track.size;
+    return done ? MidiResult::NOTES : MidiResult::OUT_OF_MEMORY;
+}
+
+}  // namespace vorn
