@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "output/arena.h"
+
 // The events of one instrument block.
 //
 // The list is a singly linked ring. Its handle points at the tail, the newest
@@ -27,7 +29,11 @@ struct ListNode {
 constexpr std::uint64_t MAX_EVENTS = 50'000'000;  // events of one block; more is error 32
 
 extern ListNode* note_list;  // tail of the current block's events; null when there are none
-extern ListNode* LUT;        // the event that was last given a value from data rather than copied; may be null
+extern ListNode* LUT;  // the event that was last given a value from data rather than copied; may be null
+
+extern float last_dur;     // seconds: the largest |interval| of the last start time; written by InsertBegTime
+extern Arena event_arena;  // holds every event of the current block
+extern std::uint64_t event_nodes;  // events taken from event_arena since it was last released
 
 // A new zeroed event with room for pfields values, not linked; null when memory
 // or MAX_EVENTS is exhausted.
