@@ -1,6 +1,12 @@
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
+#include <system_error>
+
+// <cerrno> has a macro of this name on POSIX systems. The two headers that use
+// it are included first, so that it means our variable in all that follows.
+#undef ETIME
 
 // The state of the instrument block that is being read, and the settings in
 // force. The header and the p-field statements write it; the value readers, the
@@ -34,15 +40,15 @@ extern std::uint32_t* RE_FW;             // decimals of "re" output; null outsid
 extern std::int32_t* FFT_SZ;             // size index of "bn" output; null outside a block
 
 // --- of the current p-field statement ---
-extern int IN_TYPE;      // input type code
-extern int OUT_TYPE;     // output type code
-extern int IN_LOOP;      // 1 while a "<" loop is open
-extern int IS_FUSED;     // pending fusion marks
-extern int WROTE_DATA;   // 1 once the statement has stored a value
-extern int NX;           // 1: pitch input carried the suffix "x", no rounding, quarter-tones allowed
-extern float PFACTOR;    // factor on stored values
-extern float LAST_VAL;   // the last value read or generated; outlives the statement
-extern float MAX_DEV2;   // random deviation of this statement, fraction of the value
+extern int IN_TYPE;     // input type code
+extern int OUT_TYPE;    // output type code
+extern int IN_LOOP;     // 1 while a "<" loop is open
+extern int IS_FUSED;    // pending fusion marks
+extern int WROTE_DATA;  // 1 once the statement has stored a value
+extern int NX;          // 1: pitch input carried the suffix "x", no rounding, quarter-tones allowed
+extern float PFACTOR;   // factor on stored values
+extern float LAST_VAL;  // the last value read or generated; outlives the statement
+extern float MAX_DEV2;  // random deviation of this statement, fraction of the value
 
 // --- for the whole run ---
 extern float MAX_DEV;        // random deviation, fraction of the value

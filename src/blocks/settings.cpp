@@ -15,8 +15,8 @@ namespace vorn {
 
 namespace {
 
-constexpr float MAX_DEVIATION = 100;   // 10000 %
-constexpr float LARGE_DEVIATION = 1;   // 100 %; more than that is asked back
+constexpr float MAX_DEVIATION = 100;  // 10000 %
+constexpr float LARGE_DEVIATION = 1;  // 100 %; more than that is asked back
 
 // "(" value ")", the value read by a number reader; format_error when it cannot be read.
 template <typename Value>

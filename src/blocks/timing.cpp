@@ -59,7 +59,8 @@ int store_p2(float beats, float& seconds) {
 
 int insert_start(float beats, float seconds) {
     const float interval = add_rdev(seconds, MAX_DEV + MAX_DEV2);
-    if (!InsertBegTime(note_list, MAX_PFIELDS, IS_FUSED, interval, STIME, CBEATS)) return error::OUT_OF_MEMORY;
+    if (!InsertBegTime(note_list, MAX_PFIELDS, IS_FUSED, interval, STIME, CBEATS))
+        return error::OUT_OF_MEMORY;
     WROTE_DATA = 1;
     CBEATS += beats;
     return 0;

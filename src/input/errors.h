@@ -112,7 +112,7 @@ constexpr int END_TEMPO_RANGE = 158;
 constexpr int TEMPO_TIMES_BACKWARDS = 159;
 constexpr int NOT_IMPLEMENTED = 200;
 constexpr int BAD_REAL = 500;
-constexpr int ALREADY_PRINTED = 999;   // the message has been printed; nothing more is
+constexpr int ALREADY_PRINTED = 999;     // the message has been printed; nothing more is
 constexpr int PRINTED_ECHO_LEFT = 1000;  // the message has been printed; only the echo follows
 
 }  // namespace vorn::error

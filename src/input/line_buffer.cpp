@@ -65,8 +65,7 @@ int get_buff(Reader& reader) {
     if (!read_line(reader)) return END_OF_INPUT;
     if (in_if0()) return 0;
     if (at_conditional(reader)) {
-        const int result =
-            is_if(reader.text, reader.pos) ? do_if_interface(reader) : do_endif(reader);
+        const int result = is_if(reader.text, reader.pos) ? do_if_interface(reader) : do_endif(reader);
         return result > 0 ? result : 0;
     }
     DefinitionMarks marks;

@@ -108,21 +108,26 @@ constexpr MessageRow ERROR_TABLE[] = {
     {107, "Oops, illegal character in \"const\" equation."},
     {108, "Illegal number of terms or operations in\"const\" equation."},
     {109, "Constant name must start with an alphabetic character."},
-    {113, "Error in \"#endif\" Statement. \n"
+    {113,
+     "Error in \"#endif\" Statement. \n"
      "(N.B. #if and #endif must be isolated to their own lines\n"
      "with no other data than whitespace.)"},
-    {114, "Error in \"#if\" Statement. \n"
+    {114,
+     "Error in \"#if\" Statement. \n"
      "(N.B. #if and #endif must be isolated to their own lines \n"
      "with no other data than whitespace.)"},
     {115, "\"#if\" Statement expects a floating-point value within ()s. "},
     {116, "\"#if\" statement is missing terminal \")\""},
-    {117, "Reached EOF. \"#if\" statement is missing \"#endif\"? \n"
+    {117,
+     "Reached EOF. \"#if\" statement is missing \"#endif\"? \n"
      "(N.B. #if and #endif must be isolated\n"
      "to their own lines with no other data than whitespace.)"},
-    {118, "\"#if\" statement: mismatched \"#endif\". \n"
+    {118,
+     "\"#if\" statement: mismatched \"#endif\". \n"
      "(N.B. #if and #endif must be isolated to their own\n"
      " lines with no other data than whitespace.)"},
-    {119, "\"#if\" statement: missing an \"#endif\"? \n"
+    {119,
+     "\"#if\" statement: missing an \"#endif\"? \n"
      "(N.B. #if and #endif must be isolated to their own\n"
      " lines with no other data than whitespace.)"},
     {120, "ZOINKS! You skipped the i-block duration!"},

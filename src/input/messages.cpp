@@ -140,6 +140,9 @@ void put_buff(std::FILE* stream, const char* text, std::int32_t pos) {
     std::fwrite(echo, 1, size, stream);
 }
 
-void reset_messages() { MESSAGES.used = 0; MESSAGES.held = 0; }
+void reset_messages() {
+    MESSAGES.used = 0;
+    MESSAGES.held = 0;
+}
 
 }  // namespace vorn

@@ -45,8 +45,8 @@ std::uint64_t read_long_digits(const char* text, std::int32_t& pos) {
 }
 
 // [sign] digits within low to high; out of range leaves pos on the first digit.
-bool read_short(std::int32_t& value, const char* text, std::int32_t& pos, bool minus_allowed, std::int32_t low,
-                std::int32_t high) {
+bool read_short(std::int32_t& value, const char* text, std::int32_t& pos, bool minus_allowed,
+                std::int32_t low, std::int32_t high) {
     const bool negative = skip_sign(text, pos, minus_allowed);
     if (!is_digit(text[pos])) return false;
     const std::int32_t first_digit = pos;

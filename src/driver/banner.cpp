@@ -1,0 +1,24 @@
+#include "driver/banner.h"
+
+#include "input/run_flags.h"
+
+// The banner tells which build ran and on which files.
+
+namespace vorn {
+
+const char* const VERSION = "2.1.2";
+
+void print_version(std::FILE* stream) {
+    std::fprintf(stream, "\nVorn (%s, %s, %s)\n", VERSION, __DATE__, __TIME__);
+}
+
+void print_info(std::FILE* stream, const char* input, const char* output, const char* log,
+                const char* expansion) {
+    print_version(stream);
+    std::fprintf(stream, "\n\nInput\t= \"%s\"\nOutput\t= \"%s\" %s\n", input, output,
+                 MKMIDI ? "[MIDI file (type 1)]" : "[Csound score-file]");
+    if (MKLOG) std::fprintf(stream, "Log \t= \"%s\"\n", log);
+    if (MKEXP) std::fprintf(stream, "MExp\t= \"%s\"\n", expansion);
+}
+
+}  // namespace vorn

@@ -1,0 +1,138 @@
+#include "driver/files.h"
+
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "driver/options.h"
+#include "input/errors.h"
+#include "input/run_flags.h"
+#include "output/output_file.h"
+
+// The files of a run. Input first, then everything that is written: output,
+// expansion file, temporary file, log. A file that could not be written in full
+// makes the run fail, so that nobody takes a cut score for a whole one.
+
+namespace vorn {
+
+std::FILE* fin = nullptr;
+std::FILE* ftmp = nullptr;
+char tmp_fname[TMP_NAME_SIZE] = {};
+
+namespace {
+
+constexpr const char* OUTPUT_MODES[] = {"w", "wb"};  // indexed by MKMIDI
+constexpr const char* TMP_PATTERN = P_tmpdir "/vornXXXXXX";
+
+bool report_unopened(const char* name) {
+    std::fprintf(std_err, "\nERROR: Can't open \"%s\".\n\n", name);
+    return false;
+}
+
+void report_unwritten(const char* name) { std::fprintf(std_err, "\nERROR: Can't write \"%s\".\n\n", name); }
+
+// A directory opens for reading but has no text.
+bool open_input() {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(in_fname, ignored)) fin = std::fopen(in_fname, "r");
+    return fin != nullptr || report_unopened(in_fname);
+}
+
+// Whether opening `name` for writing would destroy the score description.
+bool is_input_file(const char* name) {
+    std::error_code ignored;
+    return name != nullptr && std::filesystem::is_regular_file(in_fname, ignored) &&
+           std::filesystem::equivalent(in_fname, name, ignored);
+}
+
+// The input under another name is as much of a clash as the name itself.
+bool check_same_files() {
+    const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname);
+    if (clash) report_name_clash();
+    return !clash;
+}
+
+bool open_output_file() {
+    std::FILE* const stream = std::fopen(out_fname, OUTPUT_MODES[MKMIDI]);
+    return (stream != nullptr && open_output(fout, stream)) || report_unopened(out_fname);
+}
+
+bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {
+    if (!wanted) return true;
+    stream = std::fopen(name, "w");
+    return stream != nullptr || report_unopened(name);
+}
+
+bool open_temporary_file() {
+    static_assert(sizeof(P_tmpdir "/vornXXXXXX") <= TMP_NAME_SIZE);
+    std::strcpy(tmp_fname, TMP_PATTERN);
+    const int descriptor = mkstemp(tmp_fname);
+    if (descriptor >= 0) ftmp = fdopen(descriptor, "w");
+    if (ftmp != nullptr) return true;
+    if (descriptor >= 0) close(descriptor);
+    if (descriptor < 0) tmp_fname[0] = 0;
+    std::fputs("\nERROR: Can't open temporary file\n\n", std_err);
+    return false;
+}
+
+// Closes a stream that was written; false and a message when something is missing.
+bool close_written(std::FILE*& stream, const char* name) {
+    if (stream == nullptr) return true;
+    const bool failed = std::ferror(stream) != 0;
+    const bool written = std::fclose(stream) == 0 && !failed;
+    stream = nullptr;
+    if (!written) report_unwritten(name);
+    return written;
+}
+
+bool close_output_file() {
+    if (fout.stream == nullptr) return true;
+    const bool written = close_output(fout);
+    if (!written) report_unwritten(out_fname);
+    return written;
+}
+
+void close_input() {
+    if (fin != nullptr) std::fclose(fin);
+    fin = nullptr;
+}
+
+}  // namespace
+
+bool open_files() {
+    const bool opened = open_input() && check_same_files() && open_output_file() &&
+                        open_extra_file(fecho, MKEXP, exp_fname) && open_temporary_file() &&
+                        open_extra_file(fllog, MKLOG, log_fname);
+    if (!opened) close_files();
+    return opened;
+}
+
+int reopen_temporary_file() {
+    close_input();
+    if (!close_written(ftmp, tmp_fname)) return error::ALREADY_PRINTED;
+    fin = std::fopen(tmp_fname, "r");
+    return fin == nullptr ? error::TEMPORARY_FILE : 0;
+}
+
+bool close_files() {
+    close_input();
+    bool written = close_output_file();
+    written = close_written(fecho, exp_fname) && written;
+    written = close_written(fllog, log_fname) && written;
+    if (ftmp != nullptr) std::fclose(ftmp);
+    ftmp = nullptr;
+    if (tmp_fname[0] != 0) std::remove(tmp_fname);
+    tmp_fname[0] = 0;
+    return written;
+}
+
+void reset_files() {
+    close_input();
+    ftmp = nullptr;
+    tmp_fname[0] = 0;
+}
+
+}  // namespace vorn

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdio>
+
+// The files of a run: opened in a fixed order, closed and checked together.
+
+namespace vorn {
+
+extern std::FILE* fin;   // the input, later the temporary file reopened for reading; null when closed
+extern std::FILE* ftmp;  // the temporary file while it is being written; null otherwise
+
+constexpr int TMP_NAME_SIZE = 1024;
+extern char tmp_fname[TMP_NAME_SIZE];  // name of the temporary file; empty while there is none
+
+// Opens input, output, expansion file, temporary file and log, in this order.
+// False with the message printed; nothing stays open then.
+[[nodiscard]] bool open_files();
+
+// Closes input and temporary file and reopens the latter as fin. Returns 0, error
+// 9, or 999 when the temporary file could not be written (reported here).
+[[nodiscard]] int reopen_temporary_file();
+
+// Closes every file and removes the temporary one. False, with a message for
+// each, when a file could not be written in full.
+bool close_files();
+
+void reset_files();
+
+}  // namespace vorn

@@ -1,0 +1,37 @@
+#include "driver/interrupts.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <initializer_list>
+
+#include "driver/files.h"
+
+// An interrupted run leaves nothing behind in the system's temporary directory.
+// The handler calls only what is safe in one: unlink, signal, raise.
+
+namespace vorn {
+
+namespace {
+
+extern "C" void end_by_signal(int number) {
+    if (tmp_fname[0] != 0) unlink(tmp_fname);
+    signal(number, SIG_DFL);
+    raise(number);
+}
+
+}  // namespace
+
+void remove_temporary_file_on_interrupt() {
+    for (const int number : {SIGHUP, SIGINT, SIGPIPE, SIGTERM, SIGXCPU}) {
+        struct sigaction action = {};
+        sigaction(number, nullptr, &action);
+        if (action.sa_handler == SIG_IGN) continue;
+        action.sa_handler = end_by_signal;
+        sigaction(number, &action, nullptr);
+    }
+    // A file-size limit is a write that fails, and is reported as one.
+    signal(SIGXFSZ, SIG_IGN);
+}
+
+}  // namespace vorn

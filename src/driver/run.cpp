@@ -1,0 +1,121 @@
+#include "driver/run.h"
+
+#include "blocks/block_state.h"
+#include "blocks/gblock.h"
+#include "driver/banner.h"
+#include "driver/block_output.h"
+#include "driver/files.h"
+#include "driver/options.h"
+#include "driver/reset.h"
+#include "input/errors.h"
+#include "input/line_buffer.h"
+#include "input/messages.h"
+#include "input/run_flags.h"
+#include "output/durations.h"
+#include "output/event_list.h"
+#include "output/output_file.h"
+#include "preproc/preprocessor.h"
+
+// The program from its command line to its exit status.
+//
+//     options -> files -> banner -> includes -> { global block, instrument block } -> "e"
+//
+// Error numbers travel up to here, are reported once and end the run. A block
+// in MIDI mode ends it as well: a MIDI file holds one block.
+
+namespace vorn {
+
+namespace {
+
+enum class LoopEnd { NONE, END_OF_INPUT, MIDI_BLOCK };
+
+// Releases lists, closes files, removes the temporary file. False, with the
+// message printed, when a file could not be written in full.
+bool clean_up() {
+    FreeListNodes(note_list);
+    free_output_settings();
+    free_macro_list();
+    free_variable_list();
+    const bool written = close_files();
+    MKLOG = 0;
+    return written;
+}
+
+int fail(int error, const Reader& reader) {
+    error_no(error, reader);
+    clean_up();
+    return 1;
+}
+
+int succeed() {
+    if (!clean_up()) return 1;
+    Mprintf("\n");
+    return 0;
+}
+
+void print_banner() {
+    print_info(std_err, in_fname, out_fname, log_fname, exp_fname);
+    if (MKLOG) print_info(fllog, in_fname, out_fname, log_fname, exp_fname);
+}
+
+// Copies the input with its include files into the temporary file and reopens
+// that as the input. Returns 0 or an error number.
+int resolve_includes() {
+    int count = 0;
+    if (parse_includes(fin, ftmp, count) > 0) return error::ALREADY_PRINTED;
+    return reopen_temporary_file();
+}
+
+// Whether the run ends behind the block that was just read.
+int find_loop_end(const Reader& reader, LoopEnd& end) {
+    const bool input_ended = std::feof(reader.stream) != 0;
+    if (input_ended && reader.text[reader.pos] == 0) {
+        if (!ifdef_match()) return error::MISSING_ENDIF;
+        end = LoopEnd::END_OF_INPUT;
+    } else if (MKMIDI) {
+        end = LoopEnd::MIDI_BLOCK;
+    } else if (input_ended) {
+        end = LoopEnd::END_OF_INPUT;
+    }
+    return 0;
+}
+
+// Global and instrument blocks in turn. Returns 0 or an error number.
+int convert_blocks(Reader& reader, LoopEnd& end) {
+    int block_number = 1;
+    while (end == LoopEnd::NONE) {
+        int result = parse_gblock(reader);
+        if (result <= 0) result = do_iblock(reader, block_number);
+        if (result <= 0) result = find_loop_end(reader, end);
+        if (result > 0) return result;
+    }
+    return 0;
+}
+
+int convert_score() {
+    Reader reader;
+    int result = resolve_includes();
+    if (result != 0) return fail(result, reader);
+    reader.stream = fin;
+    LoopEnd end = LoopEnd::NONE;
+    result = convert_blocks(reader, end);
+    if (result != 0) return fail(result, reader);
+    if (end == LoopEnd::END_OF_INPUT) {
+        if (!MKMIDI) output_text(fout, "\ne\n");
+        Mprintf("\n\nGlobal cumulative duration of all i-blocks = %f (secs)\n", CUM_TIME);
+    }
+    return succeed();
+}
+
+}  // namespace
+
+int run_program(int argc, const char* const* argv, RunStreams streams) {
+    reset_program();
+    std_out = streams.out;
+    std_err = streams.err;
+    if (!get_options(argc, argv) || !check_fnames() || !open_files()) return 1;
+    print_banner();
+    return convert_score();
+}
+
+}  // namespace vorn
