@@ -1,0 +1,35 @@
+# Sourced by the scripts: install_missing <Debian package>...
+# Looks for what each package brings rather than for the package, so that a
+# tool installed in another way counts too. Nothing missing: no call of apt-get.
+
+has_package() {
+    case "$1" in
+        ninja-build) command -v ninja ;;
+        clang) command -v clang++ ;;
+        libgtest-dev) compgen -G '/usr/include/gtest/gtest.h' || compgen -G '/usr/local/include/gtest/gtest.h' ;;
+        libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
+        python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
+        python3-mido) /usr/bin/python3 -c 'import mido' ;;
+        *) command -v "$1" ;;
+    esac >/dev/null 2>&1
+}
+
+install_missing() {
+    local missing=() package as_root=()
+    for package in "$@"; do
+        has_package "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    if ! command -v apt-get >/dev/null || ! command -v "${as_root[0]:-apt-get}" >/dev/null; then
+        echo "Missing here: ${missing[*]} (names of Debian packages)." >&2
+        echo "Install them, for example as root with: apt-get install ${missing[*]}" >&2
+        return 1
+    fi
+    echo "Installing ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null && return 0
+    echo "Could not install them. Try as root: apt-get install ${missing[*]}" >&2
+    return 1
+}
