@@ -43,11 +43,11 @@ int store_value(const Reader& reader, Statement& statement, float value) {
 }
 
 // Fills one event and moves `progress` behind it.
-int fill_event(const ValueSource& source, Progress& progress, const Reader& reader, Statement& statement) {
+int fill_event(const ValueMaker& maker, Progress& progress, const Reader& reader, Statement& statement) {
     progress.event = next_event(statement);
     float value = 0;
-    const std::uint32_t sub_range = choose_sub_range(*source.weights);
-    if (const int result = source.make_value(source.data, sub_range, progress, value)) return result;
+    const std::uint32_t sub_range = choose_sub_range(*maker.weights);
+    if (const int result = maker.make_value(maker.data, sub_range, progress, value)) return result;
     if (IN_TYPE == CODE_IN) value = RoundF(value);
     LAST_VAL = value;
     if (const int result = store_value(reader, statement, value)) return result;
@@ -57,15 +57,15 @@ int fill_event(const ValueSource& source, Progress& progress, const Reader& read
 }
 
 // P3 and above: fills the events that the function covers.
-int fill_events(const ValueSource& source, const Reader& reader, Statement& statement) {
-    Progress progress = measure_span(source.time, statement, reader);
+int fill_events(const ValueMaker& maker, const Reader& reader, Statement& statement) {
+    Progress progress = measure_span(maker.time, statement, reader);
     while (progress.index < progress.count) {
         if (out_of_time()) {
             warning_no(warning::DDF_TRUNCATED, reader);
             statement.block_full = true;
             return 0;
         }
-        if (const int result = fill_event(source, progress, reader, statement)) return result;
+        if (const int result = fill_event(maker, progress, reader, statement)) return result;
     }
     return 0;
 }
@@ -77,13 +77,13 @@ int run_function(Reader& reader, Statement& statement) {
     Data data;
     if (const int result = get_data(data, reader)) return result;
     if (const int result = close_weights(data.weights)) return result;
-    const ValueSource source{
+    const ValueMaker maker{
         data.time, &data.weights, &data,
         [](void* records, std::uint32_t sub_range, const Progress& progress, float& value) {
             return make_value(*static_cast<Data*>(records), sub_range, progress, value);
         }};
-    if (P_NO == 2) return create_events(source, reader, statement);
-    return fill_events(source, reader, statement);
+    if (P_NO == 2) return create_events(maker, reader, statement);
+    return fill_events(maker, reader, statement);
 }
 
 struct DdfRow {

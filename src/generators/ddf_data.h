@@ -32,7 +32,7 @@ template <typename Data>
 }
 
 // A function that has been read, as the drivers see it.
-struct ValueSource {
+struct ValueMaker {
     float time;
     const Weights* weights;
     void* data;  // of the function's kind

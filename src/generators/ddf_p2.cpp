@@ -30,12 +30,12 @@ int queue_value(Statement& statement, float value) {
     return StoreInQ(statement.queue, 0, value) ? 0 : error::OUT_OF_MEMORY;
 }
 
-int fill_span(const ValueSource& source, Progress& progress, const Reader& reader, Statement& statement) {
+int fill_span(const ValueMaker& maker, Progress& progress, const Reader& reader, Statement& statement) {
     std::uint32_t standing = 0;
-    while (source.time > progress.elapsed) {
+    while (maker.time > progress.elapsed) {
         const float elapsed = progress.elapsed;
         const float beat = CBEATS;
-        const int result = insert_DDFp2(source, progress, reader, statement);
+        const int result = insert_DDFp2(maker, progress, reader, statement);
         if (result == BLOCK_IS_FULL) return 0;
         if (result != 0) return result;
         const bool stands = progress.elapsed == elapsed && CBEATS == beat;
@@ -47,9 +47,9 @@ int fill_span(const ValueSource& source, Progress& progress, const Reader& reade
 
 // A full block does not end the count, it only says so each time: kept on
 // purpose. Where nobody would hear it, the rest is left out.
-int fill_count(const ValueSource& source, Progress& progress, const Reader& reader, Statement& statement) {
+int fill_count(const ValueMaker& maker, Progress& progress, const Reader& reader, Statement& statement) {
     for (std::uint64_t i = 0; i < progress.count; ++i) {
-        const int result = insert_DDFp2(source, progress, reader, statement);
+        const int result = insert_DDFp2(maker, progress, reader, statement);
         if (result > 0) return result;
         if (result == BLOCK_IS_FULL && SUPRESS) return 0;
     }
@@ -58,15 +58,15 @@ int fill_count(const ValueSource& source, Progress& progress, const Reader& read
 
 }  // namespace
 
-int insert_DDFp2(const ValueSource& source, Progress& progress, const Reader& reader, Statement& statement) {
+int insert_DDFp2(const ValueMaker& maker, Progress& progress, const Reader& reader, Statement& statement) {
     if (out_of_time()) {
         warning_no(warning::DDF_TRUNCATED, reader);
         statement.block_full = true;
         return BLOCK_IS_FULL;
     }
     float beats = 0;
-    const std::uint32_t sub_range = choose_sub_range(*source.weights);
-    if (const int result = source.make_value(source.data, sub_range, progress, beats)) return result;
+    const std::uint32_t sub_range = choose_sub_range(*maker.weights);
+    if (const int result = maker.make_value(maker.data, sub_range, progress, beats)) return result;
     LAST_VAL = beats;
     float seconds = 0;
     if (const int result = store_p2(beats, seconds)) return result;
@@ -77,12 +77,12 @@ int insert_DDFp2(const ValueSource& source, Progress& progress, const Reader& re
     return 0;
 }
 
-int create_events(const ValueSource& source, const Reader& reader, Statement& statement) {
+int create_events(const ValueMaker& maker, const Reader& reader, Statement& statement) {
     Progress progress;
-    progress.time = source.time;
-    progress.count = to_uint64(std::fabs(source.time));
-    if (source.time < 0) return fill_count(source, progress, reader, statement);
-    return fill_span(source, progress, reader, statement);
+    progress.time = maker.time;
+    progress.count = to_uint64(std::fabs(maker.time));
+    if (maker.time < 0) return fill_count(maker, progress, reader, statement);
+    return fill_span(maker, progress, reader, statement);
 }
 
 }  // namespace vorn

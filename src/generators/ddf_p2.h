@@ -13,10 +13,10 @@ constexpr std::uint32_t MAX_STANDING_EVENTS = 100'000;
 
 // Creates one event of P2 and moves `progress` behind it. 0, an error number,
 // or BLOCK_IS_FULL, with warning 11 and nothing drawn.
-[[nodiscard]] int insert_DDFp2(const ValueSource& source, Progress& progress, const Reader& reader,
+[[nodiscard]] int insert_DDFp2(const ValueMaker& maker, Progress& progress, const Reader& reader,
                                Statement& statement);
 
 // Creates all the events of a function in P2. Errors 32, 72.
-[[nodiscard]] int create_events(const ValueSource& source, const Reader& reader, Statement& statement);
+[[nodiscard]] int create_events(const ValueMaker& maker, const Reader& reader, Statement& statement);
 
 }  // namespace vorn

@@ -21,10 +21,11 @@ namespace vorn {
 
 namespace {
 
-// Moves to the next visible character; the end of input is error 5.
+// Moves to the next visible character. At the end of the input there is none,
+// and the reader that comes next says what it misses.
 int find_visible(Reader& reader) {
     const int result = skip_lines(reader);
-    return result < 0 ? error::MISSING_BLOCK_END : result;
+    return result < 0 ? 0 : result;
 }
 
 // The given part of the block. The number of events is the present one, which
