@@ -171,7 +171,7 @@ std::string without_chance(const std::string& text) {
     static const std::regex build(
         "(\nVorn \\([0-9.]+), [A-Z][a-z]{2} [ 0-9][0-9] [0-9]{4}, "
         "[0-9]{2}:[0-9]{2}:[0-9]{2}\\)");
-    static const std::regex temporary("/tmp/vorn-?[A-Za-z0-9]{6}\\b");
+    static const std::regex temporary("/tmp/vorn[A-Za-z0-9]{6}\\b");
     return std::regex_replace(std::regex_replace(text, build, "$1, DATE, TIME)"), temporary,
                               "/tmp/vornXXXXXX");
 }
