@@ -1,7 +1,7 @@
 // The time of one printed number, beside the library's for the same values:
 // the whole and the broken values of a score, in the default column.
 
-#include "output/real_text.h"
+#include "input/real_text.h"
 
 #include <benchmark/benchmark.h>
 

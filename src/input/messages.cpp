@@ -1,9 +1,12 @@
 #include "input/messages.h"
 
+#include <cmath>
 #include <cstring>
+#include <limits>
 
 #include "input/errors.h"
 #include "input/message_table.h"
+#include "input/real_text.h"
 #include "input/run_flags.h"
 
 // Messages are composed in one buffer and written once per destination. Inside
@@ -35,8 +38,21 @@ void append(const char* bytes, std::size_t size) {
     }
 }
 
+// Whether the value survives the way through a float.
+bool is_float(double value) {
+    return std::fabs(value) <= std::numeric_limits<float>::max() &&
+           static_cast<double>(static_cast<float>(value)) == value;
+}
+
+// As "%7.2f". Nearly every real in a message is a float, and a trace holds
+// several on each of its lines, so those are formatted without the library.
 void append_real(double value) {
     char digits[400];  // the largest double has 309 digits before the point
+    if (is_float(value)) {
+        const char* end = format_real(digits, static_cast<float>(value), 7, 2);
+        append(digits, static_cast<std::size_t>(end - digits));
+        return;
+    }
     const int size = std::snprintf(digits, sizeof digits, "%7.2f", value);
     append(digits, static_cast<std::size_t>(size));
 }

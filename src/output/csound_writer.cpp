@@ -16,8 +16,8 @@
 #include "blocks/command_codes.h"
 #include "generators/arithmetic.h"
 #include "input/messages.h"
+#include "input/real_text.h"
 #include "output/pitch_conversion.h"
-#include "output/real_text.h"
 
 namespace vorn {
 

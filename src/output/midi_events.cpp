@@ -22,7 +22,7 @@
 
 #include "generators/arithmetic.h"
 #include "input/messages.h"
-#include "output/real_text.h"
+#include "input/real_text.h"
 
 namespace vorn {
 

@@ -11,7 +11,7 @@
 // digits; longer ones are put together from two words, and the library writes
 // huge values, infinities and not-a-number.
 
-#include "output/real_text.h"
+#include "input/real_text.h"
 
 #include <bit>
 #include <cmath>

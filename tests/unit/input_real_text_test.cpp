@@ -1,4 +1,4 @@
-#include "output/real_text.h"
+#include "input/real_text.h"
 
 #include <gtest/gtest.h>
 
