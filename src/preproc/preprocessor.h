@@ -13,13 +13,14 @@ namespace vorn {
 // Marks the places of a line that belong to macro definition text, where
 // constants are not expanded. One per line fetched, never shared.
 struct DefinitionMarks {
-    bool any = false;                // whether any mark is set
+    bool any = false;    // whether any mark is set
+    bool plain = false;  // the line holds nothing that either scan looks for
     bool marked[LINE_SIZE] = {};
 };
 
 // --- called by the line buffer for each fresh line ---
 
-bool in_if0();  // a false conditional block is being skipped
+bool in_if0();                                      // a false conditional block is being skipped
 bool is_if(const char* text, std::int32_t pos);     // "if(" at pos
 bool is_endif(const char* text, std::int32_t pos);  // "endif" at pos
 [[nodiscard]] int do_if_interface(Reader& reader);  // pos on "if("

@@ -1,0 +1,110 @@
+#include "preproc/constant_call.h"
+
+#include "input/errors.h"
+#include "input/messages.h"
+#include "input/run_flags.h"
+#include "output/durations.h"
+#include "output/tempo_map.h"
+#include "preproc/equation.h"
+#include "preproc/real_to_text.h"
+#include "preproc/splice.h"
+
+// A reference gives way to its value's text, which has three decimals and is all
+// that later readers see of the value:
+//
+//     #const THIRD 0.33333    ~THIRD -> 0.333    ~[THIRD * 3] -> 1.000
+//
+// In an equation a constant is taken as it was defined, but a constant defined by
+// an equation has passed through such a text: the loss is kept on purpose.
+
+namespace vorn {
+
+namespace {
+
+struct TimeVariable {
+    double value;
+    const char* label;
+};
+
+// digit, behind "@". False for other characters, at which pos stays.
+bool get_time_variable(TimeVariable& variable, const char* text, std::int32_t pos) {
+    switch (text[pos]) {
+        case '1':
+            variable = {LAST_IB_DUR, "@1 (Last IB Time)"};
+            return true;
+        case '2':
+            variable = {CUM_TIME, "@2 (Cumulative Time)"};
+            return true;
+        case '3':
+            variable = {LAST_IB_DUR * double{TEMPO} / 60, "@3 (Last IB Time [BEATS])"};
+            return true;
+        case '4':
+            variable = {CUM_TIME * double{TEMPO} / 60, "@4 (Cumulative Time [BEATS])"};
+            return true;
+        default:
+            return false;
+    }
+}
+
+int expand_time_variable(char* text, std::int32_t& pos, std::uint64_t line) {
+    const std::int32_t start = pos - 1;
+    ++pos;
+    TimeVariable variable;
+    if (!get_time_variable(variable, text, pos)) return error::BAD_TIME_VARIABLE;
+    pos = start;
+    return vexpand_in_buff(variable.label, text, pos, line, variable.value);
+}
+
+int expand_equation(char* text, std::int32_t& pos, std::uint64_t line) {
+    const std::int32_t start = pos - 1;
+    double value = 0;
+    if (const int result = parse_vequation(value, text, pos, line)) return result;
+    pos = start;
+    return vexpand_in_buff("equation", text, pos, line, value);
+}
+
+int expand_name(char* text, std::int32_t& pos, std::uint64_t line) {
+    const std::int32_t start = pos - 1;
+    const Constant* constant = nullptr;
+    const int result = find_vname(constant, text, pos, line);
+    if (result != FOUND) return result;
+    pos = start;
+    return vexpand_in_buff(constant->name, text, pos, line, constant->value);
+}
+
+}  // namespace
+
+int expand_variables(char* text, std::int32_t& pos, std::uint64_t line) {
+    if (text[pos] == '@') return expand_time_variable(text, pos, line);
+    if (text[pos] == '[') return expand_equation(text, pos, line);
+    return expand_name(text, pos, line);
+}
+
+int find_vname(const Constant*& constant, const char* text, std::int32_t& pos, std::uint64_t line) {
+    const Name name = read_name(text, pos);
+    constant = find_var(name);
+    return constant != nullptr ? FOUND : report_unknown("constant", name, line);
+}
+
+int vexpand_in_buff(const char* label, char* text, std::int32_t pos, std::uint64_t line, double value) {
+    if (!SUPRESS) Mprintf("\n\tExpanding const \"%s\" (%f) into line %d...", label, value, line);
+    char digits[REAL_TEXT_SIZE];
+    FtoA(digits, value);
+    std::int32_t end = pos;
+    skip_vname_or_eq(text, end);
+    return splice(text, pos, end, digits) ? 0 : error::EXPANSION_TOO_LONG;
+}
+
+void skip_vname_or_eq(const char* text, std::int32_t& pos) {
+    if (text[pos] == '~') ++pos;
+    if (text[pos] == '@') {
+        ++pos;  // the digit stays behind the value, "~@1" -> "10.0001": kept on purpose
+    } else if (text[pos] == '[') {
+        while (text[pos] != 0 && text[pos] != ']') ++pos;
+        if (text[pos] == ']') ++pos;
+    } else {
+        read_name(text, pos);
+    }
+}
+
+}  // namespace vorn

@@ -1,0 +1,192 @@
+#include "preproc/includes.h"
+
+#include <cstdio>
+
+#include "input/characters.h"
+#include "input/errors.h"
+#include "input/messages.h"
+#include "preproc/preprocessor.h"
+
+// Copies a file with every include directive replaced by the file it names:
+//
+//     #include |strings.def| ; shared      ->      <text of strings.def> ; shared
+//
+// The copy is byte for byte outside directives. Only a "#" outside comments can
+// begin a directive, so the copy keeps track of comments; the characters behind
+// such a "#" that turn out to be no directive are copied without being tracked:
+// kept on purpose, as is that a "#in" which goes on otherwise vanishes.
+
+namespace vorn {
+
+namespace {
+
+// What the comment tracking of one file remembers.
+class CommentTracker {
+public:
+    bool in_comment() const { return depth_ != 0 || line_; }
+    void remember(int c) { previous_ = c; }
+    void end_line_comment() { line_ = false; }
+
+    void end_all() {
+        depth_ = 0;
+        line_ = false;
+    }
+
+    // Takes in one copied character.
+    void track(int c) {
+        if (c == '*' && previous_ == '/') {
+            ++depth_;  // also behind ";": kept on purpose
+        } else {
+            track_rest(c);
+        }
+        previous_ = c;
+    }
+
+private:
+    // A ";" or ">" right behind "/" ends a line comment, and "/" right behind
+    // "*" closes also where that "*" has just opened: both kept on purpose.
+    void track_rest(int c) {
+        if (c == ';' || c == '>') line_ = previous_ != '/';
+        if (c == '/' && previous_ == '*' && depth_ > 0) --depth_;
+        if (c == '\n') line_ = false;
+    }
+
+    int previous_ = ' ';      // last character seen
+    unsigned int depth_ = 0;  // open "/*" comments
+    bool line_ = false;       // the rest of the line is commentary
+};
+
+class IncludeCopy {
+public:
+    IncludeCopy(std::FILE* in, std::FILE* out, int& count) : in_(in), out_(out), count_(count) {}
+    int run();
+
+private:
+    int read() { return getc_unlocked(in_); }
+    void write(int c) { putc_unlocked(c, out_); }
+    void copy(int c);
+    int do_directive();
+    bool read_keyword_rest();
+    int read_file_name();
+    int include_file();
+
+    std::FILE* in_;
+    std::FILE* out_;
+    int& count_;
+    CommentTracker comment_;
+    char name_[MAX_INCLUDE_NAME + 1] = {};
+};
+
+void IncludeCopy::copy(int c) {
+    write(c);
+    comment_.track(c);
+}
+
+int IncludeCopy::run() {
+    for (int c = read(); c != EOF; c = read()) {
+        if (c == '#' && !comment_.in_comment()) {
+            if (const int result = do_directive()) return result;
+        } else {
+            copy(c);
+        }
+    }
+    return 0;
+}
+
+// "include" white space "|" name "|", behind the "#". At the end of the input
+// the missing character is written too, as the byte 255.
+int IncludeCopy::do_directive() {
+    const int second = read();
+    if (second != 'i') {
+        write('#');
+        write(second);
+        comment_.remember(second);
+        return 0;
+    }
+    const int third = read();
+    if (third != 'n') {
+        write('#');
+        write('i');
+        write(third);
+        comment_.remember('i');
+        return 0;
+    }
+    if (!read_keyword_rest()) {
+        comment_.end_line_comment();
+        comment_.remember('i');
+        return 0;
+    }
+    if (const int result = read_file_name()) return result;
+    return include_file();
+}
+
+// "clude"; what is read is gone, also when it goes on otherwise.
+bool IncludeCopy::read_keyword_rest() {
+    for (const char* expected = "clude"; *expected != 0; ++expected) {
+        if (read() != *expected) return false;
+    }
+    return true;
+}
+
+// white space "|" name "|". The input's end closes a name too. A line feed in a
+// name counts towards its length but is not part of it: kept on purpose.
+int IncludeCopy::read_file_name() {
+    int c = read();
+    while (c != EOF && is_space(static_cast<char>(c))) c = read();
+    if (c != '|') {
+        Mprintf("\n\nInclude filename must be preceeded by a |.\n");
+        return 1;
+    }
+    int length = 0;
+    int count = 0;
+    for (c = read(); c != '|' && c != EOF; c = read()) {
+        if (++count > MAX_INCLUDE_NAME) {
+            Mprintf("\nERROR: Include filename has exceeded maximum");
+            Mprintf("\nlength of %d characters.\n\n", MAX_INCLUDE_NAME);
+            return error::ALREADY_PRINTED;
+        }
+        if (c != '\n') name_[length++] = static_cast<char>(c);
+    }
+    name_[length] = 0;
+    return 0;
+}
+
+// Opens a file whose bytes can be read; null for a directory, too.
+std::FILE* open_readable(const char* name) {
+    std::FILE* stream = std::fopen(name, "r");
+    if (stream == nullptr) return nullptr;
+    const int first = std::getc(stream);
+    if (std::ferror(stream)) {
+        std::fclose(stream);
+        return nullptr;
+    }
+    if (first != EOF) std::ungetc(first, stream);
+    return stream;
+}
+
+int IncludeCopy::include_file() {
+    std::FILE* included = open_readable(name_);
+    if (included == nullptr) {
+        Mprintf("\nBad include file name: \"%s\"\n\n", name_);
+        return error::ALREADY_PRINTED;
+    }
+    Mprintf("\n\tOpening include file \"%s\"...", name_);
+    const int result = parse_includes(included, out_, count_);
+    std::fclose(included);
+    comment_.end_all();
+    comment_.remember('|');
+    return result;
+}
+
+}  // namespace
+
+// The count is a budget for the whole run, never lowered: kept on purpose.
+int parse_includes(std::FILE* in, std::FILE* out, int& count) {
+    if (++count > MAX_INCLUDE_FILES) {
+        Mprintf("\n\nToo many embedded include files! (Max = %d)\n", MAX_INCLUDE_FILES);
+        return 1;
+    }
+    return IncludeCopy(in, out, count).run();
+}
+
+}  // namespace vorn
