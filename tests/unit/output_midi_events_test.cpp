@@ -263,12 +263,12 @@ protected:
 
 TEST_F(AgainstTheLiteralWalk, RandomListsWhoseStartsNeverDecrease) {
     std::mt19937 random(1);
-    for (int i = 0; i < 5000; ++i) ASSERT_NO_FATAL_FAILURE(compare(random_notes(random, true))) << i;
+    for (int i = 0; i < 1500; ++i) ASSERT_NO_FATAL_FAILURE(compare(random_notes(random, true))) << i;
 }
 
 TEST_F(AgainstTheLiteralWalk, RandomListsWhoseStartsStepBack) {
     std::mt19937 random(2);
-    for (int i = 0; i < 5000; ++i) ASSERT_NO_FATAL_FAILURE(compare(random_notes(random, false))) << i;
+    for (int i = 0; i < 1500; ++i) ASSERT_NO_FATAL_FAILURE(compare(random_notes(random, false))) << i;
 }
 
 TEST_F(AgainstTheLiteralWalk, ThousandNotesOfRandomLengthOverAllBytesOfAnEnd) {
