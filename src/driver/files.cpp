@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "driver/options.h"
@@ -66,6 +67,22 @@ bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {
     return stream != nullptr || report_unopened(name);
 }
 
+bool is_same_file(std::FILE* a, std::FILE* b) {
+    struct stat first = {};
+    struct stat second = {};
+    return a != nullptr && b != nullptr && fstat(fileno(a), &first) == 0 && fstat(fileno(b), &second) == 0 &&
+           S_ISREG(first.st_mode) && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+// Two outputs in one file would overwrite each other. Only now that all exist
+// can that be told of files that the run has made.
+bool check_separate_files() {
+    const bool clash =
+        is_same_file(fout.stream, fecho) || is_same_file(fout.stream, fllog) || is_same_file(fecho, fllog);
+    if (clash) report_name_clash();
+    return !clash;
+}
+
 bool open_temporary_file() {
     static_assert(sizeof(P_tmpdir "/vornXXXXXX") <= TMP_NAME_SIZE);
     std::strcpy(tmp_fname, TMP_PATTERN);
@@ -105,12 +122,16 @@ void close_input() {
 bool open_files() {
     const bool opened = open_input() && check_same_files() && open_output_file() &&
                         open_extra_file(fecho, MKEXP, exp_fname) && open_temporary_file() &&
-                        open_extra_file(fllog, MKLOG, log_fname);
+                        open_extra_file(fllog, MKLOG, log_fname) && check_separate_files();
     if (!opened) close_files();
     return opened;
 }
 
 int reopen_temporary_file() {
+    if (std::ferror(fin)) {  // its text is cut, and nothing tells where
+        report_unopened(in_fname);
+        return error::ALREADY_PRINTED;
+    }
     close_input();
     if (!close_written(ftmp, tmp_fname)) return error::ALREADY_PRINTED;
     fin = std::fopen(tmp_fname, "r");

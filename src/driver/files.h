@@ -17,7 +17,8 @@ extern char tmp_fname[TMP_NAME_SIZE];  // name of the temporary file; empty whil
 [[nodiscard]] bool open_files();
 
 // Closes input and temporary file and reopens the latter as fin. Returns 0, error
-// 9, or 999 when the temporary file could not be written (reported here).
+// 9, or 999 when the input could not be read to its end or the temporary file
+// could not be written (reported here).
 [[nodiscard]] int reopen_temporary_file();
 
 // Closes every file and removes the temporary one. False, with a message for

@@ -23,7 +23,7 @@ extern "C" void end_by_signal(int number) {
 }  // namespace
 
 void remove_temporary_file_on_interrupt() {
-    for (const int number : {SIGHUP, SIGINT, SIGPIPE, SIGTERM, SIGXCPU}) {
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGALRM, SIGTERM, SIGXCPU}) {
         struct sigaction action = {};
         sigaction(number, nullptr, &action);
         if (action.sa_handler == SIG_IGN) continue;

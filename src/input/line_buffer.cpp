@@ -1,6 +1,7 @@
 #include "input/line_buffer.h"
 
 #include "input/characters.h"
+#include "input/errors.h"
 #include "input/run_flags.h"
 #include "preproc/preprocessor.h"
 
@@ -62,7 +63,8 @@ void echo_line(const Reader& reader) {
 }  // namespace
 
 int get_buff(Reader& reader) {
-    if (!read_line(reader)) return END_OF_INPUT;
+    // A failing disk is no end of the score: taken for one, it would be met again and again.
+    if (!read_line(reader)) return std::ferror(reader.stream) ? error::PREMATURE_END : END_OF_INPUT;
     if (in_if0()) return 0;
     if (at_conditional(reader)) {
         const int result = is_if(reader.text, reader.pos) ? do_if_interface(reader) : do_endif(reader);
