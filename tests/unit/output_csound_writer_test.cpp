@@ -225,7 +225,7 @@ TEST_F(PrintCsound, EmptyListWritesNothing) {
 }
 
 TEST_F(PrintCsound, WritesTheLargestLine) {
-    // 126 columns of 47 characters: 39 digits, point, 7 decimals; and a blank each.
+    // 125 columns of 47 characters: 39 digits, point, 7 decimals; and a blank each.
     make_columns(128);
     std::fill(decimals.begin(), decimals.end(), 7U);
     for (int i = 0; i < 60; ++i) {
