@@ -48,6 +48,7 @@ int store_pfield(Statement& statement, float value, ValueSource source, bool res
 
 int store_value(const Reader& reader, Statement& statement, float value, ValueSource source,
                 bool rest_negates) {
+    if (EVENT_NO >= static_cast<std::int64_t>(MAX_EVENTS)) return error::OUT_OF_MEMORY;
     std::uint64_t extra = 0;
     int result = 0;
     if (P_NO == 2) {

@@ -15,7 +15,8 @@ enum class ValueSource {
 // Stores one value into the current p-field and counts it: EVENT_NO grows by
 // one and by the further events of a repeated chord, EVENTS by those. With
 // rest_negates a negative note name turns the event that receives it into a
-// rest, or a rest back into a note. Errors 32 and 54.
+// rest, or a rest back into a note. Errors 54, and 32 also for more values than
+// a block may have events.
 [[nodiscard]] int store_value(const Reader& reader, Statement& statement, float value, ValueSource source,
                               bool rest_negates);
 
