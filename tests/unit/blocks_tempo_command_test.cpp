@@ -190,6 +190,12 @@ TEST_F(GetTempoChange, WarnsOfLateStartsAndEnds) {
               line_warning("This tempo change is quite long. Is that okay?", "(0 600.5 60 60)", 14));
 }
 
+TEST_F(GetTempoChange, StartAtTheLimitIsNotLate) {
+    EXPECT_EQ(read("(600 600.5 60 60)"), 0);
+    EXPECT_EQ(warnings(),
+              line_warning("This tempo change is quite long. Is that okay?", "(600 600.5 60 60)", 16));
+}
+
 TEST_F(GetTempoChange, WarnsOfUnusualTempiAtBothEnds) {
     EXPECT_EQ(read("(0 1 301 29)"), 0);
     EXPECT_EQ(warnings(), line_warning("Tempo1 is quite fast. Is that okay?", "(0 1 301 29)", 11) +

@@ -78,6 +78,12 @@ TEST(RunningSums, AreMadeInSinglePrecision) {
     EXPECT_EQ(sums[3], 0.1f + 0.2f + 0.3f + 0.4f);
 }
 
+TEST(ChooseBySums, TiesGoToTheLowerIndex) {
+    const float sums[] = {0.25f, 0.5f, 1.0f};
+    set_next_draws({DRAW_ZERO, DRAW_QUARTER, DRAW_QUARTER + 64, DRAW_HALF, DRAW_ONE});
+    for (const std::uint32_t expected : {0u, 0u, 1u, 1u, 2u}) EXPECT_EQ(choose_by_sums(sums, 3), expected);
+}
+
 TEST(ChooseBySums, AgreesWithTheChoiceByWeights) {
     const std::vector<std::vector<float>> SETS = {
         QUARTERS, {0.1f, 0.2f, 0.3f, 0.4f}, {1.0f}, {0.3f}, {0.3f, 0.3f}, {0.0f, 1.0f}, {1.5f, -0.5f}};

@@ -26,6 +26,12 @@ TEST(AddRdev, BandIsAsWideAsDeviationTimesValueAndCentred) {
     EXPECT_EQ(add_rdev(8.0f, 0.5f), 7.0f);
 }
 
+TEST(AddRdev, SumIsRoundedOnce) {
+    // 33.3 + 16.65 / 8 - 16.65 / 2 is 27.05624938 (u = 1/8); summed in single precision 27.0562477.
+    set_next_draws({test::DRAW_EIGHTH});
+    EXPECT_EQ(add_rdev(33.3f, 0.5f), 27.0562496f);
+}
+
 TEST(AddRdev, NegativeValueDeviatesByTheSameProportion) {
     set_next_draws({test::DRAW_ZERO, test::DRAW_ONE});
     EXPECT_EQ(add_rdev(-8.0f, 0.5f), -6.0f);

@@ -127,6 +127,12 @@ TEST(ExponeLeft, DrawsUpToAThousandthMapToOne) {
     EXPECT_EQ(expone_left(), 0.0f);  // u = 1
 }
 
+TEST(ExponeLeft, ConstantHasSinglePrecision) {
+    // u = 50/64: ln u / -6.907800197601 is 0.035736424168, with 6.9078 itself 0.0357364252.
+    set_next_draws({50 << 25});
+    EXPECT_EQ(expone_left(), 0.035736423f);
+}
+
 TEST(Gauss, TwelveDrawsAreSummed) {
     set_next_draws({DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF,
                     DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_HALF, DRAW_ONE});
@@ -182,6 +188,12 @@ TEST(Beta, ZeroIsDrawnAgainForEachOfTheTwo) {
 TEST(Beta, PairsAboveOneAreRejected) {
     set_next_draws({DRAW_ONE, DRAW_ONE, DRAW_ONE, DRAW_HALF, DRAW_HALF, DRAW_HALF});
     EXPECT_EQ(beta(), 0.5f);
+    EXPECT_EQ(draws_left(), 0);
+}
+
+TEST(Beta, PairsOfExactlyOneAreAccepted) {
+    set_next_draws({DRAW_ONE, 1});  // 2^-155 vanishes beside 1
+    EXPECT_EQ(beta(), 1.0f);
     EXPECT_EQ(draws_left(), 0);
 }
 
