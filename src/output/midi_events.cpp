@@ -44,26 +44,24 @@ struct Track {
 
 float end_of(const ListNode& note) { return note.start + note.dur; }
 
-char* put_text(char* to, const char* text) {
-    const std::size_t size = std::strlen(text);
-    std::memcpy(to, text, size);
-    return to + size;
+template <std::size_t Size>
+char* put_text(char* to, const char (&text)[Size]) {
+    std::memcpy(to, text, Size - 1);
+    return to + Size - 1;
 }
 
-// A real as messages show it, and what follows it.
-char* put_real(char* to, float value, const char* behind) {
-    return put_text(format_real(to, value, 7, 2), behind);
-}
+// A real as messages show it.
+char* put_real(char* to, float value) { return format_real(to, value, 7, 2); }
 
 // "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
 void print_event(const ListNode& event) {
     char line[4 * REAL_TEXT_SIZE + 32];
-    char* to = put_text(line, "\n");
-    to = put_real(to, event.start, "\t");
-    to = put_real(to, event.dur, event.code == NOTE_ON_CODE ? "\tON\tN: " : "\tOFF\tN: ");
-    to = put_real(to, event.pf[1], "\tV: ");
-    to = put_real(to, event.pf[0], "\t");
-    *to = 0;
+    char* to = put_real(put_text(line, "\n"), event.start);
+    to = put_real(put_text(to, "\t"), event.dur);
+    to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
+    to = put_real(to, event.pf[1]);
+    to = put_real(put_text(to, "\tV: "), event.pf[0]);
+    put_text(to, "\t\0");
     Mprintf("%s", line);  // not silenced by SUPRESS: kept on purpose
 }
 
@@ -136,12 +134,6 @@ bool in_playing_order(const ListNode* list) {
     return true;
 }
 
-std::size_t count_events(const ListNode* list) {
-    std::size_t count = 1;
-    for (const ListNode* event = list->next; event != list; event = event->next) ++count;
-    return count;
-}
-
 // Lists the ends in the order of the notes. Returns whether they are in order already.
 bool list_ends(const ListNode* list, NoteEnd* ends) {
     bool sorted = true;
@@ -192,8 +184,7 @@ bool merge_events(Track& track, const NoteEnd* ends, std::size_t count) {
     return true;
 }
 
-bool merge_sorted_events(Track& track) {
-    const std::size_t count = count_events(track.list);
+bool merge_sorted_events(Track& track, std::size_t count) {
     std::unique_ptr<NoteEnd[]> ends(new (std::nothrow) NoteEnd[count]);
     if (ends == nullptr) return false;
     if (!list_ends(track.list, ends.get())) {
@@ -204,12 +195,16 @@ bool merge_sorted_events(Track& track) {
     return merge_events(track, ends.get(), count);
 }
 
-void mark_as_notes(ListNode* list) {
+// Returns how many there are.
+std::size_t mark_as_notes(ListNode* list) {
+    std::size_t count = 0;
     ListNode* event = list;
     do {
         event = event->next;
         event->code = NOTE_ON_CODE;
+        ++count;
     } while (event != list);
+    return count;
 }
 
 }  // namespace
@@ -234,10 +229,10 @@ MidiResult List2MIDI(ListNode*& list, int pfields, int instrument, std::uint64_t
         Mprintf("\n\nOops i-block %d is all rests! ", instrument);
         return MidiResult::NO_NOTES;
     }
-    mark_as_notes(list);
+    const std::size_t count = mark_as_notes(list);
     const MessageBatch batch;
     Track track{list, pfields};
-    const bool done = in_playing_order(list) ? merge_sorted_events(track) : walk_events(track);
+    const bool done = in_playing_order(list) ? merge_sorted_events(track, count) : walk_events(track);
     track_size = track.size;
     return done ? MidiResult::NOTES : MidiResult::OUT_OF_MEMORY;
 }

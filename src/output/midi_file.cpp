@@ -30,29 +30,37 @@ constexpr unsigned char END_OF_TRACK[] = {0xFF, 0x2F, 0x00};  // behind its delt
 constexpr unsigned char TIME_AND_TEMPO[] = {0x00, 0xFF, 0x58, 0x04, 0x04, 0x02, 0x18, 0x08,
                                             0x00, 0xFF, 0x51, 0x03, 0x0F, 0x42, 0x40};
 
-constexpr unsigned char low_byte(int value) { return static_cast<unsigned char>(value & 0xFF); }
-
 // The low bytes of value, highest first.
 void put_number(OutputFile& out, std::uint64_t value, int bytes) {
-    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) {
         output_char(out, static_cast<char>(value >> shift));
+    }
 }
 
+// Seven bits a byte, the highest first, bit 7 set on all but the last.
+char* put_var_len(char* to, std::uint64_t value) {
+    for (int shift = 7 * (VLSize(value) - 1); shift > 0; shift -= 7) {
+        *to++ = static_cast<char>((value >> shift) | 0x80);
+    }
+    *to++ = static_cast<char>(value & 0x7F);
+    return to;
+}
+
+// All of an event in one piece, since a track may hold millions.
 void put_event(OutputFile& out, std::uint64_t delta, int status, int note, int velocity) {
-    WriteVarLen(out, delta);
-    const unsigned char bytes[] = {low_byte(status), low_byte(note), low_byte(velocity)};
-    output_bytes(out, bytes, sizeof bytes);
+    char* const start = output_space(out, VAR_LEN_BYTES + 3);
+    char* to = put_var_len(start, delta);
+    *to++ = static_cast<char>(status);
+    *to++ = static_cast<char>(note);
+    *to++ = static_cast<char>(velocity);
+    output_advance(out, static_cast<std::size_t>(to - start));
 }
 
 }  // namespace
 
 void WriteVarLen(OutputFile& out, std::uint64_t value) {
-    unsigned char bytes[VAR_LEN_BYTES];
-    const int size = VLSize(value);
-    for (int i = size - 1; i >= 0; --i, value >>= 7) {
-        bytes[i] = static_cast<unsigned char>((value & 0x7F) | (i < size - 1 ? 0x80U : 0U));
-    }
-    output_bytes(out, bytes, static_cast<std::size_t>(size));
+    char* const start = output_space(out, VAR_LEN_BYTES);
+    output_advance(out, static_cast<std::size_t>(put_var_len(start, value) - start));
 }
 
 void PutTrkHeader(OutputFile& out, std::uint64_t length) {
