@@ -22,7 +22,8 @@ template <typename Integer>
 Integer saturate(double x) {
     constexpr double LOWEST = static_cast<double>(std::numeric_limits<Integer>::min());
     // The highest value plus one is a power of two, which a double holds exactly.
-    constexpr double BEYOND = (static_cast<double>(std::numeric_limits<Integer>::max() / 2 + 1)) * 2;
+    constexpr Integer HALFWAY = std::numeric_limits<Integer>::max() / 2 + 1;
+    constexpr double BEYOND = static_cast<double>(HALFWAY) * 2;
     if (std::isnan(x)) return 0;
     if (x <= LOWEST) return std::numeric_limits<Integer>::min();
     if (x >= BEYOND) return std::numeric_limits<Integer>::max();
