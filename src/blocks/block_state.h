@@ -8,13 +8,14 @@
 // it are included first, so that it means our variable in all that follows.
 #undef ETIME
 
+#include "output/event_list.h"
+
 // The state of the instrument block that is being read, and the settings in
 // force. The header and the p-field statements write it; the value readers, the
 // generators and the driver read it.
 
 namespace vorn {
 
-constexpr int MAX_PFIELD_COUNT = 128;
 constexpr int MIN_PFIELD_COUNT = 3;
 constexpr std::uint32_t RE_FW_DEFAULT = 3;  // decimals of "re" output
 constexpr std::int32_t FFT_SZ_DEFAULT = 4;  // size index of "bn" output

@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include "blocks/block_state.h"
 #include "blocks/command_codes.h"
 #include "generators/arithmetic.h"
 #include "input/messages.h"

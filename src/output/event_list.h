@@ -26,6 +26,7 @@ struct ListNode {
     ListNode* next;
 };
 
+constexpr int MAX_PFIELD_COUNT = 128;             // p-fields of one event, P1 included
 constexpr std::uint64_t MAX_EVENTS = 50'000'000;  // events of one block; more is error 32
 
 extern ListNode* note_list;  // tail of the current block's events; null when there are none
