@@ -19,6 +19,7 @@ struct ScoreFormat {
 
 // Removes the rests and writes one i-statement per event. Returns 0 when the
 // list is empty or holds nothing but rests (reported here), else 1.
-[[nodiscard]] int print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format, EventCounts counts);
+[[nodiscard]] int print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format,
+                               EventCounts counts);
 
 }  // namespace vorn

@@ -10,9 +10,9 @@ namespace vorn {
 
 struct OutputFile {
     std::FILE* stream = nullptr;
-    char* data = nullptr;   // OUTPUT_BUFFER_SIZE bytes, allocated by open_output
+    char* data = nullptr;  // OUTPUT_BUFFER_SIZE bytes, allocated by open_output
     std::size_t used = 0;
-    bool failed = false;    // a write has failed; what follows is dropped
+    bool failed = false;  // a write has failed; what follows is dropped
 };
 
 constexpr std::size_t OUTPUT_BUFFER_SIZE = std::size_t{1} << 20;
