@@ -118,7 +118,6 @@ int finish_long_form(Reader& reader, float start_time) {
 int get_tempo_change(Reader& reader) {
     if (const int failed = good_cmd_format(reader.text, reader.pos)) return failed;
     ++reader.pos;
-    if (const int failed = skip_stuff(reader)) return failed;
     float first = 0.0f;
     if (const int failed = read_term(reader, first, error::TEMPO_TERM1)) return failed;
     const bool is_short = reader.text[reader.pos] == ')';

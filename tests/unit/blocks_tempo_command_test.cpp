@@ -169,13 +169,13 @@ TEST_F(GetTempoChange, SeparatorsAndCommentsBetweenTerms) {
 }
 
 TEST_F(GetTempoChange, TermsOnSeveralLines) {
-    EXPECT_EQ(read("(\n4 ; start\n8\n\n60 /* a\nb */ 120\nl\n) x"), 0);
+    EXPECT_EQ(read("( 4 ; start\n8\n\n60 /* a\nb */ 120\nl\n) x"), 0);
     EXPECT_EQ(rest(), " x");
     expect_entry(1, {4, 60, 8, 120, 2, 1});
 }
 
 TEST_F(GetTempoChange, ShortFormOnSeveralLines) {
-    EXPECT_EQ(read("(\n90 ; andante\n) x"), 0);
+    EXPECT_EQ(read("( 90 ; andante\n) x"), 0);
     EXPECT_EQ(rest(), " x");
     EXPECT_EQ(find_tempo(0), 90.0f);
 }
@@ -250,6 +250,9 @@ TEST_F(GetTempoChange, ErrorsAndTheirPlaces) {
         {" x(120)", 96, "x(120)"},
         {"()", 150, ")"},
         {"(x)", 150, "x)"},
+        {"(,120)", 150, ",120)"},  // what separates terms stands between them only
+        {"(/* a */120)", 150, "/* a */120)"},
+        {"(\n120)", 150, ""},
         {"(120 x)", 151, "x)"},
         {"(0 8)", 152, ")"},
         {"(0 8 x", 152, "x"},
