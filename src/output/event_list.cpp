@@ -37,6 +37,13 @@ std::size_t value_count(int pfields) { return static_cast<std::size_t>(pfields -
 
 std::size_t value_index(int pfield) { return static_cast<std::size_t>(pfield - 4); }
 
+// Asks for the memory some events ahead: in a large block a walk over the list
+// waits for memory and for little else. A wrong guess does no harm.
+inline void read_ahead(const ListNode* node) {
+    constexpr std::size_t DISTANCE = 1024;  // bytes; about 16 events of 8 p-fields
+    __builtin_prefetch(reinterpret_cast<const char*>(node) + DISTANCE, 1);
+}
+
 // StorePfield with a pending mark: a further member of the chord at the cursor.
 bool store_fused(ListNode*& cursor, ListNode*& list, int pfield, int pfields, float value) {
     ListNode* node = CopyEvent(cursor, pfields);
@@ -140,6 +147,7 @@ bool StorePfield(ListNode*& cursor, ListNode*& list, int pfield, int pfields, in
         return true;
     }
     cursor = cursor->next;
+    read_ahead(cursor);
     cursor->pf[value_index(pfield)] = stored;
     cursor->code = 0;
     lut = cursor;
@@ -183,6 +191,7 @@ void ClearLFusedCode(ListNode* list) {
     ListNode* node = list;
     do {
         node = node->next;
+        read_ahead(node);
         node->code = 0;
     } while (node != list);
 }
