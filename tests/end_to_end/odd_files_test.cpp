@@ -1,0 +1,266 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+
+#include "support/run_case.h"
+#include "support/running_program.h"
+
+// Files that cannot be read, written or told apart, and runs that are
+// interrupted: each has a clear outcome, and no temporary file stays behind.
+
+namespace vorn_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string SCORE = "i1 = 3 0 1 {\np2 1\np3 1\n}\n";
+const std::string OUTPUT = "\n;I-block #1 (i1):\ni1    0.000  1.000 \n\ne\n";
+const std::string BLOCK =
+    "\n\n1 events generated in block #1 (i1).\n"
+    "Total i-block duration:    1.00 (secs),    0.00 (beats)\n"
+    "Cumulative i-block duration:    1.00 (secs)\n";
+const std::string SUMMARY = "\n\nGlobal cumulative duration of all i-blocks =    1.00 (secs)\n";
+const std::string CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
+
+std::string cannot_open(const std::string& name) { return "\nERROR: Can't open \"" + name + "\".\n\n"; }
+std::string cannot_write(const std::string& name) { return "\nERROR: Can't write \"" + name + "\".\n\n"; }
+
+class OddFiles : public testing::Test {
+protected:
+    OddFiles() { folder_.write("in.vorn", SCORE); }
+
+    // Runs, and looks that no temporary file stays behind.
+    RunResult run(const Arguments& arguments, Limits limits = {}) {
+        TemporaryFileWatch watch;
+        RunResult result = RunningProgram(folder_, arguments, limits).wait();
+        EXPECT_EQ(watch.left_behind(), "");
+        return result;
+    }
+
+    void expect_failure(const Arguments& arguments, const std::string& message, Limits limits = {}) {
+        const RunResult result = run(arguments, limits);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(behind_banner(without_chance(result.err)), message);
+        EXPECT_EQ(result.out, "");
+    }
+
+    WorkFolder folder_;
+};
+
+// --- input ---
+
+TEST_F(OddFiles, FolderAsInput) {
+    fs::create_directory(folder_.path() / "folder.vorn");
+    expect_failure({"folder.vorn", "out.sco"}, cannot_open("folder.vorn"));
+    EXPECT_FALSE(fs::exists(folder_.path() / "out.sco"));
+}
+
+TEST_F(OddFiles, InputBehindAMissingFolderOrAFile) {
+    expect_failure({"none/in.vorn", "out.sco"}, cannot_open("none/in.vorn"));
+    expect_failure({"in.vorn/in.vorn", "out.sco"}, cannot_open("in.vorn/in.vorn"));
+    EXPECT_FALSE(fs::exists(folder_.path() / "out.sco"));
+}
+
+TEST_F(OddFiles, UnreadableInput) {
+    if (geteuid() == 0) GTEST_SKIP() << "this user may read everything";
+    fs::permissions(folder_.path() / "in.vorn", fs::perms::none);
+    expect_failure({"in.vorn", "out.sco"}, cannot_open("in.vorn"));
+    fs::permissions(folder_.path() / "in.vorn", fs::perms::owner_all);
+}
+
+// It opens, but its first page cannot be read.
+TEST_F(OddFiles, InputThatFailsWhileItIsRead) {
+    expect_failure({"/proc/self/mem", "out.sco"}, cannot_open("/proc/self/mem"));
+}
+
+TEST_F(OddFiles, InputMayBeAPipe) {
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"pipe", "out.sco"});
+    PipeEnd input(folder_, "pipe");
+    input.write(SCORE);
+    input.close();
+    const RunResult result = program.wait();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.files.at("out.sco"), OUTPUT);
+}
+
+// --- one file under two names ---
+
+TEST_F(OddFiles, LinksToTheInputAreNotOverwritten) {
+    fs::create_symlink("in.vorn", folder_.path() / "symbolic");
+    fs::create_hard_link(folder_.path() / "in.vorn", folder_.path() / "hard");
+    for (const char* name : {"./in.vorn", "symbolic", "hard"}) {
+        SCOPED_TRACE(name);
+        expect_failure({"in.vorn", name}, CLASH);
+        expect_failure({"-l", name, "in.vorn", "out.sco"}, CLASH);
+        expect_failure({"-x", name, "in.vorn", "out.sco"}, CLASH);
+        expect_failure({name, "in.vorn"}, CLASH);
+        EXPECT_EQ(folder_.read("in.vorn"), SCORE);
+    }
+    EXPECT_FALSE(fs::exists(folder_.path() / "out.sco"));
+}
+
+TEST_F(OddFiles, OutputsMayNotShareAFile) {
+    folder_.write("out.sco", "");
+    fs::create_symlink("out.sco", folder_.path() / "symbolic");
+    fs::create_hard_link(folder_.path() / "out.sco", folder_.path() / "hard");
+    for (const char* name : {"./out.sco", "symbolic", "hard"}) {
+        SCOPED_TRACE(name);
+        expect_failure({"-l", name, "in.vorn", "out.sco"}, CLASH);
+        expect_failure({"-x", name, "in.vorn", "out.sco"}, CLASH);
+        expect_failure({"-l", name, "-x", "out.sco", "in.vorn", "other.sco"}, CLASH);
+    }
+}
+
+TEST_F(OddFiles, OutputMayBeADevice) {
+    const RunResult result = run({"-l", "/dev/null", "in.vorn", "/dev/stdout"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, OUTPUT);
+}
+
+// --- outputs that cannot be opened ---
+
+TEST_F(OddFiles, FoldersAsOutputs) {
+    fs::create_directory(folder_.path() / "folder");
+    expect_failure({"in.vorn", "folder"}, cannot_open("folder"));
+    expect_failure({"-l", "folder", "in.vorn", "out.sco"}, cannot_open("folder"));
+    expect_failure({"-x", "folder", "in.vorn", "out.sco"}, cannot_open("folder"));
+}
+
+TEST_F(OddFiles, LogInAMissingFolderRemovesTheTemporaryFile) {
+    TemporaryFileWatch watch;
+    expect_failure({"-l", "none/run.log", "in.vorn", "out.sco"}, cannot_open("none/run.log"));
+    EXPECT_TRUE(watch.saw_one());
+    EXPECT_EQ(watch.left_behind(), "");
+}
+
+// Descriptors 0 to 4 are the standard streams, the input and the output.
+TEST_F(OddFiles, TemporaryFileThatCannotBeOpened) {
+    expect_failure({"in.vorn", "out.sco"}, "\nERROR: Can't open temporary file\n\n", {.open_files = 5});
+    expect_failure({"-x", "run.exp", "in.vorn", "out.sco"}, "\nERROR: Can't open temporary file\n\n",
+                   {.open_files = 6});
+    expect_failure({"-x", "run.exp", "in.vorn", "out.sco"}, cannot_open("run.exp"), {.open_files = 5});
+    expect_failure({"-l", "run.log", "in.vorn", "out.sco"}, cannot_open("run.log"), {.open_files = 6});
+}
+
+TEST_F(OddFiles, TemporaryFileThatCannotBeReopened) {
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"-l", "run.log", "pipe", "out.sco"});
+    PipeEnd input(folder_, "pipe");
+    const fs::path temporary = program.temporary_file();
+    input.write(SCORE);
+    EXPECT_TRUE(fs::remove(temporary));
+    input.close();
+    const RunResult result = program.wait();
+    const std::string message = "\nERROR: Ouch! Can't open the temporary file (huh?).\n\n";
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), message);
+    EXPECT_EQ(behind_banner(result.files.at("run.log")), message);
+    EXPECT_EQ(result.files.at("out.sco"), "");
+}
+
+// --- outputs that cannot be written in full ---
+
+TEST_F(OddFiles, OutputOnAFullDevice) {
+    expect_failure({"in.vorn", "/dev/full"}, BLOCK + SUMMARY + cannot_write("/dev/full"));
+    folder_.write("empty.vorn", "");
+    expect_failure({"empty.vorn", "/dev/full"},
+                   "\n\n\t(N.B. No I-Block Data Written)"
+                   "\n\nGlobal cumulative duration of all i-blocks =    0.00 (secs)\n" +
+                       cannot_write("/dev/full"));
+}
+
+TEST_F(OddFiles, OutputOnAFullDeviceAfterAnError) {
+    folder_.write("in.vorn", SCORE + "oops\n");
+    expect_failure({"in.vorn", "/dev/full"},
+                   BLOCK + "\n\nERROR: Line 5:Invalid G-block command or character.\noops \n^\n" +
+                       cannot_write("/dev/full"));
+}
+
+TEST_F(OddFiles, MidiFileOnAFullDevice) {
+    folder_.write("in.vorn", "i1 = 5 0 1 {\np2 1\np3 1\np4 16000\np5 60\n}\n");
+    expect_failure({"-m", "in.vorn", "/dev/full"},
+                   "\n   0.00\t   1.00\tON\tN:   60.00\tV:   62.01\t"
+                   "\n   1.00\t   1.00\tOFF\tN:   60.00\tV:   60.00\t"
+                   "\n\n2 events generated in block #1 (i1).\n"
+                   "Total i-block duration:    2.00 (secs),    0.00 (beats)\n"
+                   "Cumulative i-block duration:    2.00 (secs)\n" +
+                       cannot_write("/dev/full"));
+}
+
+TEST_F(OddFiles, LogOnAFullDevice) {
+    expect_failure({"-l", "/dev/full", "in.vorn", "out.sco"}, BLOCK + SUMMARY + cannot_write("/dev/full"));
+    EXPECT_EQ(folder_.read("out.sco"), OUTPUT);
+}
+
+TEST_F(OddFiles, ExpansionFileOnAFullDevice) {
+    expect_failure({"-x", "/dev/full", "in.vorn", "out.sco"}, BLOCK + SUMMARY + cannot_write("/dev/full"));
+    EXPECT_EQ(folder_.read("out.sco"), OUTPUT);
+}
+
+// About 1.3 megabytes: the disk is full long before the run ends.
+TEST_F(OddFiles, LongOutputOnAFullDisk) {
+    folder_.write("in.vorn", "i1 = 3 0 -60000 {\np2 1\np3 1\n}\n");
+    expect_failure({"in.vorn", "out.sco"},
+                   "\n\n60000 events generated in block #1 (i1).\n"
+                   "Total i-block duration: 60000.00 (secs), 59999.00 (beats)\n"
+                   "Cumulative i-block duration: 60000.00 (secs)\n"
+                   "\n\nGlobal cumulative duration of all i-blocks = 60000.00 (secs)\n" +
+                       cannot_write("out.sco"),
+                   {.file_size = 4096});
+    EXPECT_EQ(folder_.read("out.sco").size(), 4096U);
+}
+
+TEST_F(OddFiles, TemporaryFileOnAFullDisk) {
+    folder_.write("in.vorn", ";" + std::string(10000, 'x') + "\n" + SCORE);
+    expect_failure({"in.vorn", "out.sco"}, cannot_write("/tmp/vornXXXXXX"), {.file_size = 4096});
+}
+
+// --- the temporary file ---
+
+TEST_F(OddFiles, TemporaryFileIsGoneAfterEveryExit) {
+    folder_.write("error.vorn", SCORE + "oops\n");
+    folder_.write("include.vorn", "#include |none.inc|\n");
+    folder_.write("open.vorn", "#if(1)\n");
+    TemporaryFileWatch watch;
+    EXPECT_EQ(run({"in.vorn", "out.sco"}).status, 0);
+    EXPECT_TRUE(watch.saw_one());
+    EXPECT_EQ(run({"-m", "in.vorn", "out.sco"}).status, 0);
+    EXPECT_EQ(run({"error.vorn", "out.sco"}).status, 1);
+    EXPECT_EQ(run({"include.vorn", "out.sco"}).status, 1);
+    EXPECT_EQ(run({"open.vorn", "out.sco"}).status, 1);
+    EXPECT_EQ(watch.left_behind(), "");
+}
+
+TEST_F(OddFiles, InterruptsRemoveTheTemporaryFile) {
+    make_pipe(folder_, "pipe");
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+        SCOPED_TRACE(number);
+        RunningProgram program(folder_, {"pipe", "out.sco"});
+        const PipeEnd input(folder_, "pipe");
+        const fs::path temporary = program.temporary_file();
+        EXPECT_TRUE(fs::exists(temporary));
+        input.write(SCORE);
+        program.send_signal(number);
+        EXPECT_EQ(program.wait().status, -number);
+        EXPECT_FALSE(fs::exists(temporary));
+    }
+}
+
+// Only its owner may read a score that is being worked on.
+TEST_F(OddFiles, TemporaryFileIsPrivate) {
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"pipe", "out.sco"});
+    PipeEnd input(folder_, "pipe");
+    const fs::path temporary = program.temporary_file();
+    EXPECT_EQ(fs::status(temporary).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    input.close();
+    EXPECT_EQ(program.wait().status, 0);
+    EXPECT_FALSE(fs::exists(temporary));
+}
+
+}  // namespace
+}  // namespace vorn_test
