@@ -27,9 +27,9 @@ install_missing() {
         return 1
     fi
     echo "Installing ${missing[*]}"
-    "${as_root[@]}" apt-get update -qq &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-            apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null && return 0
+    "${as_root[@]}" apt-get update -qq || echo "apt-get update failed; trying with the lists that are there" >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null && return 0
     echo "Could not install them. Try as root: apt-get install ${missing[*]}" >&2
     return 1
 }
