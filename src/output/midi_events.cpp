@@ -33,6 +33,14 @@ constexpr int EVENT_BYTES = 3;                         // status, note, velocity
 constexpr double VELOCITY_FACTOR = 0.003875850703452;  // 127 / 32767
 constexpr float NOTE_OFF_AMPLITUDE = 15480.47265625F;  // a note-off shows as velocity 60
 constexpr float NOTE_COUNT = 128.0F;
+constexpr std::ptrdiff_t TRACE_SIZE = 16384;
+constexpr std::ptrdiff_t TRACE_LINE_SIZE = 4 * REAL_TEXT_SIZE + 32;  // the longest line of the trace
+
+// Lines of the trace, gathered because a block may hold millions of events.
+struct Trace {
+    char text[TRACE_SIZE];
+    char* end = text;
+};
 
 // The events as they are visited in playing order, and what that adds up to.
 struct Track {
@@ -40,6 +48,7 @@ struct Track {
     int pfields;
     float previous_start = 0;
     std::uint64_t size = 0;
+    Trace trace = {};
 };
 
 float end_of(const ListNode& note) { return note.start + note.dur; }
@@ -54,15 +63,19 @@ char* put_text(char* to, const char (&text)[Size]) {
 char* put_real(char* to, float value) { return format_real(to, value, 7, 2); }
 
 // "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
-void print_event(const ListNode& event) {
-    char line[4 * REAL_TEXT_SIZE + 32];
-    char* to = put_real(put_text(line, "\n"), event.start);
+char* put_event(char* to, const ListNode& event) {
+    to = put_real(put_text(to, "\n"), event.start);
     to = put_real(put_text(to, "\t"), event.dur);
     to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
     to = put_real(to, event.pf[1]);
     to = put_real(put_text(to, "\tV: "), event.pf[0]);
-    put_text(to, "\t\0");
-    Mprintf("%s", line);  // not silenced by SUPRESS: kept on purpose
+    return put_text(to, "\t");
+}
+
+void print_trace(Trace& trace) {
+    *trace.end = 0;
+    Mprintf("%s", trace.text);  // not silenced by SUPRESS: kept on purpose
+    trace.end = trace.text;
 }
 
 // Turns P4 into the velocity and P5 into the note, in the list itself: kept on purpose.
@@ -76,7 +89,8 @@ void add_event(Track& track, const ListNode& event) {
     track.size +=
         static_cast<std::uint64_t>(VLSize(delta_ticks(track.previous_start, event.start)) + EVENT_BYTES);
     track.previous_start = event.start;
-    print_event(event);
+    if (track.trace.text + TRACE_SIZE - track.trace.end < TRACE_LINE_SIZE) print_trace(track.trace);
+    track.trace.end = put_event(track.trace.end, event);
 }
 
 // The note-off of a converted note, not linked. It keeps the note's duration:
@@ -120,19 +134,6 @@ struct NoteEnd {
     std::uint32_t key;  // bits of the end, which order as ends of 0 and above do
     const ListNode* note;
 };
-
-// Whether starts never decrease and no note ends before it starts, which
-// rounding cannot bring about but a value that is not a number does.
-bool in_playing_order(const ListNode* list) {
-    float previous_start = 0;
-    const ListNode* event = list;
-    do {
-        event = event->next;
-        if (!(event->start >= previous_start && end_of(*event) >= event->start)) return false;
-        previous_start = event->start;
-    } while (event != list);
-    return true;
-}
 
 // Lists the ends in the order of the notes. Returns whether they are in order already.
 bool list_ends(const ListNode* list, NoteEnd* ends) {
@@ -195,16 +196,27 @@ bool merge_sorted_events(Track& track, std::size_t count) {
     return merge_events(track, ends.get(), count);
 }
 
-// Returns how many there are.
-std::size_t mark_as_notes(ListNode* list) {
-    std::size_t count = 0;
+struct Survey {
+    std::size_t notes = 0;
+    // Starts never decrease, and no note ends before it starts, which rounding
+    // cannot bring about but a value that is not a number does.
+    bool in_order = true;
+};
+
+// Makes every event a note-on.
+Survey mark_as_notes(ListNode* list) {
+    Survey survey;
+    float previous_start = 0;
     ListNode* event = list;
     do {
         event = event->next;
         event->code = NOTE_ON_CODE;
-        ++count;
+        ++survey.notes;
+        const bool follows = event->start >= previous_start && end_of(*event) >= event->start;
+        survey.in_order = survey.in_order && follows;
+        previous_start = event->start;
     } while (event != list);
-    return count;
+    return survey;
 }
 
 }  // namespace
@@ -229,10 +241,10 @@ MidiResult List2MIDI(ListNode*& list, int pfields, int instrument, std::uint64_t
         Mprintf("\n\nOops i-block %d is all rests! ", instrument);
         return MidiResult::NO_NOTES;
     }
-    const std::size_t count = mark_as_notes(list);
-    const MessageBatch batch;
+    const Survey survey = mark_as_notes(list);
     Track track{list, pfields};
-    const bool done = in_playing_order(list) ? merge_sorted_events(track, count) : walk_events(track);
+    const bool done = survey.in_order ? merge_sorted_events(track, survey.notes) : walk_events(track);
+    print_trace(track.trace);
     track_size = track.size;
     return done ? MidiResult::NOTES : MidiResult::OUT_OF_MEMORY;
 }
