@@ -8,3 +8,6 @@ foreach(source ${fuzz_sources})
     target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
     set_target_properties(fuzz_${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/fuzz)
 endforeach()
+
+# A block that is legal but enormous must not look like one that never ends.
+target_compile_definitions(vorn_core PUBLIC VORN_MAX_EVENTS=20000)

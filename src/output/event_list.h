@@ -27,7 +27,13 @@ struct ListNode {
 };
 
 constexpr int MAX_PFIELD_COUNT = 128;             // p-fields of one event, P1 included
-constexpr std::uint64_t MAX_EVENTS = 50'000'000;  // events of one block; more is error 32
+
+// Events of one block; more is error 32. The fuzzers are built with fewer.
+#ifdef VORN_MAX_EVENTS
+constexpr std::uint64_t MAX_EVENTS = VORN_MAX_EVENTS;
+#else
+constexpr std::uint64_t MAX_EVENTS = 50'000'000;
+#endif
 
 extern ListNode* note_list;  // tail of the current block's events; null when there are none
 extern ListNode* LUT;  // the event that was last given a value from data rather than copied; may be null
