@@ -121,6 +121,13 @@ TEST_F(OddFiles, OutputMayBeADevice) {
     EXPECT_EQ(result.out, OUTPUT);
 }
 
+// The score must not take the place of standard error.
+TEST_F(OddFiles, ClosedStandardStreams) {
+    const RunResult result = run({"in.vorn", "out.sco"}, {.standard_streams = false});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.files.at("out.sco"), OUTPUT);
+}
+
 // --- outputs that cannot be opened ---
 
 TEST_F(OddFiles, FoldersAsOutputs) {

@@ -24,6 +24,7 @@ namespace vorn_test {
 
 // What the program may use; 0: as much as the test itself.
 struct Limits {
+    bool standard_streams = true;  // false: none of them is open
     unsigned long open_files = 0;  // descriptors, the standard three included
     unsigned long file_size = 0;   // bytes of any file that it writes
 };
