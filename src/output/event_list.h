@@ -26,7 +26,7 @@ struct ListNode {
     ListNode* next;
 };
 
-constexpr int MAX_PFIELD_COUNT = 128;             // p-fields of one event, P1 included
+constexpr int MAX_PFIELD_COUNT = 128;  // p-fields of one event, P1 included
 
 // Events of one block; more is error 32. The fuzzers are built with fewer.
 #ifdef VORN_MAX_EVENTS
