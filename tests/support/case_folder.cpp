@@ -23,6 +23,7 @@ namespace {
 constexpr std::array EXPECTATIONS = {"expected.status", "expected.out", "expected.err", "expected.score",
                                      "expected.midi",   "expected.log", "expected.exp"};
 
+constexpr std::size_t SHOWN_WIDTH = 160;  // characters of a line in a report
 constexpr const char* NO_LINE_FEED = "(no line feed)";
 
 bool is_expectation(const std::string& name) {
@@ -77,7 +78,7 @@ std::vector<std::string> lines_of(const std::string& text) {
 
 std::string visible(const std::string& line) {
     std::ostringstream shown;
-    for (const char c : line) {
+    for (const char c : line.substr(0, SHOWN_WIDTH)) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte < 32 || byte > 126) {
             constexpr const char* DIGITS = "0123456789abcdef";
@@ -86,6 +87,7 @@ std::string visible(const std::string& line) {
             shown << c;
         }
     }
+    if (line.size() > SHOWN_WIDTH) shown << "... (" << line.size() << " characters)";
     return shown.str();
 }
 
@@ -106,8 +108,13 @@ std::string difference(const std::string& name, const std::string& expected, con
     const std::vector<std::string> got = lines_of(actual);
     std::size_t line = 0;
     while (line < wanted.size() && line < got.size() && wanted[line] == got[line]) ++line;
+    std::size_t column = 0;
+    if (line < wanted.size() && line < got.size()) {
+        const std::size_t shorter = std::min(wanted[line].size(), got[line].size());
+        while (column < shorter && wanted[line][column] == got[line][column]) ++column;
+    }
     std::ostringstream report;
-    report << name << " differs from line " << line + 1 << " on\n";
+    report << name << " differs from line " << line + 1 << ", column " << column + 1 << " on\n";
     show_lines(report, "expected", wanted, line);
     show_lines(report, "actual", got, line);
     return report.str();

@@ -59,8 +59,17 @@ TEST(Problems, ATrailingBlank) {
     RunResult result = good_result();
     result.files["out.sco"] = "score \n";
     EXPECT_EQ(problems(good_case(), result),
-              "expected.score differs from line 1 on\n"
+              "expected.score differs from line 1, column 6 on\n"
               "  expected:\n  > 1: score\n  actual:\n  > 1: score \n");
+}
+
+TEST(Problems, ALongLineIsShownInPart) {
+    RunResult result = good_result();
+    result.files["out.sco"] = std::string(5000, 'x') + "\n";
+    EXPECT_EQ(
+        problems(good_case(), result),
+        "expected.score differs from line 1, column 1 on\n  expected:\n  > 1: score\n  actual:\n  > 1: " +
+            std::string(160, 'x') + "... (5000 characters)\n");
 }
 
 TEST(Problems, AMissingLineFeedAtTheEnd) {
