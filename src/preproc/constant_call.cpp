@@ -12,10 +12,11 @@
 // A reference gives way to its value's text, which has three decimals and is all
 // that later readers see of the value:
 //
-//     #const THIRD 0.33333    ~THIRD -> 0.333    ~[THIRD * 3] -> 1.000
+//     #const A 0.3336    ~A -> 0.334    ~[A * 3] -> 1.001
 //
 // In an equation a constant is taken as it was defined, but a constant defined by
-// an equation has passed through such a text: the loss is kept on purpose.
+// another one or by an equation has passed through such a text (0.334 * 3 is 1.002):
+// the loss is kept on purpose.
 
 namespace vorn {
 
@@ -46,21 +47,27 @@ bool get_time_variable(TimeVariable& variable, const char* text, std::int32_t po
     }
 }
 
+// Puts the value in the place of the reference that starts at `start`, and pos on it.
+int replace_reference(const char* label, char* text, std::int32_t start, std::int32_t& pos,
+                      std::uint64_t line, double value) {
+    if (const int result = vexpand_in_buff(label, text, start, line, value)) return result;
+    pos = start;
+    return 0;
+}
+
 int expand_time_variable(char* text, std::int32_t& pos, std::uint64_t line) {
     const std::int32_t start = pos - 1;
     ++pos;
     TimeVariable variable;
     if (!get_time_variable(variable, text, pos)) return error::BAD_TIME_VARIABLE;
-    pos = start;
-    return vexpand_in_buff(variable.label, text, pos, line, variable.value);
+    return replace_reference(variable.label, text, start, pos, line, variable.value);
 }
 
 int expand_equation(char* text, std::int32_t& pos, std::uint64_t line) {
     const std::int32_t start = pos - 1;
     double value = 0;
     if (const int result = parse_vequation(value, text, pos, line)) return result;
-    pos = start;
-    return vexpand_in_buff("equation", text, pos, line, value);
+    return replace_reference("equation", text, start, pos, line, value);
 }
 
 int expand_name(char* text, std::int32_t& pos, std::uint64_t line) {
@@ -68,8 +75,7 @@ int expand_name(char* text, std::int32_t& pos, std::uint64_t line) {
     const Constant* constant = nullptr;
     const int result = find_vname(constant, text, pos, line);
     if (result != FOUND) return result;
-    pos = start;
-    return vexpand_in_buff(constant->name, text, pos, line, constant->value);
+    return replace_reference(constant->name, text, start, pos, line, constant->value);
 }
 
 }  // namespace

@@ -88,6 +88,7 @@ TEST_F(ConstantCall, ExpansionMayFillTheLineToItsLastByte) {
     const std::string rest(4090, '.');
     EXPECT_EQ(expand_at(0, "~A" + rest), "1.000" + rest);
     EXPECT_EQ(expand_at(0, "~A." + rest, 89), "~A." + rest);
+    EXPECT_EQ(pos, 2) << "behind the reference";
 }
 
 TEST_F(ConstantCall, SkipMovesOverNameEquationOrAt) {

@@ -196,6 +196,7 @@ TEST_F(MacroCall, ExpansionMayFillTheLineToItsLastByte) {
     const std::string rest(95, '.');
     EXPECT_EQ(expand_at(0, "$M" + rest), std::string(4000, 'm') + rest);
     EXPECT_EQ(expand_at(0, "$M" + rest + ".", 89), "$M" + rest + ".");
+    EXPECT_EQ(pos, 2) << "behind the call";
 }
 
 TEST_F(MacroCall, BodyOutgrowingTheLineIsRefused) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <vector>
@@ -83,9 +84,16 @@ double seconds_of_look_ups(int names) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+// The shortest of some measurements, which a busy machine disturbs least.
+double shortest_time(int names) {
+    double shortest = seconds_of_look_ups(names);
+    for (int round = 0; round < 4; ++round) shortest = std::min(shortest, seconds_of_look_ups(names));
+    return shortest;
+}
+
 TEST(NameTable, LookUpDoesNotSlowDownWithTheNumberOfNames) {
-    // A walk over the list would take some thousand times as long.
-    EXPECT_LT(seconds_of_look_ups(50000), 100 * seconds_of_look_ups(10));
+    // A walk over a list would take some thousand times as long.
+    EXPECT_LT(shortest_time(50000), 100 * shortest_time(10));
 }
 
 }  // namespace
