@@ -110,6 +110,27 @@ TEST_F(P2Functions, DeviationFollowsTheConversion) {
     EXPECT_EQ(draws_left(), 0);
 }
 
+// Sub-range, what the kind draws, deviation.
+TEST_F(P2Functions, DrawsPerEventOfEveryKind) {
+    struct Row {
+        DdfKind kind;
+        const char* text;
+        int draws;
+    };
+    const Row rows[] = {
+        {DdfKind::RA, "(-1 1 60)", 3},          {DdfKind::RA, "(-1 1 [g 1 2])", 14},
+        {DdfKind::RW, "(-1 1 0 10 1 5)", 3},    {DdfKind::MO, "(-1 1 1 2)", 4},
+        {DdfKind::SE, "(-1 1 * [1 2 3])", 3},   {DdfKind::SE, "(-1 1 x [1 2 3])", 3},
+        {DdfKind::MS, "(-1 1 [1 2] [3 4])", 4}, {DdfKind::HO, "(-1 1)", 2},
+    };
+    for (const Row& row : rows) {
+        reset_program();
+        begin_starts(-10);
+        EXPECT_EQ(run(row.kind, row.text), 0) << row.text;
+        EXPECT_EQ(draws(), row.draws) << row.text;
+    }
+}
+
 // A quarter of a second away from 4 the undeviated seconds decide.
 TEST_F(P2Functions, ElapsedTimeIsUndeviated) {
     begin_starts(20);
