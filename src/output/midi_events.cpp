@@ -34,10 +34,21 @@ constexpr double VELOCITY_FACTOR = 0.003875850703452;  // 127 / 32767
 constexpr float NOTE_OFF_AMPLITUDE = 15480.47265625F;  // a note-off shows as velocity 60
 constexpr float NOTE_COUNT = 128.0F;
 constexpr std::ptrdiff_t TRACE_SIZE = 16384;
+constexpr std::size_t SHORT_TEXT = 16;  // copied whole: a fixed size needs no call
 constexpr std::ptrdiff_t TRACE_LINE_SIZE = 4 * REAL_TEXT_SIZE + 32;  // the longest line of the trace
+
+// What a column of the trace showed last. Durations and velocities often repeat,
+// and a copy is quicker than new digits.
+struct Column {
+    float value = 0;
+    std::size_t size = 0;  // 0: nothing yet
+    char text[REAL_TEXT_SIZE];
+};
 
 // Lines of the trace, gathered because a block may hold millions of events.
 struct Trace {
+    Column duration;
+    Column velocity[2];  // of note-offs and of note-ons
     char text[TRACE_SIZE];
     char* end = text;
 };
@@ -62,14 +73,28 @@ char* put_text(char* to, const char (&text)[Size]) {
 // A real as messages show it.
 char* put_real(char* to, float value) { return format_real(to, value, 7, 2); }
 
+char* put_column(char* to, float value, Column& column) {
+    if (column.size == 0 ||
+        std::bit_cast<std::uint32_t>(value) != std::bit_cast<std::uint32_t>(column.value)) {
+        column.value = value;
+        column.size = static_cast<std::size_t>(put_real(column.text, value) - column.text);
+    }
+    if (column.size <= SHORT_TEXT) {
+        std::memcpy(to, column.text, SHORT_TEXT);
+    } else {
+        std::memcpy(to, column.text, column.size);
+    }
+    return to + column.size;
+}
+
 // "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
-char* put_event(char* to, const ListNode& event) {
-    to = put_real(put_text(to, "\n"), event.start);
-    to = put_real(put_text(to, "\t"), event.dur);
+void put_event(Trace& trace, const ListNode& event) {
+    char* to = put_real(put_text(trace.end, "\n"), event.start);
+    to = put_column(put_text(to, "\t"), event.dur, trace.duration);
     to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
     to = put_real(to, event.pf[1]);
-    to = put_real(put_text(to, "\tV: "), event.pf[0]);
-    return put_text(to, "\t");
+    to = put_column(put_text(to, "\tV: "), event.pf[0], trace.velocity[event.code]);
+    trace.end = put_text(to, "\t");
 }
 
 void print_trace(Trace& trace) {
@@ -90,7 +115,7 @@ void add_event(Track& track, const ListNode& event) {
         static_cast<std::uint64_t>(VLSize(delta_ticks(track.previous_start, event.start)) + EVENT_BYTES);
     track.previous_start = event.start;
     if (track.trace.text + TRACE_SIZE - track.trace.end < TRACE_LINE_SIZE) print_trace(track.trace);
-    track.trace.end = put_event(track.trace.end, event);
+    put_event(track.trace, event);
 }
 
 // The note-off of a converted note, not linked. It keeps the note's duration:
