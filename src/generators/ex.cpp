@@ -106,7 +106,6 @@ int get_output_flag(bool& rounded, Reader& reader) {
 // weight ["f" | "i"] equation
 int get_sub_range(ExData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::BAD_EQUATION_DATA)) return result;
-    if (const int result = skip_stuff(reader)) return result;
     Equation equation{data.terms.size(), 0, false};
     if (const int result = get_output_flag(equation.rounded, reader)) return result;
     if (const int result = get_equation(data, reader)) return result;

@@ -37,7 +37,6 @@ int get_ends(Motion& motion, Reader& reader, float time) {
 // weight [curve] range range
 int get_sub_range(MoData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
     Motion motion;
     const bool is_span = !(data.time < 0);
     if (const int result = get_curve(motion, reader, is_span)) return result;

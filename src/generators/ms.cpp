@@ -33,7 +33,6 @@ int get_curve(MsData& data, Mask& mask, Reader& reader) {
 // weight [curve] set set
 int get_sub_range(MsData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
     Mask mask;
     if (const int result = get_curve(data, mask, reader)) return result;
     if (const int result = get_value_set(data.fields, mask.size_a, reader)) return result;

@@ -16,7 +16,6 @@ namespace {
 // weight range
 int get_sub_range(RaData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
     ValueRange range;
     if (const int result = get_value_range(range, reader)) return result;
     if (stops_time(range, data.time)) return error::ZERO_INTERVAL_IN_DDF;

@@ -52,7 +52,6 @@ int get_walk(WalkRange& range, Reader& reader) {
 // weight bounds walk
 int get_sub_range(RwData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
     WalkRange range;
     if (const int result = get_bounds(range, reader)) return result;
     if (const int result = get_walk(range, reader)) return result;

@@ -68,11 +68,8 @@ int get_elements(S2Data& data, std::size_t& count, Reader& reader) {
 // weight ["*" | "x"] elements
 int get_sub_range(S2Data& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
-    const SetMode mode = get_set_mode(reader.text, reader.pos);
-    if (mode != SetMode::REPETITION) {
-        if (const int result = skip_stuff(reader)) return result;
-    }
+    SetMode mode = SetMode::REPETITION;
+    if (const int result = get_set_mode(mode, reader)) return result;
     std::size_t count = 0;
     if (!data.first_element.append(data.elements.size())) return error::OUT_OF_MEMORY;
     if (const int result = get_elements(data, count, reader)) return result;

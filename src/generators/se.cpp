@@ -17,11 +17,8 @@ namespace {
 // weight ["*" | "x"] set
 int get_sub_range(SeData& data, Reader& reader) {
     if (const int result = get_weight(data.weights, reader, error::MISSING_WEIGHT)) return result;
-    if (const int result = skip_stuff(reader)) return result;
-    const SetMode mode = get_set_mode(reader.text, reader.pos);
-    if (mode != SetMode::REPETITION) {
-        if (const int result = skip_stuff(reader)) return result;
-    }
+    SetMode mode = SetMode::REPETITION;
+    if (const int result = get_set_mode(mode, reader)) return result;
     std::uint32_t size = 0;
     if (!data.first_value.append(data.values.size())) return error::OUT_OF_MEMORY;
     if (const int result = get_value_set(data.values, size, reader)) return result;

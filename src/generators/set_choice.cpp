@@ -5,6 +5,7 @@
 
 #include "generators/random.h"
 #include "input/errors.h"
+#include "input/skip.h"
 
 // Choosing from a set. Elements count from 1. Every choice is made by drawing
 // among all elements and, where the mode refuses the one drawn, drawing again,
@@ -47,11 +48,14 @@ SetChoices::~SetChoices() {
     for (std::size_t i = 0; i < set.size(); ++i) delete[] set[i].used;
 }
 
-SetMode get_set_mode(const char* text, std::int32_t& pos) {
-    const char mark = text[pos];
-    if (mark != '*' && mark != 'x') return SetMode::REPETITION;
-    ++pos;
-    return mark == '*' ? SetMode::NO_REPETITION : SetMode::NO_IMMEDIATE_REPETITION;
+int get_set_mode(SetMode& mode, Reader& reader) {
+    const char mark = reader.text[reader.pos];
+    mode = SetMode::REPETITION;
+    if (mark == '*') mode = SetMode::NO_REPETITION;
+    if (mark == 'x') mode = SetMode::NO_IMMEDIATE_REPETITION;
+    if (mode == SetMode::REPETITION) return 0;
+    ++reader.pos;
+    return skip_stuff(reader);
 }
 
 int add_set_choice(SetChoices& choices, std::uint32_t size, SetMode mode) {

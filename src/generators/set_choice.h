@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "generators/growing_array.h"
+#include "input/reader.h"
 
 // How an element of a set is chosen, event by event.
 
@@ -35,7 +36,8 @@ struct SetChoices {
 };
 
 // ["*" | "x"]
-SetMode get_set_mode(const char* text, std::int32_t& pos);
+// Moves behind the separators that follow a mark; without one, pos stays.
+[[nodiscard]] int get_set_mode(SetMode& mode, Reader& reader);
 
 // Appends the choice from a set of `size` elements; a set of one has no mode. Error 32.
 [[nodiscard]] int add_set_choice(SetChoices& choices, std::uint32_t size, SetMode mode);

@@ -5,6 +5,7 @@
 #include "generators/choice.h"
 #include "input/errors.h"
 #include "input/numbers.h"
+#include "input/skip.h"
 
 // Which of a function's sub-ranges an event draws from.
 //
@@ -19,7 +20,8 @@ namespace vorn {
 int get_weight(Weights& weights, Reader& reader, int bad_weight) {
     float weight = 0;
     if (!get_f(weight, reader.text, reader.pos)) return bad_weight;
-    return weights.weight.append(weight) ? 0 : error::OUT_OF_MEMORY;
+    if (!weights.weight.append(weight)) return error::OUT_OF_MEMORY;
+    return skip_stuff(reader);
 }
 
 int set_single_weight(Weights& weights) { return weights.weight.append(1.0F) ? 0 : error::OUT_OF_MEMORY; }

@@ -14,7 +14,8 @@ struct Weights {
 };
 
 // weight
-// Appends one weight. On failure `bad_weight`, or error 32.
+// Appends one weight and moves behind the separators that follow it. On failure
+// `bad_weight`, or error 32.
 [[nodiscard]] int get_weight(Weights& weights, Reader& reader, int bad_weight);
 
 // The only weight of a function that has no choice to make. Error 32.

@@ -6,6 +6,7 @@
 
 #include "input/errors.h"
 #include "support/chi_square.h"
+#include "support/ddf_block.h"
 #include "support/draws.h"
 
 namespace vorn {
@@ -34,12 +35,17 @@ struct OneSet {
 };
 
 TEST(GetSetMode, StarAndXAreTheMarks) {
-    const char text[] = "*x[";
-    std::int32_t pos = 0;
-    EXPECT_EQ(get_set_mode(text, pos), SetMode::NO_REPETITION);
-    EXPECT_EQ(get_set_mode(text, pos), SetMode::NO_IMMEDIATE_REPETITION);
-    EXPECT_EQ(get_set_mode(text, pos), SetMode::REPETITION);
-    EXPECT_EQ(pos, 2);
+    test::ScoreText score("* , x[1");
+    SetMode mode = SetMode::REPETITION;
+    EXPECT_EQ(get_set_mode(mode, score.reader), 0);
+    EXPECT_EQ(mode, SetMode::NO_REPETITION);
+    EXPECT_EQ(score.rest(), "x[1");
+    EXPECT_EQ(get_set_mode(mode, score.reader), 0);
+    EXPECT_EQ(mode, SetMode::NO_IMMEDIATE_REPETITION);
+    EXPECT_EQ(score.rest(), "[1");
+    EXPECT_EQ(get_set_mode(mode, score.reader), 0);
+    EXPECT_EQ(mode, SetMode::REPETITION);
+    EXPECT_EQ(score.rest(), "[1");
 }
 
 TEST(AddSetChoice, ASetOfOneAlwaysRepeats) {

@@ -26,7 +26,7 @@ int close(std::initializer_list<float> fractions) {
 
 TEST(GetWeight, ReadsARealWhateverTheInputType) {
     Weights weights;
-    ScoreText score(" .25x");
+    ScoreText score(" .25 , x");
     IN_TYPE = CODE_NO;
     EXPECT_EQ(get_weight(weights, score.reader, error::MISSING_WEIGHT), 0);
     EXPECT_EQ(score.rest(), "x");
