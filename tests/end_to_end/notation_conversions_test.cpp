@@ -1,5 +1,6 @@
-// Every input notation written under every output type. The outcomes follow from
-// the value v in semitones, 0 being 16.35159783 Hz and 48 octave 8:
+// Every input notation written under every output type, and read inside every
+// generator that reads values. The outcomes follow from the value v in
+// semitones, 0 being 16.35159783 Hz and 48 octave 8:
 //
 //     re  v                      op  octave + pitch class / 100
 //     in  v rounded, halves up   od  octave + pitch class / 12
@@ -65,6 +66,34 @@ TEST(NotationConversions, EveryInputTypeUnderEveryOutputType) {
     RunResult result = run_in_process(folder, {"in.vorn", "out.sco"});
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.files["out.sco"], expected + "\ne\n");
+}
+
+// Each generator yields its one value, so the seven events of the block are equal.
+TEST(NotationConversions, EveryInputTypeInsideEveryGenerator) {
+    const struct {
+        const char* input;
+        const char* text;
+        const char* written;
+    } values[] = {
+        {"no", "a4", "   57.000"},     {"nox", "c+4", "   48.500"},  {"op", "8.07", "   55.000"},
+        {"opx", "8.075", "   55.500"}, {"op", "-8.07", "  -55.000"}, {"re", "-60.25", "  -60.250"},
+        {"in", "60.5", "   61.000"},   {"db", "40.9", "   99.000"},  {"rh", "-4.,8", "   -2.000"},
+    };
+    for (const auto& [input, text, written] : values) {
+        const std::string v = text;
+        const WorkFolder folder;
+        folder.write("in.vorn", "i1=4 0 -7 {\np2 re 1\np3 re 1\np4 " + std::string(input) + " ra(-1 1 " + v +
+                                    ") rw(-1 1 [" + v + " " + v + "] .5 " + v + ") mo(-1 1 f " + v + " " + v +
+                                    ") se(-1 1 [" + v + "])\nms(-1 1 f [" + v + "] " + v + ") s2(-1 1 " + v +
+                                    " ) ho(-1 " + v + ")\n}\n");
+        std::string expected = "\n;I-block #1 (i1):";
+        for (int start = 0; start < 7; ++start) {
+            expected += "\ni1    " + std::to_string(start) + ".000  1.000 " + written + " ";
+        }
+        RunResult result = run_in_process(folder, {"in.vorn", "out.sco"});
+        EXPECT_EQ(result.status, 0) << input << result.err;
+        EXPECT_EQ(result.files["out.sco"], expected + "\n\ne\n") << input;
+    }
 }
 
 }  // namespace
