@@ -31,7 +31,8 @@ namespace vorn {
 namespace {
 
 // Stores one value in P3 or above. A loop's repetition gets it undeviated,
-// after its store has used up a pending fusion mark: kept on purpose.
+// after its store has used up a pending fusion mark: kept on purpose. P3 uses
+// none up, so there the mark goes with the value, as in a data list.
 int store_value(const Reader& reader, Statement& statement, float value) {
     if (P_NO == 3) {
         store_p3(reader, statement.cursor, value);
@@ -39,7 +40,8 @@ int store_value(const Reader& reader, Statement& statement, float value) {
         return result;
     }
     if (IN_LOOP == 0) return 0;
-    return StoreInQ(statement.queue, 0, value) ? 0 : error::OUT_OF_MEMORY;
+    const auto fused = static_cast<std::uint32_t>(IS_FUSED);
+    return StoreInQ(statement.queue, fused, value) ? 0 : error::OUT_OF_MEMORY;
 }
 
 // Fills one event and moves `progress` behind it.
