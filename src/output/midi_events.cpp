@@ -7,8 +7,9 @@
 // so a note-on precedes the note-off of the note before it at the same moment.
 //
 // Where starts never decrease, note-offs fall into the order of their ends, and
-// among equal ends into the order of their notes. They are sorted so and merged
-// with the notes, in time that grows with the events however many overlap.
+// among equal ends into the order of their notes. Sorted so, unless they are
+// already, they are merged with the notes, in time that grows with the events
+// however many overlap.
 // Where a start steps back, which whole-second copies of a chord can do, the
 // list is walked forward from each note to the place of its note-off instead.
 
@@ -153,27 +154,14 @@ bool walk_events(Track& track) {
     return true;
 }
 
-// --- by merging notes and sorted note-offs ---
+// --- by merging notes and note-offs ---
 
 struct NoteEnd {
     std::uint32_t key;  // bits of the end, which order as ends of 0 and above do
     const ListNode* note;
 };
 
-// Lists the ends in the order of the notes. Returns whether they are in order already.
-bool list_ends(const ListNode* list, NoteEnd* ends) {
-    bool sorted = true;
-    std::uint32_t previous_key = 0;
-    const ListNode* note = list;
-    do {
-        note = note->next;
-        const std::uint32_t key = std::bit_cast<std::uint32_t>(end_of(*note));
-        sorted = sorted && key >= previous_key;
-        previous_key = key;
-        *ends++ = {key, note};
-    } while (note != list);
-    return sorted;
-}
+std::uint32_t end_key(const ListNode& note) { return std::bit_cast<std::uint32_t>(end_of(note)); }
 
 // Sorts by key, a byte at a time from the lowest; equal keys keep their order.
 // The four passes end where they began, in `ends`.
@@ -188,21 +176,52 @@ void sort_ends(NoteEnd* ends, NoteEnd* scratch, std::size_t count) {
     }
 }
 
+// The ends of `count` notes in their order; null when out of memory.
+std::unique_ptr<NoteEnd[]> sorted_ends(const ListNode* list, std::size_t count) {
+    std::unique_ptr<NoteEnd[]> ends(new (std::nothrow) NoteEnd[count]);
+    const std::unique_ptr<NoteEnd[]> scratch(new (std::nothrow) NoteEnd[count]);
+    if (ends == nullptr || scratch == nullptr) return nullptr;
+    const ListNode* note = list;
+    for (std::size_t i = 0; i < count; ++i) {
+        note = note->next;
+        ends[i] = {end_key(*note), note};
+    }
+    sort_ends(ends.get(), scratch.get(), count);
+    return ends;
+}
+
+// A place among the notes in the order of their ends: in a sorted array or, where
+// notes end in the order in which they start, in the list itself.
+struct Ending {
+    const NoteEnd* sorted;  // null: in the list
+    const ListNode* note;
+};
+
+void step(Ending& ending) {
+    if (ending.sorted != nullptr) {
+        ending.note = (++ending.sorted)->note;
+        return;
+    }
+    do {
+        ending.note = ending.note->next;
+    } while (ending.note->code == NOTE_OFF_CODE);
+}
+
 // Visits the notes and, as soon as the next note starts later than the earliest
 // end, inserts note-offs.
-bool merge_events(Track& track, const NoteEnd* ends, std::size_t count) {
+bool merge_events(Track& track, Ending ending, std::size_t notes) {
     ListNode* event = track.list;
     std::size_t started = 0;
     std::size_t ended = 0;
-    while (ended < count) {
-        if (started < count && event->next->start <= std::bit_cast<float>(ends[ended].key)) {
+    while (ended < notes) {
+        if (started < notes && event->next->start <= end_of(*ending.note)) {
             event = event->next;
             ++started;
         } else {
-            ListNode* off = make_note_off(*ends[ended].note, track.pfields);
+            ListNode* off = make_note_off(*ending.note, track.pfields);
             if (off == nullptr) return false;
             InsertEvent(off, event, track.list);
-            ++ended;
+            if (++ended < notes) step(ending);
         }
         convert_event(*event);
         add_event(track, *event);
@@ -210,38 +229,40 @@ bool merge_events(Track& track, const NoteEnd* ends, std::size_t count) {
     return true;
 }
 
-bool merge_sorted_events(Track& track, std::size_t count) {
-    std::unique_ptr<NoteEnd[]> ends(new (std::nothrow) NoteEnd[count]);
-    if (ends == nullptr) return false;
-    if (!list_ends(track.list, ends.get())) {
-        std::unique_ptr<NoteEnd[]> scratch(new (std::nothrow) NoteEnd[count]);
-        if (scratch == nullptr) return false;
-        sort_ends(ends.get(), scratch.get(), count);
-    }
-    return merge_events(track, ends.get(), count);
-}
-
 struct Survey {
     std::size_t notes = 0;
     // Starts never decrease, and no note ends before it starts, which rounding
     // cannot bring about but a value that is not a number does.
-    bool in_order = true;
+    bool starts_in_order = true;
+    bool ends_in_order = true;
 };
 
 // Makes every event a note-on.
 Survey mark_as_notes(ListNode* list) {
     Survey survey;
     float previous_start = 0;
+    float previous_end = 0;
     ListNode* event = list;
     do {
         event = event->next;
         event->code = NOTE_ON_CODE;
         ++survey.notes;
-        const bool follows = event->start >= previous_start && end_of(*event) >= event->start;
-        survey.in_order = survey.in_order && follows;
+        const float end = end_of(*event);
+        if (!(event->start >= previous_start && end >= event->start)) survey.starts_in_order = false;
+        if (!(end >= previous_end)) survey.ends_in_order = false;
         previous_start = event->start;
+        previous_end = end;
     } while (event != list);
     return survey;
+}
+
+// Inserts and visits everything. False: out of memory.
+bool make_track(Track& track) {
+    const Survey survey = mark_as_notes(track.list);
+    if (!survey.starts_in_order) return walk_events(track);
+    if (survey.ends_in_order) return merge_events(track, {nullptr, track.list->next}, survey.notes);
+    const std::unique_ptr<NoteEnd[]> ends = sorted_ends(track.list, survey.notes);
+    return ends != nullptr && merge_events(track, {ends.get(), ends[0].note}, survey.notes);
 }
 
 }  // namespace
@@ -266,9 +287,8 @@ MidiResult List2MIDI(ListNode*& list, int pfields, int instrument, std::uint64_t
         Mprintf("\n\nOops i-block %d is all rests! ", instrument);
         return MidiResult::NO_NOTES;
     }
-    const Survey survey = mark_as_notes(list);
     Track track{list, pfields};
-    const bool done = survey.in_order ? merge_sorted_events(track, survey.notes) : walk_events(track);
+    const bool done = make_track(track);
     print_trace(track.trace);
     track_size = track.size;
     return done ? MidiResult::NOTES : MidiResult::OUT_OF_MEMORY;
