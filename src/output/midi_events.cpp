@@ -32,7 +32,7 @@ namespace {
 constexpr float TICKS_PER_SECOND = 480.0F;
 constexpr int EVENT_BYTES = 3;                         // status, note, velocity
 constexpr double VELOCITY_FACTOR = 0.003875850703452;  // 127 / 32767
-constexpr float NOTE_OFF_AMPLITUDE = 15480.47265625F;  // a note-off shows as velocity 60
+constexpr float NOTE_OFF_VELOCITY = static_cast<float>(15480.47265625 * VELOCITY_FACTOR);  // 60
 constexpr float NOTE_COUNT = 128.0F;
 constexpr std::ptrdiff_t TRACE_SIZE = 16384;
 constexpr std::size_t SHORT_TEXT = 16;  // copied whole: a fixed size needs no call
@@ -105,9 +105,9 @@ void print_trace(Trace& trace) {
 }
 
 // Turns P4 into the velocity and P5 into the note, in the list itself: kept on purpose.
-void convert_event(ListNode& event) {
-    event.pf[0] = static_cast<float>(static_cast<double>(event.pf[0]) * VELOCITY_FACTOR);
-    event.pf[1] = mod(event.pf[1], NOTE_COUNT);
+void convert_note(ListNode& note) {
+    note.pf[0] = static_cast<float>(static_cast<double>(note.pf[0]) * VELOCITY_FACTOR);
+    note.pf[1] = mod(note.pf[1], NOTE_COUNT);
 }
 
 // Accounts for one event of the track: its bytes and its line of the trace.
@@ -126,7 +126,7 @@ ListNode* make_note_off(const ListNode& note, int pfields) {
     if (off == nullptr) return nullptr;
     off->code = NOTE_OFF_CODE;
     off->start = end_of(note);
-    off->pf[0] = NOTE_OFF_AMPLITUDE;
+    off->pf[0] = NOTE_OFF_VELOCITY;
     return off;
 }
 
@@ -147,8 +147,10 @@ bool walk_events(Track& track) {
     ListNode* event = track.list;
     do {
         event = event->next;
-        convert_event(*event);
-        if (event->code == NOTE_ON_CODE && !insert_note_off(track, *event)) return false;
+        if (event->code == NOTE_ON_CODE) {
+            convert_note(*event);
+            if (!insert_note_off(track, *event)) return false;
+        }
         add_event(track, *event);
     } while (event != track.list);
     return true;
@@ -216,6 +218,7 @@ bool merge_events(Track& track, Ending ending, std::size_t notes) {
     while (ended < notes) {
         if (started < notes && event->next->start <= end_of(*ending.note)) {
             event = event->next;
+            convert_note(*event);
             ++started;
         } else {
             ListNode* off = make_note_off(*ending.note, track.pfields);
@@ -223,7 +226,6 @@ bool merge_events(Track& track, Ending ending, std::size_t notes) {
             InsertEvent(off, event, track.list);
             if (++ended < notes) step(ending);
         }
-        convert_event(*event);
         add_event(track, *event);
     }
     return true;
