@@ -231,6 +231,26 @@ TEST_F(DoDdf, QueuesAfterTheStoreAndUndeviated) {
     EXPECT_NE(column(4)[1], 60.0F);
 }
 
+TEST_F(DoDdf, P3UsesNoMarkUpAndQueuesItWithEveryValue) {
+    begin_values(3);
+    begin_statement(3);
+    IN_LOOP = 1;
+    EXPECT_EQ(run(DdfKind::HO, "(-1 .5)"), 0);
+    IS_FUSED = 1;
+    EXPECT_EQ(run(DdfKind::HO, "(-2 2)"), 0);
+    EXPECT_EQ(queued(), Values({0.5F, 0, 2, 1, 2, 1}));
+    EXPECT_EQ(IS_FUSED, 1);
+}
+
+TEST_F(DoDdf, AMarkedValueOfP3CannotBeginTheQueue) {
+    begin_values(3);
+    begin_statement(3);
+    IN_LOOP = 1;
+    IS_FUSED = 1;
+    EXPECT_EQ(run(DdfKind::HO, "(-2 2)"), error::OUT_OF_MEMORY);
+    EXPECT_EQ(queued(), Values());
+}
+
 TEST_F(DoDdf, QueuesNothingOutsideALoop) {
     begin_values(2);
     EXPECT_EQ(run(DdfKind::HO, "(-2 60)"), 0);
