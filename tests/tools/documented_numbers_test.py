@@ -1,0 +1,49 @@
+#!/usr/bin/env python3
+"""The tables of errors and warnings in docs/manual.md show the texts that Vorn
+prints, by number, up to their first line end; and they show every one that some
+case expects."""
+
+import pathlib
+import re
+import sys
+
+MANUAL = pathlib.Path("docs/manual.md")
+SOURCE = pathlib.Path("src/input/message_table.cpp")
+STRING = r'"((?:[^"\\]|\\.)*)"'
+ENTRY = re.compile(r"\{(\d+),\s*((?:" + STRING + r"\s*)+)\}")
+ROW = re.compile(r"^\| (\d+) \| (.*?) \| (.+) \|$", re.MULTILINE)
+
+
+def table(name):
+    """The texts of one table in the source: number to first line."""
+    body = re.search(name + r"\[\] = \{(.*?)\n\};", SOURCE.read_text(), re.DOTALL)[1]
+    entries = ((int(entry[1]), "".join(re.findall(STRING, entry[2]))) for entry in ENTRY.finditer(body))
+    return {number: text.replace('\\"', '"').split("\\n")[0].strip() for number, text in entries}
+
+
+def section(heading):
+    return re.search(rf"^### {heading}$(.*?)(?=^#|\Z)", MANUAL.read_text(), re.MULTILINE | re.DOTALL)[1]
+
+
+def problems(heading, texts, expected):
+    rows = {int(number): text for number, text, _ in ROW.findall(section(heading))}
+    wrong = [f"{heading}: {number} reads {text!r}, not {texts.get(number)!r}"
+             for number, text in rows.items() if text != texts.get(number)]
+    wrong += [f"{heading}: {number} is missing, {text!r}"
+              for number, text in texts.items() if number not in rows and text in expected]
+    return wrong, len(rows)
+
+
+def main():
+    outcomes = pathlib.Path("tests/cases").glob("*/*/expected.err")
+    expected = "".join(path.read_text(errors="replace") for path in outcomes)
+    wrong_errors, errors = problems("Errors", table("ERROR_TABLE"), expected)
+    wrong_warnings, warnings = problems("Warnings", table("WARNING_TABLE"), expected)
+    wrong = wrong_errors + wrong_warnings
+    if errors == 0 or warnings == 0:
+        wrong.append("no rows found")
+    print("\n".join(wrong) or f"{errors} errors and {warnings} warnings are told as they are printed")
+    return 1 if wrong else 0
+
+
+sys.exit(main())
