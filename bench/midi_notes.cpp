@@ -100,16 +100,19 @@ void write_score(const std::string& name, Lengths lengths, long notes) {
     if (std::fclose(file) != 0) fail(name);
 }
 
-// Runs a program with standard error in a file; the processor time in seconds.
-// Negative where there is no such program.
+// Runs a program with standard error in a file, afresh: emptying what an earlier
+// run left would count as this one's time. The processor time in seconds,
+// negative where there is no such program.
 double run(const std::vector<const char*>& command, const std::string& errors) {
     std::vector<char*> argv;
     for (const char* word : command) argv.push_back(const_cast<char*>(word));
     argv.push_back(nullptr);
+    if (errors != "/dev/null") std::remove(errors.c_str());
+    std::remove(command.back());
     const pid_t child = fork();
     if (child < 0) fail("fork");
     if (child == 0) {
-        const int file = open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        const int file = open(errors.c_str(), O_WRONLY | O_CREAT, 0600);
         if (file < 0 || dup2(file, STDERR_FILENO) < 0) _exit(3);
         execvp(argv[0], argv.data());
         _exit(127);

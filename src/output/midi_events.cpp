@@ -16,14 +16,13 @@
 #include "output/midi_events.h"
 
 #include <bit>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
 
 #include "generators/arithmetic.h"
 #include "input/messages.h"
-#include "input/real_text.h"
+#include "output/midi_trace.h"
 
 namespace vorn {
 
@@ -33,26 +32,6 @@ constexpr float TICKS_PER_SECOND = 480.0F;
 constexpr int EVENT_BYTES = 3;                         // status, note, velocity
 constexpr double VELOCITY_FACTOR = 0.003875850703452;  // 127 / 32767
 constexpr float NOTE_OFF_VELOCITY = static_cast<float>(15480.47265625 * VELOCITY_FACTOR);  // 60
-constexpr float NOTE_COUNT = 128.0F;
-constexpr std::ptrdiff_t TRACE_SIZE = 16384;
-constexpr std::size_t SHORT_TEXT = 16;  // copied whole: a fixed size needs no call
-constexpr std::ptrdiff_t TRACE_LINE_SIZE = 4 * REAL_TEXT_SIZE + 32;  // the longest line of the trace
-
-// What a column of the trace showed last. Durations and velocities often repeat,
-// and a copy is quicker than new digits.
-struct Column {
-    float value = 0;
-    std::size_t size = 0;  // 0: nothing yet
-    char text[REAL_TEXT_SIZE];
-};
-
-// Lines of the trace, gathered because a block may hold millions of events.
-struct Trace {
-    Column duration;
-    Column velocity[2];  // of note-offs and of note-ons
-    char text[TRACE_SIZE];
-    char* end = text;
-};
 
 // The events as they are visited in playing order, and what that adds up to.
 struct Track {
@@ -60,54 +39,15 @@ struct Track {
     int pfields;
     float previous_start = 0;
     std::uint64_t size = 0;
-    Trace trace = {};
+    MidiTrace trace = {};
 };
 
 float end_of(const ListNode& note) { return note.start + note.dur; }
 
-template <std::size_t Size>
-char* put_text(char* to, const char (&text)[Size]) {
-    std::memcpy(to, text, Size - 1);
-    return to + Size - 1;
-}
-
-// A real as messages show it.
-char* put_real(char* to, float value) { return format_real(to, value, 7, 2); }
-
-char* put_column(char* to, float value, Column& column) {
-    if (column.size == 0 ||
-        std::bit_cast<std::uint32_t>(value) != std::bit_cast<std::uint32_t>(column.value)) {
-        column.value = value;
-        column.size = static_cast<std::size_t>(put_real(column.text, value) - column.text);
-    }
-    if (column.size <= SHORT_TEXT) {
-        std::memcpy(to, column.text, SHORT_TEXT);
-    } else {
-        std::memcpy(to, column.text, column.size);
-    }
-    return to + column.size;
-}
-
-// "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
-void put_event(Trace& trace, const ListNode& event) {
-    char* to = put_real(put_text(trace.end, "\n"), event.start);
-    to = put_column(put_text(to, "\t"), event.dur, trace.duration);
-    to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
-    to = put_real(to, event.pf[1]);
-    to = put_column(put_text(to, "\tV: "), event.pf[0], trace.velocity[event.code]);
-    trace.end = put_text(to, "\t");
-}
-
-void print_trace(Trace& trace) {
-    *trace.end = 0;
-    Mprintf("%s", trace.text);  // not silenced by SUPRESS: kept on purpose
-    trace.end = trace.text;
-}
-
 // Turns P4 into the velocity and P5 into the note, in the list itself: kept on purpose.
 void convert_note(ListNode& note) {
     note.pf[0] = static_cast<float>(static_cast<double>(note.pf[0]) * VELOCITY_FACTOR);
-    note.pf[1] = mod(note.pf[1], NOTE_COUNT);
+    note.pf[1] = mod(note.pf[1], MIDI_NOTES);
 }
 
 // Accounts for one event of the track: its bytes and its line of the trace.
@@ -115,8 +55,7 @@ void add_event(Track& track, const ListNode& event) {
     track.size +=
         static_cast<std::uint64_t>(VLSize(delta_ticks(track.previous_start, event.start)) + EVENT_BYTES);
     track.previous_start = event.start;
-    if (track.trace.text + TRACE_SIZE - track.trace.end < TRACE_LINE_SIZE) print_trace(track.trace);
-    put_event(track.trace, event);
+    trace_event(track.trace, event);
 }
 
 // The note-off of a converted note, not linked. It keeps the note's duration:

@@ -14,6 +14,8 @@ namespace vorn {
 constexpr std::uint32_t NOTE_OFF_CODE = 0;
 constexpr std::uint32_t NOTE_ON_CODE = 1;
 
+constexpr int MIDI_NOTES = 128;  // note numbers of a MIDI file
+
 constexpr std::uint64_t MAX_TICKS = 268'435'455;  // the largest number of four bytes of seven bits
 
 // Seconds in ticks of 1/480, cut to whole ones and to 0 ... MAX_TICKS.

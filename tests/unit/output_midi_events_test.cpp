@@ -404,6 +404,30 @@ TEST_F(List2MidiTest, TraceIsPrintedAlsoUnderS) {
               "\n12346.68\t   1.00\tOFF\tN:   -1.00\tV:   60.00\t");
 }
 
+TEST_F(List2MidiTest, TraceOfManyEventsIsThatOfEachOfThem) {
+    std::mt19937 random(4);
+    const float scales[] = {0.01F, 1, 1000, 1.0e9F, 1.0e37F};
+    std::vector<Note> notes(2000);
+    float start = 0;
+    for (Note& note : notes) {
+        const float number = static_cast<float>(random() % 1000) * (random() % 2 == 0 ? 0.25F : 1.0F);
+        note = {start, (1 + static_cast<float>(random() % 4)) * scales[random() % 5],
+                static_cast<float>(random() % 3) * scales[random() % 5],
+                random() % 4 == 0 ? -number : number};
+        start += static_cast<float>(random() % 5) / 4;
+    }
+    const std::string text = messages(notes);
+    std::string expected;
+    for (const Event& event : list()) {
+        char line[400];
+        const auto real = [](float value) { return static_cast<double>(value); };
+        std::snprintf(line, sizeof line, "\n%7.2f\t%7.2f\t%s\tN: %7.2f\tV: %7.2f\t", real(event.start),
+                      real(event.dur), event.code == 1 ? "ON" : "OFF", real(event.p5), real(event.p4));
+        expected += line;
+    }
+    EXPECT_EQ(text, expected);
+}
+
 TEST_F(List2MidiTest, TraceGoesToTheLogToo) {
     char* data = nullptr;
     std::size_t length = 0;
