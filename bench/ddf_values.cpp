@@ -12,23 +12,19 @@
 //     bench_ddf_values            1,000,000 events
 //     bench_ddf_values 100000     fewer
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <vector>
 
+#include "measure.h"
+
 namespace {
 
 constexpr int FIRST_GENERATED = 4;
-constexpr int LAST_GENERATED = 8;
+constexpr int LAST_GENERATED = LINE_VALUES + 1;
 constexpr int GENERATED = LAST_GENERATED - FIRST_GENERATED + 1;
 constexpr int ROUNDS = 3;       // the quickest counts
 constexpr double TARGET = 120;  // nanoseconds per value, on average over the kinds
@@ -55,37 +51,13 @@ constexpr Kind KINDS[] = {
     {"EX", "ex(T 1 [p2 / 100 + p3 * 3])"},
 };
 
-[[noreturn]] void fail(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
-// A new directory for the files of this run, removed with them at the end.
-struct Workplace {
-    std::string folder, score, output, printed;
-    Workplace() {
-        char name[] = "/tmp/vorn_bench_XXXXXX";
-        if (mkdtemp(name) == nullptr) fail("temporary directory");
-        folder = name;
-        score = folder + "/in.vorn";
-        output = folder + "/out.sco";
-        printed = folder + "/printed.sco";
-    }
-    ~Workplace() {
-        for (const std::string& name : {score, output, printed}) std::remove(name.c_str());
-        rmdir(folder.c_str());
-    }
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-};
-
 void write_block(const std::string& name, const Kind& kind, long events) {
     std::FILE* file = std::fopen(name.c_str(), "w");
-    if (file == nullptr) fail(name.c_str());
+    if (file == nullptr) fail(name);
     std::fprintf(file, "i1 = %d 0 -%ld {\np2 .1\np3 1\n", LAST_GENERATED, events);
     for (int p = FIRST_GENERATED; p <= LAST_GENERATED; ++p) std::fprintf(file, "p%d %s\n", p, kind.text);
     std::fprintf(file, "}\n");
-    if (std::fclose(file) != 0) fail(name.c_str());
+    if (std::fclose(file) != 0) fail(name);
 }
 
 // One statement of short functions of all shapes, each over two events of its own.
@@ -94,55 +66,19 @@ void write_short_functions(const std::string& name, int functions) {
                                      "ms(.1 1 [1] 2)",       "ho(-2 5)",        "rw(.1 1 0 1 .5 .5)",
                                      "ex(-2 1 [p2])",        "s2(-2 1 7)"};
     std::FILE* file = std::fopen(name.c_str(), "w");
-    if (file == nullptr) fail(name.c_str());
+    if (file == nullptr) fail(name);
     std::fprintf(file, "i1 = 4 0 -%d {\np2 .1\np3 1\np4", 2 * functions);
     for (int i = 0; i < functions; ++i)
         std::fprintf(file, "\n%s", SHORT[static_cast<std::size_t>(i) % std::size(SHORT)]);
     std::fprintf(file, "\n}\n");
-    if (std::fclose(file) != 0) fail(name.c_str());
-}
-
-// Runs the program in a process of its own; its processor time in seconds.
-double run_program(const std::string& in, const std::string& out) {
-    std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child < 0) fail("fork");
-    if (child == 0) {
-        if (std::freopen("/dev/null", "w", stderr) == nullptr) _exit(3);
-        execl(VORN_PROGRAM, VORN_PROGRAM, in.c_str(), out.c_str(), static_cast<char*>(nullptr));
-        _exit(3);
-    }
-    int status = 0;
-    rusage usage{};
-    if (wait4(child, &status, 0, &usage) != child) fail("wait4");
-    if (status != 0) {
-        std::fprintf(stderr, "%s failed\n", VORN_PROGRAM);
-        std::exit(2);
-    }
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    if (std::fclose(file) != 0) fail(name);
 }
 
 double quickest_run(const Workplace& place) {
     double best = 1e9;
     for (int round = 0; round < ROUNDS; ++round)
-        best = std::min(best, run_program(place.score, place.output));
+        best = std::min(best, run_vorn(place.file("in.vorn"), place.file("out.sco")).seconds);
     return best;
-}
-
-// --- the loop of fprintf calls ---
-
-double processor_seconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-std::string contents(const std::string& name) {
-    std::ifstream file(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // P2 to P8 of every line, as the program has written them.
@@ -159,22 +95,6 @@ std::vector<float> read_values(const std::string& score) {
     return values;
 }
 
-double print_lines(const std::vector<float>& values, const std::string& name) {
-    const double begin = processor_seconds();
-    std::FILE* file = std::fopen(name.c_str(), "w");
-    if (file == nullptr) fail(name.c_str());
-    std::fputs("\n;I-block #1 (i1):", file);
-    for (std::size_t at = 0; at < values.size(); at += GENERATED + 2) {
-        const float* line = &values[at];
-        std::fprintf(file, "\ni1 %8.3f %6.3f %9.3f %9.3f %9.3f %9.3f %9.3f ", double{line[0]},
-                     double{line[1]}, double{line[2]}, double{line[3]}, double{line[4]}, double{line[5]},
-                     double{line[6]});
-    }
-    std::fputs("\n\ne\n", file);
-    std::fclose(file);
-    return processor_seconds() - begin;
-}
-
 // --- the two tables ---
 
 // Whether the average cost of a value is on target and all lines are the same.
@@ -185,16 +105,16 @@ bool show_kinds(const Workplace& place, long events) {
     double printing_sum = 0;
     bool all_same = true;
     for (const Kind& kind : KINDS) {
-        write_block(place.score, kind, events);
+        write_block(place.file("in.vorn"), kind, events);
         const double seconds = quickest_run(place);
-        const std::string score = contents(place.output);
+        const std::string score = contents(place.file("out.sco"));
         const std::vector<float> lines = read_values(score);
         double printing = 1e9;
         for (int round = 0; round < ROUNDS; ++round) {
-            printing = std::min(printing, print_lines(lines, place.printed));
+            printing = std::min(printing, print_lines(lines, place.file("printed.sco")));
         }
-        const bool same = lines.size() == static_cast<std::size_t>(events) * (GENERATED + 2) &&
-                          score == contents(place.printed);
+        const bool same = lines.size() == static_cast<std::size_t>(events) * LINE_VALUES &&
+                          score == contents(place.file("printed.sco"));
         std::printf("%-26s %12.1f %16.1f %12s\n", kind.name, seconds / values * 1e9, printing / values * 1e9,
                     same ? "yes" : "NO");
         std::fflush(stdout);
@@ -212,7 +132,7 @@ bool show_kinds(const Workplace& place, long events) {
 void show_short_functions(const Workplace& place) {
     std::printf("\n%-26s %12s %16s\n", "functions in a statement", "seconds", "us/function");
     for (const int functions : {1'000, 10'000, 100'000, 1'000'000}) {
-        write_short_functions(place.score, functions);
+        write_short_functions(place.file("in.vorn"), functions);
         const double seconds = quickest_run(place);
         std::printf("%-26d %12.4f %16.3f\n", functions, seconds, seconds / functions * 1e6);
         std::fflush(stdout);

@@ -9,23 +9,19 @@
 //     bench_literal_block            10,000 to 10,000,000 events, then the comparison
 //     bench_literal_block 500000     the comparison alone, of that many events
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <ctime>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "measure.h"
+
 namespace {
 
-constexpr std::size_t PFIELDS = 8;
+constexpr std::size_t PFIELDS = LINE_VALUES + 1;
 constexpr int ROUNDS = 5;            // of the comparison; the quickest counts
 constexpr double BYTES_TARGET = 64;  // peak memory per event beyond 4 bytes for each p-field
 constexpr double RATIO_TARGET = 1.0 / 3.0;
@@ -60,36 +56,9 @@ Block make_block() {
     return block;
 }
 
-[[noreturn]] void fail(const char* what) {
-    std::perror(what);
-    std::exit(2);
-}
-
-// A new directory for the files of this run, removed with them at the end.
-struct Workplace {
-    std::string folder;
-    std::string score;    // the block
-    std::string output;   // what the program makes of it
-    std::string printed;  // what the loop of fprintf calls writes
-    Workplace() {
-        char name[] = "/tmp/vorn_bench_XXXXXX";
-        if (mkdtemp(name) == nullptr) fail("temporary directory");
-        folder = name;
-        score = folder + "/in.vorn";
-        output = folder + "/out.sco";
-        printed = folder + "/printed.sco";
-    }
-    ~Workplace() {
-        for (const std::string& name : {score, output, printed}) std::remove(name.c_str());
-        rmdir(folder.c_str());
-    }
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-};
-
 void write_score(const Block& block, std::uint64_t events, const std::string& name) {
     std::FILE* file = std::fopen(name.c_str(), "w");
-    if (file == nullptr) fail(name.c_str());
+    if (file == nullptr) fail(name);
     std::fprintf(file, "i1 = %d 0 -%llu {\n", static_cast<int>(PFIELDS),
                  static_cast<unsigned long long>(events));
     for (std::size_t i = 0; i < PFIELDS - 1; ++i) {
@@ -101,34 +70,6 @@ void write_score(const Block& block, std::uint64_t events, const std::string& na
     }
     std::fprintf(file, "}\n");
     std::fclose(file);
-}
-
-struct Cost {
-    double seconds;
-    double bytes;  // peak memory
-};
-
-// Runs the program in a process of its own.
-Cost run_program(const std::string& in, const std::string& out) {
-    std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child < 0) fail("fork");
-    if (child == 0) {
-        if (std::freopen("/dev/null", "w", stderr) == nullptr) _exit(3);
-        execl(VORN_PROGRAM, VORN_PROGRAM, in.c_str(), out.c_str(), static_cast<char*>(nullptr));
-        _exit(3);
-    }
-    int status = 0;
-    rusage usage{};
-    if (wait4(child, &status, 0, &usage) != child) fail("wait4");
-    if (status != 0) {
-        std::fprintf(stderr, "%s failed\n", VORN_PROGRAM);
-        std::exit(2);
-    }
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return {seconds(usage.ru_utime) + seconds(usage.ru_stime), static_cast<double>(usage.ru_maxrss) * 1024};
 }
 
 // --- the loop of fprintf calls ---
@@ -150,49 +91,13 @@ std::vector<float> make_lines(const Block& block, std::uint64_t events) {
     return values;
 }
 
-double processor_seconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-double print_lines(const std::vector<float>& values, const std::string& name) {
-    const double begin = processor_seconds();
-    std::FILE* file = std::fopen(name.c_str(), "w");
-    if (file == nullptr) fail(name.c_str());
-    std::fputs("\n;I-block #1 (i1):", file);
-    for (const float* line = values.data(); line != values.data() + values.size(); line += PFIELDS - 1) {
-        std::fprintf(file, "\ni1 %8.3f %6.3f %9.3f %9.3f %9.3f %9.3f %9.3f ", double{line[0]},
-                     double{line[1]}, double{line[2]}, double{line[3]}, double{line[4]}, double{line[5]},
-                     double{line[6]});
-    }
-    std::fputs("\n\ne\n", file);
-    std::fclose(file);
-    return processor_seconds() - begin;
-}
-
-bool same_contents(const std::string& one, const std::string& other) {
-    std::FILE* files[] = {std::fopen(one.c_str(), "r"), std::fopen(other.c_str(), "r")};
-    if (files[0] == nullptr || files[1] == nullptr) fail("result");
-    std::vector<char> parts[] = {std::vector<char>(1 << 16), std::vector<char>(1 << 16)};
-    bool same = true;
-    for (std::size_t size = 1; same && size > 0;) {
-        size = std::fread(parts[0].data(), 1, parts[0].size(), files[0]);
-        const std::size_t other_size = std::fread(parts[1].data(), 1, parts[1].size(), files[1]);
-        same = size == other_size && std::memcmp(parts[0].data(), parts[1].data(), size) == 0;
-    }
-    std::fclose(files[0]);
-    std::fclose(files[1]);
-    return same;
-}
-
 // --- the two tables ---
 
 void show_growth(const Block& block, const Workplace& place) {
     std::printf("%12s %10s %12s %28s\n", "events", "seconds", "ns/event", "bytes/event beyond p-fields");
     for (const std::uint64_t events : {10'000U, 100'000U, 1'000'000U, 10'000'000U}) {
-        write_score(block, events, place.score);
-        const Cost cost = run_program(place.score, place.output);
+        write_score(block, events, place.file("in.vorn"));
+        const Cost cost = run_vorn(place.file("in.vorn"), place.file("out.sco"));
         const auto count = static_cast<double>(events);
         std::printf("%12llu %10.3f %12.1f %28.1f\n", static_cast<unsigned long long>(events), cost.seconds,
                     cost.seconds / count * 1e9, cost.bytes / count - 4.0 * PFIELDS);
@@ -201,18 +106,18 @@ void show_growth(const Block& block, const Workplace& place) {
 }
 
 bool compare_with_printing(const Block& block, const Workplace& place, std::uint64_t events) {
-    write_score(block, events, place.score);
+    write_score(block, events, place.file("in.vorn"));
     // Before the values are made: a child is charged with what its parent holds.
-    const double bytes = run_program(place.score, place.output).bytes;
+    const double bytes = run_vorn(place.file("in.vorn"), place.file("out.sco")).bytes;
     const double beyond = bytes / static_cast<double>(events) - 4.0 * PFIELDS;
     const std::vector<float> values = make_lines(block, events);
     double program = 1e9;
     double printing = 1e9;
     for (int round = 0; round < ROUNDS; ++round) {
-        program = std::min(program, run_program(place.score, place.output).seconds);
-        printing = std::min(printing, print_lines(values, place.printed));
+        program = std::min(program, run_vorn(place.file("in.vorn"), place.file("out.sco")).seconds);
+        printing = std::min(printing, print_lines(values, place.file("printed.sco")));
     }
-    const bool same = same_contents(place.output, place.printed);
+    const bool same = contents(place.file("out.sco")) == contents(place.file("printed.sco"));
     std::printf("\n%llu events, quickest of %d rounds\n", static_cast<unsigned long long>(events), ROUNDS);
     std::printf("  whole program       %8.3f seconds\n", program);
     std::printf("  fprintf loop alone  %8.3f seconds\n", printing);

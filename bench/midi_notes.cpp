@@ -10,55 +10,19 @@
 //     bench_midi_notes            10,000 to 1,000,000 notes, then the comparison
 //     bench_midi_notes 500000     the comparison alone, of that many notes
 
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
-#include <vector>
+
+#include "measure.h"
 
 namespace {
 
 constexpr int ROUNDS = 5;                 // the quickest counts
 constexpr double TARGET = 300;            // nanoseconds per note
 constexpr int HUNDREDTHS_OVERLAP = 5000;  // starts are a hundredth of a second apart
-
-[[noreturn]] void fail(const std::string& what) {
-    std::perror(what.c_str());
-    std::exit(2);
-}
-
-// A new directory for the files of this run, removed with them at the end.
-struct Workplace {
-    std::string folder;
-    std::string score, midi, trace, text, copied, copied_text;
-    Workplace() {
-        char name[] = "/tmp/vorn_bench_XXXXXX";
-        if (mkdtemp(name) == nullptr) fail("temporary directory");
-        folder = name;
-        score = folder + "/in.vorn";
-        midi = folder + "/out.mid";
-        trace = folder + "/trace";
-        text = folder + "/out.csv";
-        copied = folder + "/copied.mid";
-        copied_text = folder + "/copied.csv";
-    }
-    ~Workplace() {
-        for (const std::string& name : {score, midi, trace, text, copied, copied_text}) {
-            std::remove(name.c_str());
-        }
-        rmdir(folder.c_str());
-    }
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-};
 
 enum class Lengths { LEGATO, OVERLAPPING, RANDOM };
 
@@ -100,60 +64,28 @@ void write_score(const std::string& name, Lengths lengths, long notes) {
     if (std::fclose(file) != 0) fail(name);
 }
 
-// Runs a program with standard error in a file, afresh: emptying what an earlier
-// run left would count as this one's time. The processor time in seconds,
-// negative where there is no such program.
-double run(const std::vector<const char*>& command, const std::string& errors) {
-    std::vector<char*> argv;
-    for (const char* word : command) argv.push_back(const_cast<char*>(word));
-    argv.push_back(nullptr);
-    if (errors != "/dev/null") std::remove(errors.c_str());
-    std::remove(command.back());
-    const pid_t child = fork();
-    if (child < 0) fail("fork");
-    if (child == 0) {
-        const int file = open(errors.c_str(), O_WRONLY | O_CREAT, 0600);
-        if (file < 0 || dup2(file, STDERR_FILENO) < 0) _exit(3);
-        execvp(argv[0], argv.data());
-        _exit(127);
-    }
-    int status = 0;
-    rusage usage{};
-    if (wait4(child, &status, 0, &usage) != child) fail("wait4");
-    if (WIFEXITED(status) && WEXITSTATUS(status) == 127) return -1;
-    if (status != 0) fail(command[0]);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-std::string read_file(const std::string& name) {
-    std::ifstream file(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 struct Times {
     double vorn;     // seconds
     double csvmidi;  // seconds; negative where it is missing or writes something else
 };
 
 Times measure(const Workplace& place, Lengths lengths, long notes, int rounds) {
-    write_score(place.score, lengths, notes);
+    const std::string score = place.file("in.vorn");
+    const std::string midi = place.file("out.mid");
+    const std::string text = place.file("out.csv");
+    const std::string copied = place.file("copied.mid");
+    const std::string copied_text = place.file("copied.csv");
+    write_score(score, lengths, notes);
     Times best{1e9, 1e9};
     for (int round = 0; round < rounds; ++round) {
-        best.vorn = std::min(best.vorn,
-                             run({VORN_PROGRAM, "-m", place.score.c_str(), place.midi.c_str()}, place.trace));
-        if (round == 0 && run({"midicsv", place.midi.c_str(), place.text.c_str()}, "/dev/null") < 0) {
-            best.csvmidi = -1;
-        }
-        if (best.csvmidi < 0) continue;
-        best.csvmidi =
-            std::min(best.csvmidi, run({"csvmidi", place.text.c_str(), place.copied.c_str()}, "/dev/null"));
+        const double vorn = run({VORN_PROGRAM, "-m", score, midi}, place.file("trace")).seconds;
+        best.vorn = std::min(best.vorn, vorn);
+        if (round == 0 && run({"midicsv", midi, text}).seconds < 0) best.csvmidi = -1;
+        if (best.csvmidi >= 0) best.csvmidi = std::min(best.csvmidi, run({"csvmidi", text, copied}).seconds);
     }
     if (best.csvmidi < 0) return best;
-    run({"midicsv", place.copied.c_str(), place.copied_text.c_str()}, "/dev/null");
-    if (read_file(place.text) != read_file(place.copied_text)) {
+    run({"midicsv", copied, copied_text});
+    if (contents(text) != contents(copied_text)) {
         std::printf("csvmidi wrote other notes\n");
         best.csvmidi = -1;
     }
