@@ -29,12 +29,13 @@ enum class Lengths { LEGATO, OVERLAPPING, RANDOM };
 struct Kind {
     const char* name;
     Lengths lengths;
+    bool has_target;
 };
 
 constexpr Kind KINDS[] = {
-    {"one after another", Lengths::LEGATO},
-    {"each lasting for 5,000 others", Lengths::OVERLAPPING},
-    {"of random lengths up to that", Lengths::RANDOM},
+    {"one after another", Lengths::LEGATO, true},
+    {"each lasting for 5,000 others", Lengths::OVERLAPPING, true},
+    {"of random lengths up to that", Lengths::RANDOM, false},
 };
 
 // A loop of random whole numbers, shown with their hundredths.
@@ -120,8 +121,10 @@ int main(int argc, char** argv) {
     }
     bool met = true;
     for (const Kind& kind : KINDS) {
-        met = print_row(kind.name, measure(place, kind.lengths, notes, ROUNDS), notes) && met;
+        const bool quick = print_row(kind.name, measure(place, kind.lengths, notes, ROUNDS), notes);
+        met = met && (quick || !kind.has_target);
     }
-    std::printf("\ntarget: under %.0f ns a note with vorn -m: %s\n", TARGET, met ? "met" : "missed");
-    return 0;
+    std::printf("\ntarget of the first two: under %.0f ns a note with vorn -m: %s\n", TARGET,
+                met ? "met" : "missed");
+    return met ? 0 : 1;
 }
