@@ -44,6 +44,11 @@ void add_operator(Equation& equation, char operation) {
     equation.behind_operator = true;
 }
 
+// Only blanks, tabs and line ends may stand among terms and operators, no other white space.
+void skip_gap(const char* text, std::int32_t& pos) {
+    while (text[pos] == ' ' || text[pos] == '\t' || text[pos] == '\n') ++pos;
+}
+
 bool is_operator(char c) { return c == '+' || c == '-' || c == '*' || c == '/' || c == '%'; }
 
 // A "+" or "-" begins a number only directly behind an operator.
@@ -143,7 +148,8 @@ int evaluate(double& value, const Equation& equation) {
 int parse_vequation(double& value, const char* text, std::int32_t& pos, std::uint64_t line) {
     Equation equation;
     ++pos;
-    for (skip_blanks(text, pos); text[pos] != ']'; skip_blanks(text, pos)) {
+    skip_blanks(text, pos);
+    for (; text[pos] != ']'; skip_gap(text, pos)) {
         if (const int result = get_item(equation, text, pos, line)) return result;
     }
     if (const int result = evaluate(value, equation)) return result;
