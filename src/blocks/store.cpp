@@ -37,10 +37,10 @@ int repeat_chord(Statement& statement, float value, std::uint64_t& extra) {
 }
 
 int store_pfield(Statement& statement, float value, ValueSource source, bool rest, std::uint64_t& extra) {
-    ListNode* const before = statement.cursor;
-    const bool chord = source == ValueSource::REPEAT && LUT != before;
+    const bool chord = source == ValueSource::REPEAT && LUT != statement.cursor;
     const int result = chord ? repeat_chord(statement, value, extra) : store_p4(statement, value);
-    if (result == 0 && rest) before->next->dur = -before->next->dur;
+    // The cursor is on the event that received the value: of a chord, the last.
+    if (result == 0 && rest) statement.cursor->dur = -statement.cursor->dur;
     return result;
 }
 
