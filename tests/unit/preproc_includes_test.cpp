@@ -119,6 +119,12 @@ TEST_F(Includes, HashHidesACommentStart) {
     EXPECT_EQ(copy("#> #include |a|"), "#> A");
 }
 
+TEST_F(Includes, CharacterBehindHashIBypassesCommentTracking) {
+    folder.write("a", "A");
+    EXPECT_EQ(copy("#i; #include |a|"), "#i; A");
+    EXPECT_EQ(copy("#i/* #include |a|"), "#i/* A") << "the \"i\" is the previous character";
+}
+
 TEST_F(Includes, CharacterBehindAHashIsRememberedAsThePreviousOne) {
     folder.write("a", "A");
     EXPECT_EQ(copy("#/* #include |a|"), "#/* #include |a|");
