@@ -8,3 +8,4 @@ add_custom_target(coverage
         --html-details ${PROJECT_BINARY_DIR}/coverage/index.html ${PROJECT_BINARY_DIR}
     WORKING_DIRECTORY ${PROJECT_BINARY_DIR}
     USES_TERMINAL VERBATIM)
+add_dependencies(coverage vorn_tests vorn)
