@@ -65,6 +65,8 @@ void limit(int resource, rlim_t value) {
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) std::signal(number, SIG_DFL);
     alarm(TIME_LIMIT);
     limit(RLIMIT_CORE, 0);
+    // Whatever runs the tests may have left descriptors of its own open.
+    close_range(STDERR_FILENO + 1, ~0U, 0);
     if (!limits.standard_streams) close_range(STDIN_FILENO, STDERR_FILENO, 0);
     if (limits.open_files != 0) limit(RLIMIT_NOFILE, limits.open_files);
     if (limits.file_size != 0) limit(RLIMIT_FSIZE, limits.file_size);

@@ -198,14 +198,14 @@ TEST_F(StoreValue, RestNegatesOnlyNoteNamesAndOnlyWhenAsked) {
     EXPECT_EQ(pfield(3), "1 1 1");
 }
 
-TEST_F(StoreValue, RestOfARepeatedChordNegatesItsFirstEvent) {
+TEST_F(StoreValue, RestOfARepeatedChordNegatesItsLastEvent) {
     enter(4, 3);
     IN_TYPE = CODE_NO;
     EXPECT_EQ(store(48, ValueSource::DATA, true), 0);
     fuse();
     EXPECT_EQ(store(-1, ValueSource::DATA, true), 0);
     EXPECT_EQ(store(-1, ValueSource::REPEAT, true), 0);
-    EXPECT_EQ(events(4), "0 1 0 48, 0 -1 1 -1, 1 -1 0 48, 1 1 1 -1, 2 1 0 0");
+    EXPECT_EQ(events(4), "0 1 0 48, 0 -1 1 -1, 1 1 0 48, 1 -1 1 -1, 2 1 0 0");
 }
 
 TEST_F(StoreValue, NoMoreValuesThanABlockMayHaveEvents) {
