@@ -29,7 +29,7 @@ public:
     }
 
     // A ";" comment ends with its line.
-    void end_line() {
+    void end_line() const {
         if (!block_) IN_COMMENT = 0;
     }
 

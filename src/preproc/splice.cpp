@@ -1,5 +1,6 @@
 #include "preproc/splice.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "input/reader.h"
@@ -16,7 +17,7 @@ bool splice(char* text, std::int32_t start, std::int32_t end, const char* insert
     const std::size_t rest = std::strlen(text + end);
     if (static_cast<std::size_t>(start) + length + rest >= LINE_SIZE) return false;
     std::memmove(text + start + length, text + end, rest + 1);
-    std::memcpy(text + start, inserted, length);
+    std::copy_n(inserted, length, text + start);
     return true;
 }
 
