@@ -19,10 +19,15 @@ MessageBuffer MESSAGES;
 
 namespace {
 
+// To standard error and to the log.
+void write_text(const char* text, std::size_t size) {
+    std::fwrite(text, 1, size, std_err);
+    if (MKLOG && fllog != nullptr) std::fwrite(text, 1, size, fllog);
+}
+
 void flush_messages() {
     if (MESSAGES.used == 0) return;
-    std::fwrite(MESSAGES.data, 1, MESSAGES.used, std_err);
-    if (MKLOG && fllog != nullptr) std::fwrite(MESSAGES.data, 1, MESSAGES.used, fllog);
+    write_text(MESSAGES.data, MESSAGES.used);
     MESSAGES.used = 0;
 }
 
@@ -113,6 +118,11 @@ void write_message(const char* format, std::initializer_list<MessageValue> value
         at = percent + 2;
     }
     if (MESSAGES.held == 0) flush_messages();
+}
+
+void print_text(const char* text, std::size_t size) {
+    flush_messages();
+    write_text(text, size);
 }
 
 MessageBatch::MessageBatch() { ++MESSAGES.held; }

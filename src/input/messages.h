@@ -37,6 +37,9 @@ void Mprintf(const char* format, const Values&... values) {
     write_message(format, {MessageValue(values)...});
 }
 
+// A text of `size` bytes as it stands, behind all messages before it.
+void print_text(const char* text, std::size_t size);
+
 // Messages composed and not yet written. Written by the routines below only.
 struct MessageBuffer {
     std::size_t used = 0;  // bytes waiting in data

@@ -16,7 +16,7 @@ struct Arena {
     ArenaChunk* newest = nullptr;  // null when nothing is held
 };
 
-constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 20;
+constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 21;  // also the alignment of a chunk
 constexpr std::size_t ARENA_LARGEST = std::size_t{1} << 16;  // bytes of one piece
 
 // `size` zeroed bytes, aligned for pointers; null when memory is exhausted or

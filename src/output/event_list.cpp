@@ -5,10 +5,11 @@
 // a fused event (code 1) stands right behind the event whose start it shares.
 // An event and its values are one piece of the arena:
 //
-//     | code start dur beat pf next | P4 P5 ... Pn and three spare values |
+//     | code start dur beat pf next | P4 P5 ... Pn |
 //
-// so a block of n p-fields costs 32 + 4n bytes for each event, and events that
-// follow each other in the list mostly follow each other in memory.
+// with room for P4 and P5 at least, which the MIDI pass needs. A block of n
+// p-fields costs 20 + 4n bytes for each event, rounded up to whole pointers, and
+// events that follow each other in the list mostly follow each other in memory.
 //
 // Example: the P2 values 1 : 2 1 at tempo 60 give starts 0, 0 and 2, since the
 // larger interval of a chord is the one that counts.
@@ -29,11 +30,15 @@ ListNode* LUT = nullptr;
 float last_dur = 0.0F;
 Arena event_arena;
 std::uint64_t event_nodes = 0;
+bool event_codes_set = false;
 
 namespace {
 
 // P4 to Pn.
 std::size_t value_count(int pfields) { return static_cast<std::size_t>(pfields - 3); }
+
+// Values that an event has room for: also a block without P4 and P5 has them in the MIDI pass.
+std::size_t value_room(int pfields) { return value_count(pfields < 5 ? 5 : pfields); }
 
 std::size_t value_index(int pfield) { return static_cast<std::size_t>(pfield - 4); }
 
@@ -50,6 +55,7 @@ bool store_fused(ListNode*& cursor, ListNode*& list, int pfield, int pfields, fl
     if (node == nullptr) return false;
     node->pf[value_index(pfield)] = value;
     node->code = 1;
+    event_codes_set = true;
     InsertEvent(node, cursor, list);
     return true;
 }
@@ -99,7 +105,7 @@ bool is_rest(const ListNode* node) { return node->dur <= 0.0F; }
 
 ListNode* GetListNode(int pfields) {
     if (event_nodes >= MAX_EVENTS) return nullptr;
-    const std::size_t values = static_cast<std::size_t>(pfields) * sizeof(float);
+    const std::size_t values = value_room(pfields) * sizeof(float);
     void* memory = arena_allocate(event_arena, sizeof(ListNode) + values);
     if (memory == nullptr) return nullptr;
     ++event_nodes;
@@ -121,6 +127,7 @@ bool InsertBegTime(ListNode*& list, int pfields, int& fused, float value, float 
         last_dur = interval;
     } else if (fused != 0) {
         node->code = 1;
+        event_codes_set = true;
         node->start = list->start;
         node->beat = list->beat;
         if (interval > last_dur) last_dur = interval;
@@ -187,13 +194,14 @@ ListNode* InsertEvent(ListNode* node, ListNode*& cursor, ListNode*& list) {
 }
 
 void ClearLFusedCode(ListNode* list) {
-    if (list == nullptr) return;
+    if (list == nullptr || !event_codes_set) return;
     ListNode* node = list;
     do {
         node = node->next;
         read_ahead(node);
         node->code = 0;
     } while (node != list);
+    event_codes_set = false;
 }
 
 std::uint64_t ListSize(float& first_beat, float& last_beat, const ListNode* cursor, const ListNode* list,
@@ -255,13 +263,13 @@ bool RemoveRests(ListNode*& list, EventCounts counts) {
 
 bool GrowPfields(ListNode* list, int old_pfields, int pfields) {
     if (list == nullptr || pfields <= old_pfields) return true;
-    const std::size_t size = static_cast<std::size_t>(pfields) * sizeof(float);
+    const std::size_t size = value_room(pfields) * sizeof(float);
     ListNode* node = list;
     do {
         node = node->next;
         void* values = arena_allocate(event_arena, size);
         if (values == nullptr) return false;
-        std::memcpy(values, node->pf, static_cast<std::size_t>(old_pfields) * sizeof(float));
+        std::memcpy(values, node->pf, value_room(old_pfields) * sizeof(float));
         node->pf = static_cast<float*>(values);
     } while (node != list);
     return true;
@@ -284,6 +292,7 @@ void TraverseList(const ListNode* list, int pfields, std::FILE* stream) {
 void FreeListNodes(ListNode*& list) {
     arena_release(event_arena);
     event_nodes = 0;
+    event_codes_set = false;
     list = nullptr;
     LUT = nullptr;
 }

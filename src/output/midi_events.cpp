@@ -183,6 +183,7 @@ Survey mark_as_notes(ListNode* list) {
     Survey survey;
     float previous_start = 0;
     float previous_end = 0;
+    event_codes_set = true;
     ListNode* event = list;
     do {
         event = event->next;

@@ -4,8 +4,7 @@
 //     "\n   0.00\t   1.00\tON\tN:   60.00\tV:   62.01\t"
 //
 // The line feed comes first and a tab last, so the trace continues whatever
-// message stands before it. Invariant: the text has room for one more line and a
-// terminating zero.
+// message stands before it. Invariant: the text has room for one more line.
 
 #include "output/midi_trace.h"
 
@@ -48,7 +47,7 @@ char* put_real(char* to, float value, ShownReal& shown) {
 // "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
 char* put_event(MidiTrace& trace, char* to, const ListNode& event) {
     const int note = to_int32(double{event.pf[1]}) & (MIDI_NOTES - 1);
-    to = put_real(put_text(to, "\n"), event.start);
+    to = put_real(put_text(to, "\n"), event.start, trace.start);
     to = put_real(put_text(to, "\t"), event.dur, trace.duration);
     to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
     to = put_real(to, event.pf[1], trace.notes[note]);
@@ -65,8 +64,7 @@ void trace_event(MidiTrace& trace, const ListNode& event) {
 }
 
 void print_trace(MidiTrace& trace) {
-    trace.text[trace.used] = 0;
-    Mprintf("%s", trace.text);  // not silenced by SUPRESS: kept on purpose
+    print_text(trace.text, trace.used);  // not silenced by SUPRESS: kept on purpose
     trace.used = 0;
 }
 

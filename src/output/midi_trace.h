@@ -10,8 +10,8 @@
 
 namespace vorn {
 
-// A real that the trace showed before. Durations, notes and velocities repeat, and
-// a copy is quicker than new digits.
+// A real that the trace showed before. Starts, durations, notes and velocities
+// repeat, and a copy is quicker than new digits.
 struct ShownReal {
     float value = 0;
     std::size_t size = 0;  // 0: nothing yet
@@ -20,8 +20,9 @@ struct ShownReal {
 
 // Lines gathered and not yet printed, because a block may hold millions of events.
 struct MidiTrace {
-    static constexpr std::size_t SIZE = 16384;
+    static constexpr std::size_t SIZE = 65536;
 
+    ShownReal start;
     ShownReal duration;
     ShownReal velocity[2];        // of note-offs and of note-ons
     ShownReal notes[MIDI_NOTES];  // by their whole numbers

@@ -108,6 +108,7 @@ TEST_F(Pfield, EventsIsTheNumberThatP2Made) {
 TEST_F(Pfield, NewStatementStartsAfresh) {
     enter(3);
     note_list->code = 1;
+    vorn::event_codes_set = true;
     IN_TYPE = CODE_NO;
     OUT_TYPE = CODE_HZ;
     IS_FUSED = IN_LOOP = WROTE_DATA = 1;

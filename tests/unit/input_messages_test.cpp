@@ -136,13 +136,15 @@ TEST(Log, HoldsEveryMessageAndEveryEcho) {
     error_no(1000, 12, "boo", 2);
     warning_no(2, 3, "y", 0);
     warning_no(19, 3, "y", 1);
+    vorn::print_text("\nlast", 5);
     const std::string expected =
         "3 events"
         "\nERROR: Reached end-of-file before \"}\" was found.\n\n"
         "\n\nERROR: Line 12:Invalid G-block command or character.\nboo\n ^\n"
         "boo\n  ^\n"
         "\nWARNING: I-block skipped! (i-no < 0)"
-        "\n\nWARNING: Line 3:Are you sure you want that many p-fields?!\ny\n ^\n";
+        "\n\nWARNING: Line 3:Are you sure you want that many p-fields?!\ny\n ^\n"
+        "\nlast";
     EXPECT_EQ(messages.text(), expected);
     EXPECT_EQ(log.text(), expected);
 }
@@ -257,6 +259,25 @@ TEST(PutBuff, AFullLineFits) {
     const std::string line(vorn::LINE_SIZE - 1, '\n');
     const std::string expected = std::string(line.size(), 'L') + "\n" + std::string(line.size(), ' ') + "^\n";
     EXPECT_EQ(echoed(line.c_str(), static_cast<std::int32_t>(line.size())), expected);
+}
+
+// --- whole texts ---
+
+TEST(PrintText, PrintsTheBytesAsTheyAre) {
+    MessageCapture messages;
+    vorn::print_text("50%d\t-", 5);
+    EXPECT_EQ(messages.text(), "50%d\t");
+}
+
+TEST(PrintText, StandsBehindTheMessagesOfABatch) {
+    MessageCapture messages;
+    {
+        const MessageBatch batch;
+        Mprintf("before");
+        vorn::print_text("text", 4);
+        Mprintf("after");
+    }
+    EXPECT_EQ(messages.text(), "beforetextafter");
 }
 
 // --- batches ---

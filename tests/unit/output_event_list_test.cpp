@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <initializer_list>
 #include <limits>
@@ -140,19 +142,30 @@ TEST_F(GetListNode, HasZeroedFieldsAndValues) {
     for (int i = 0; i < PFIELDS; ++i) EXPECT_EQ(node->pf[i], 0.0F);
 }
 
-TEST_F(GetListNode, HasMaxPfieldsValues) {
-    // More than the three that are used: writing all six must not reach the next event.
-    ListNode* first = vorn::GetListNode(PFIELDS);
-    const ListNode* second = vorn::GetListNode(PFIELDS);
-    for (int i = 0; i < PFIELDS; ++i) first->pf[i] = 1.0F;
-    EXPECT_EQ(second->code, 0U);
-    EXPECT_EQ(second->pf[0], 0.0F);
+TEST_F(GetListNode, WritingAllItsValuesDoesNotReachTheNextEvent) {
+    for (const int pfields : {3, 4, 5, 6, 7, 8, 128}) {
+        ListNode* first = vorn::GetListNode(pfields);
+        const ListNode* second = vorn::GetListNode(pfields);
+        // A block of three or four has P4 and P5 too, for the MIDI pass.
+        const int values = std::max(pfields - 3, 2);
+        for (int i = 0; i < values; ++i) first->pf[i] = 1.0F;
+        EXPECT_EQ(second->code, 0U) << pfields;
+        EXPECT_EQ(second->start, 0.0F) << pfields;
+        EXPECT_EQ(second->pf[0], 0.0F) << pfields;
+    }
 }
 
-TEST_F(GetListNode, CostsThirtyTwoBytesAndItsValues) {
-    const ListNode* first = vorn::GetListNode(8);
-    const ListNode* second = vorn::GetListNode(8);
-    EXPECT_EQ(reinterpret_cast<const char*>(second) - reinterpret_cast<const char*>(first), 32 + 4 * 8);
+TEST_F(GetListNode, CostsThirtyTwoBytesAndItsValuesInWholePointers) {
+    const auto cost = [](int pfields) {
+        const ListNode* first = vorn::GetListNode(pfields);
+        const ListNode* second = vorn::GetListNode(pfields);
+        return reinterpret_cast<const char*>(second) - reinterpret_cast<const char*>(first);
+    };
+    EXPECT_EQ(cost(3), 32 + 4 * 2);
+    EXPECT_EQ(cost(5), 32 + 4 * 2);
+    EXPECT_EQ(cost(6), 32 + 4 * 4);
+    EXPECT_EQ(cost(8), 32 + 4 * 6);
+    EXPECT_EQ(cost(9), 32 + 4 * 6);
 }
 
 TEST_F(GetListNode, RefusesMoreEventsThanABlockMayHave) {
@@ -519,6 +532,34 @@ TEST_F(ClearLFusedCode, ClearsEveryEvent) {
     insert_fused(1.0F);
     vorn::ClearLFusedCode(note_list);
     EXPECT_EQ(codes(), (Codes{0, 0, 0}));
+}
+
+TEST_F(ClearLFusedCode, ClearsTheCodesOfEveryKindOfChord) {
+    make_events(3);
+    store(1.0F);
+    store_fused(2.0F);
+    EXPECT_EQ(codes(), (Codes{0, 1, 0, 0}));
+    vorn::ClearLFusedCode(note_list);
+    EXPECT_EQ(codes(), (Codes{0, 0, 0, 0}));
+    cursor = note_list;
+    store(1.0F);
+    store_fused(2.0F);
+    repeat_chord();
+    EXPECT_EQ(codes(), (Codes{0, 1, 0, 1, 0, 0}));
+    vorn::ClearLFusedCode(note_list);
+    EXPECT_EQ(codes(), (Codes{0, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(ClearLFusedCode, ClearsTheCodesOfAListMadeBehindAReleasedOne) {
+    insert(1.0F);
+    insert_fused(1.0F);
+    vorn::FreeListNodes(note_list);
+    insert(1.0F);
+    vorn::ClearLFusedCode(note_list);
+    insert_fused(1.0F);
+    EXPECT_EQ(codes(), (Codes{0, 1}));
+    vorn::ClearLFusedCode(note_list);
+    EXPECT_EQ(codes(), (Codes{0, 0}));
 }
 
 TEST_F(ClearLFusedCode, AcceptsAnEmptyList) { vorn::ClearLFusedCode(nullptr); }
