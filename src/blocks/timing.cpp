@@ -26,7 +26,7 @@ namespace vorn {
 namespace {
 
 // The p3 codes in falling order of their base; the last serves all that is left.
-constexpr int P3_CODES[] = {1000, 400, 300, 200, 0};
+constexpr float P3_CODES[] = {1000, 400, 300, 200, 0};
 
 float duration_by_code(const Reader& reader, int code, float interval, float n) {
     switch (code) {
@@ -92,13 +92,14 @@ float adjust(float value) {
 
 float extract_p3val(float value, int& code) {
     const float magnitude = std::fabs(value);
-    code = 0;
-    for (const int base : P3_CODES) {
-        if (magnitude < static_cast<float>(base)) continue;
-        code = base;
+    float base = 0;
+    for (const float next : P3_CODES) {
+        if (magnitude < next) continue;
+        base = next;
         break;
     }
-    const float n = magnitude - static_cast<float>(code);
+    code = static_cast<int>(base);
+    const float n = magnitude - base;
     return value < 0 ? -n : n;
 }
 

@@ -41,7 +41,7 @@ extern ListNode* LUT;  // the event that was last given a value from data rather
 extern float last_dur;     // seconds: the largest |interval| of the last start time; written by InsertBegTime
 extern Arena event_arena;  // holds every event of the current block
 extern std::uint64_t event_nodes;  // events taken from event_arena since it was last released
-extern bool event_codes_set;       // an event may have a code other than 0; tells whether there is one to clear
+extern bool event_codes_set;       // false: every event has code 0
 
 // A new zeroed event with room for pfields values, not linked; null when memory
 // or MAX_EVENTS is exhausted.

@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <cstring>
 
-#include "generators/arithmetic.h"
 #include "input/messages.h"
 
 namespace vorn {
@@ -20,7 +19,6 @@ namespace vorn {
 namespace {
 
 constexpr std::size_t LINE_SIZE_MAX = 4 * REAL_TEXT_SIZE + 32;
-constexpr std::size_t SHORT_TEXT = 16;  // copied whole: a fixed size needs no call
 
 template <std::size_t Size>
 char* put_text(char* to, const char (&text)[Size]) {
@@ -28,30 +26,40 @@ char* put_text(char* to, const char (&text)[Size]) {
     return to + Size - 1;
 }
 
+// Bits of a value spread over the places of MidiTrace::shown: multiplicative
+// hashing by the golden ratio (D. E. Knuth, 1973).
+std::size_t place_of(std::uint32_t bits) {
+    constexpr std::uint32_t GOLDEN_RATIO = 0x9E3779B1;
+    return bits * GOLDEN_RATIO >> (32 - MidiTrace::SHOWN_BITS);
+}
+
 // As messages show a real.
 char* put_real(char* to, float value) { return format_real(to, value, 7, 2); }
 
-char* put_real(char* to, float value, ShownReal& shown) {
-    if (shown.size == 0 || std::bit_cast<std::uint32_t>(value) != std::bit_cast<std::uint32_t>(shown.value)) {
-        shown.value = value;
-        shown.size = static_cast<std::size_t>(put_real(shown.text, value) - shown.text);
+// The same for a value that may well have been shown before.
+char* put_shown(char* to, float value, MidiTrace& trace) {
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    ShownReal& shown = trace.shown[place_of(bits)];
+    if (shown.size != 0 && std::bit_cast<std::uint32_t>(shown.value) == bits) {
+        std::memcpy(to, shown.text, sizeof shown.text);  // a fixed size needs no call
+        return to + shown.size;
     }
-    if (shown.size <= SHORT_TEXT) {
-        std::memcpy(to, shown.text, SHORT_TEXT);
-    } else {
-        std::memcpy(to, shown.text, shown.size);
-    }
-    return to + shown.size;
+    char* const end = put_real(to, value);
+    const auto size = static_cast<std::size_t>(end - to);
+    if (size > sizeof shown.text) return end;
+    shown.value = value;
+    shown.size = static_cast<std::uint32_t>(size);
+    std::memcpy(shown.text, to, sizeof shown.text);
+    return end;
 }
 
 // "\n" start "\t" dur "\t" ON or OFF "\tN: " note "\tV: " velocity "\t"
 char* put_event(MidiTrace& trace, char* to, const ListNode& event) {
-    const int note = to_int32(double{event.pf[1]}) & (MIDI_NOTES - 1);
-    to = put_real(put_text(to, "\n"), event.start, trace.start);
-    to = put_real(put_text(to, "\t"), event.dur, trace.duration);
+    to = put_real(put_text(to, "\n"), event.start);
+    to = put_shown(put_text(to, "\t"), event.dur, trace);
     to = event.code == NOTE_ON_CODE ? put_text(to, "\tON\tN: ") : put_text(to, "\tOFF\tN: ");
-    to = put_real(to, event.pf[1], trace.notes[note]);
-    to = put_real(put_text(to, "\tV: "), event.pf[0], trace.velocity[event.code]);
+    to = put_shown(to, event.pf[1], trace);
+    to = put_shown(put_text(to, "\tV: "), event.pf[0], trace);
     return put_text(to, "\t");
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "input/real_text.h"
 #include "output/event_list.h"
@@ -10,23 +11,24 @@
 
 namespace vorn {
 
-// A real that the trace showed before. Starts, durations, notes and velocities
-// repeat, and a copy is quicker than new digits.
+// A real that the trace showed before. The same few durations, notes and
+// velocities come again and again, and a copy is quicker than new digits.
 struct ShownReal {
+    static constexpr std::size_t TEXT_SIZE = 16;  // longer texts are not kept
+
     float value = 0;
-    std::size_t size = 0;  // 0: nothing yet
-    char text[REAL_TEXT_SIZE];
+    std::uint32_t size = 0;  // 0: nothing yet
+    char text[TEXT_SIZE];
 };
 
 // Lines gathered and not yet printed, because a block may hold millions of events.
 struct MidiTrace {
     static constexpr std::size_t SIZE = 65536;
 
-    ShownReal start;
-    ShownReal duration;
-    ShownReal velocity[2];        // of note-offs and of note-ons
-    ShownReal notes[MIDI_NOTES];  // by their whole numbers
-    std::size_t used = 0;         // bytes of text
+    static constexpr int SHOWN_BITS = 10;
+
+    ShownReal shown[1 << SHOWN_BITS];  // by a hash of the value; the latest is kept
+    std::size_t used = 0;              // bytes of text
     char text[SIZE];
 };
 
