@@ -24,10 +24,11 @@ struct ArenaChunk {
 namespace {
 
 constexpr std::size_t ALIGNMENT = alignof(void*);
+constexpr std::size_t LARGE_PAGE = std::size_t{1} << 21;  // bytes, on most processors
 
-// Asks for one large page in place of hundreds of small ones, each of which costs
-// a fault when it is first touched. Where there are none, nothing changes.
-void ask_for_large_page(void* chunk) {
+// Asks for large pages in place of thousands of small ones, each of which costs a
+// fault when it is first touched. Where there are none, nothing changes.
+void ask_for_large_pages(void* chunk) {
 #ifdef MADV_HUGEPAGE
     madvise(chunk, ARENA_CHUNK_SIZE, MADV_HUGEPAGE);
 #else
@@ -36,10 +37,10 @@ void ask_for_large_page(void* chunk) {
 }
 
 bool add_chunk(Arena& arena) {
-    void* memory = std::aligned_alloc(ARENA_CHUNK_SIZE, ARENA_CHUNK_SIZE);
+    void* memory = std::aligned_alloc(LARGE_PAGE, ARENA_CHUNK_SIZE);
     if (memory == nullptr) return false;
-    // Most blocks fit into a part of one chunk, for which a large page would be too much.
-    if (arena.newest != nullptr) ask_for_large_page(memory);
+    // Most blocks take a small part of one chunk: for them a large page is too much.
+    if (arena.newest != nullptr) ask_for_large_pages(memory);
     auto* chunk = static_cast<ArenaChunk*>(memory);
     chunk->older = arena.newest;
     arena.newest = chunk;

@@ -16,8 +16,8 @@ struct Arena {
     ArenaChunk* newest = nullptr;  // null when nothing is held
 };
 
-constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 21;  // also the alignment of a chunk
-constexpr std::size_t ARENA_LARGEST = std::size_t{1} << 16;     // bytes of one piece
+constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 23;
+constexpr std::size_t ARENA_LARGEST = std::size_t{1} << 16;  // bytes of one piece
 
 // `size` zeroed bytes, aligned for pointers; null when memory is exhausted or
 // the piece is larger than ARENA_LARGEST.

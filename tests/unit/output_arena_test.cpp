@@ -27,8 +27,9 @@ bool is_zero(const void* bytes, std::size_t size) {
 }  // namespace
 
 TEST_F(ArenaTest, PiecesAreZeroedAlsoInMemoryUsedBefore) {
+    constexpr int PIECES = 2 * vorn::ARENA_CHUNK_SIZE / 544;
     for (int round = 0; round < 2; ++round) {
-        for (int i = 0; i < 5000; ++i) {
+        for (int i = 0; i < PIECES; ++i) {
             void* piece = arena_allocate(arena, 544);
             ASSERT_NE(piece, nullptr);
             ASSERT_TRUE(is_zero(piece, 544)) << "round " << round << " piece " << i;
@@ -51,7 +52,7 @@ TEST_F(ArenaTest, PiecesOfOneChunkFollowEachOther) {
 }
 
 TEST_F(ArenaTest, PiecesKeepTheirContentsAcrossChunks) {
-    constexpr int PIECES = 100;
+    constexpr int PIECES = 2 * vorn::ARENA_CHUNK_SIZE / vorn::ARENA_LARGEST;
     std::uint32_t* pieces[PIECES];
     for (std::uint32_t i = 0; i < PIECES; ++i) {
         pieces[i] = static_cast<std::uint32_t*>(arena_allocate(arena, vorn::ARENA_LARGEST));
