@@ -36,16 +36,22 @@ void ask_for_large_pages(void* chunk) {
 #endif
 }
 
-bool add_chunk(Arena& arena) {
+void* make_large_chunk() {
     void* memory = std::aligned_alloc(LARGE_PAGE, ARENA_CHUNK_SIZE);
+    if (memory != nullptr) ask_for_large_pages(memory);
+    return memory;
+}
+
+bool add_chunk(Arena& arena) {
+    const bool first = arena.newest == nullptr;
+    const std::size_t size = first ? ARENA_FIRST_CHUNK : ARENA_CHUNK_SIZE;
+    void* memory = first ? std::malloc(size) : make_large_chunk();
     if (memory == nullptr) return false;
-    // Most blocks take a small part of one chunk: for them a large page is too much.
-    if (arena.newest != nullptr) ask_for_large_pages(memory);
     auto* chunk = static_cast<ArenaChunk*>(memory);
     chunk->older = arena.newest;
     arena.newest = chunk;
     arena.next = static_cast<char*>(memory) + sizeof(ArenaChunk);
-    arena.left = ARENA_CHUNK_SIZE - sizeof(ArenaChunk);
+    arena.left = size - sizeof(ArenaChunk);
     return true;
 }
 

@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-// Memory that is taken in small pieces and released as a whole. It comes in
-// chunks of one size that never double, so that a block of n bytes costs n bytes
-// and at most one chunk more.
+// Memory that is taken in small pieces and released as a whole. It comes in a
+// small chunk and then in large ones that never double, so that n bytes cost n
+// bytes and at most one large chunk more.
 
 namespace vorn {
 
@@ -16,8 +16,9 @@ struct Arena {
     ArenaChunk* newest = nullptr;  // null when nothing is held
 };
 
-constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 23;
-constexpr std::size_t ARENA_LARGEST = std::size_t{1} << 16;  // bytes of one piece
+constexpr std::size_t ARENA_FIRST_CHUNK = std::size_t{1} << 18;
+constexpr std::size_t ARENA_CHUNK_SIZE = std::size_t{1} << 23;  // of all others
+constexpr std::size_t ARENA_LARGEST = std::size_t{1} << 16;     // bytes of one piece
 
 // `size` zeroed bytes, aligned for pointers; null when memory is exhausted or
 // the piece is larger than ARENA_LARGEST.

@@ -139,7 +139,7 @@ TEST_F(GetListNode, HasZeroedFieldsAndValues) {
     EXPECT_EQ(node->dur, 0.0F);
     EXPECT_EQ(node->beat, 0.0F);
     EXPECT_EQ(node->next, nullptr);
-    for (int i = 0; i < PFIELDS; ++i) EXPECT_EQ(node->pf[i], 0.0F);
+    for (int i = 0; i < PFIELDS - 3; ++i) EXPECT_EQ(node->pf[i], 0.0F);
 }
 
 TEST_F(GetListNode, WritingAllItsValuesDoesNotReachTheNextEvent) {
