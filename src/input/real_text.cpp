@@ -9,7 +9,7 @@
 // lowest byte, and stored with one instruction. More may be stored than counts;
 // what follows overwrites it. Nearly all numbers of a score have at most eight
 // digits; longer ones are put together from two words, and the library writes
-// huge values, infinities and not-a-number.
+// huge values and infinities.
 
 #include "input/real_text.h"
 
@@ -111,11 +111,19 @@ char* put_long(char* to, const Figure& figure) {
     return put_decimals(to + shown, ZEROS + lower, figure.decimals);
 }
 
+// Whether a value that is not a number has a sign depends on the processor that
+// made it. All are written as most processors make them.
+char* put_no_number(char* to, int width) {
+    constexpr const char* TEXT = "-nan";
+    return to + std::snprintf(to, REAL_TEXT_SIZE, "%*s", width, TEXT);
+}
+
 }  // namespace
 
 char* format_real(char* to, float value, int width, int decimals) {
     const double scaled = double{std::fabs(value)} * POWERS_OF_TEN[decimals];
     if (!(scaled < ROUNDING_OFFSET)) {
+        if (std::isnan(value)) return put_no_number(to, width);
         return to + std::snprintf(to, REAL_TEXT_SIZE, "%*.*f", width, decimals, double{value});
     }
     const int behind_field = decimals == 0 ? 0 : decimals + 1;

@@ -26,10 +26,11 @@ std::string integer(int value, int width) {
     return {text, format_integer(text, value, width)};
 }
 
-// What the library writes for the same value.
+// What the library writes for the same value; not a number is always negative here.
 std::string library_real(float value, int width, int decimals) {
     char text[vorn::REAL_TEXT_SIZE];
-    const int size = std::snprintf(text, sizeof text, "%*.*f", width, decimals, double{value});
+    const double shown = std::isnan(value) ? -double{std::fabs(value)} : double{value};
+    const int size = std::snprintf(text, sizeof text, "%*.*f", width, decimals, shown);
     return {text, static_cast<std::size_t>(size)};
 }
 
@@ -119,7 +120,10 @@ TEST(FormatReal, LeavesUnusualValuesToTheLibrary) {
     const float infinity = std::numeric_limits<float>::infinity();
     EXPECT_EQ(real(infinity, 6, 1), "   inf");
     EXPECT_EQ(real(-infinity, 4, 1), "-inf");
-    EXPECT_EQ(real(std::numeric_limits<float>::quiet_NaN(), 4, 1), " nan");
+    const float no_number = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(real(no_number, 4, 1), "-nan");
+    EXPECT_EQ(real(-no_number, 7, 2), "   -nan");
+    EXPECT_EQ(real(no_number, 0, 0), "-nan");
     EXPECT_EQ(real(16777216.0F, 4, 2), "16777216.00");
     EXPECT_EQ(real(1e20F, 4, 1), "100000002004087734272.0");
 }

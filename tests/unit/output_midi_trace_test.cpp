@@ -81,10 +81,10 @@ TEST(MidiTraceText, IsNotSilencedByTheFlag) {
 
 TEST(MidiTraceText, RepeatedAndOddValuesAreAsTheLibraryWritesThem) {
     constexpr float INFINITE = std::numeric_limits<float>::infinity();
-    const float odd[] = {0.0F,       -0.0F,           0.005F,         0.015F,        -0.001F,
-                         99999.995F, 1e15F,           -1e15F,         3.4e38F,       -3.4e38F,
-                         INFINITE,   -INFINITE,       16777216,       1e-40F,        127.999F,
-                         -12345.5F,  123456789012.0F, -9999999999.0F, std::nanf(""), 0.125F};
+    const float odd[] = {0.0F,       -0.0F,           0.005F,         0.015F,         -0.001F,
+                         99999.995F, 1e15F,           -1e15F,         3.4e38F,        -3.4e38F,
+                         INFINITE,   -INFINITE,       16777216,       1e-40F,         127.999F,
+                         -12345.5F,  123456789012.0F, -9999999999.0F, -std::nanf(""), 0.125F};
     std::mt19937 random(7);
     const auto value = [&] {
         if (random() % 2 == 0) return odd[random() % std::size(odd)];
