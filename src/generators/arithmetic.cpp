@@ -50,8 +50,6 @@ void swapf(float& a, float& b) { std::swap(a, b); }
 
 std::int32_t to_int32(double x) { return saturate<std::int32_t>(x); }
 
-std::int64_t to_int64(double x) { return saturate<std::int64_t>(x); }
-
 std::uint64_t to_uint64(double x) { return saturate<std::uint64_t>(x); }
 
 }  // namespace vorn

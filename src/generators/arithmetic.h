@@ -19,7 +19,6 @@ void swapf(float& a, float& b);
 
 // Truncation towards zero; saturates at the ends of the type, NaN is 0.
 std::int32_t to_int32(double x);
-std::int64_t to_int64(double x);
 std::uint64_t to_uint64(double x);
 
 }  // namespace vorn

@@ -9,9 +9,8 @@
 #include "input/real_text.h"
 #include "input/run_flags.h"
 
-// Messages are composed in one buffer and written once per destination. Inside
-// a MessageBatch the buffer gathers many messages; it is written when it is
-// full, when the batch ends, and before anything else goes to the same streams.
+// A message is composed in one buffer and written once per destination: when it
+// is complete, and before that whenever the buffer is full.
 
 namespace vorn {
 
@@ -26,7 +25,6 @@ void write_text(const char* text, std::size_t size) {
 }
 
 void flush_messages() {
-    if (MESSAGES.used == 0) return;
     write_text(MESSAGES.data, MESSAGES.used);
     MESSAGES.used = 0;
 }
@@ -92,7 +90,6 @@ bool append_value(char conversion, const MessageValue* value) {
 
 // The echo of a line with its caret, on standard error and in the log.
 void echo_line(const char* text, std::int32_t pos) {
-    flush_messages();
     put_buff(std_err, text, pos);
     if (MKLOG && fllog != nullptr) put_buff(fllog, text, pos);
 }
@@ -117,19 +114,10 @@ void write_message(const char* format, std::initializer_list<MessageValue> value
         }
         at = percent + 2;
     }
-    if (MESSAGES.held == 0) flush_messages();
-}
-
-void print_text(const char* text, std::size_t size) {
     flush_messages();
-    write_text(text, size);
 }
 
-MessageBatch::MessageBatch() { ++MESSAGES.held; }
-
-MessageBatch::~MessageBatch() {
-    if (--MESSAGES.held == 0) flush_messages();
-}
+void print_text(const char* text, std::size_t size) { write_text(text, size); }
 
 void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos) {
     if (number == error::ALREADY_PRINTED) return;
@@ -166,9 +154,6 @@ void put_buff(std::FILE* stream, const char* text, std::int32_t pos) {
     std::fwrite(echo, 1, size, stream);
 }
 
-void reset_messages() {
-    MESSAGES.used = 0;
-    MESSAGES.held = 0;
-}
+void reset_messages() { MESSAGES.used = 0; }
 
 }  // namespace vorn

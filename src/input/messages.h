@@ -37,28 +37,17 @@ void Mprintf(const char* format, const Values&... values) {
     write_message(format, {MessageValue(values)...});
 }
 
-// A text of `size` bytes as it stands, behind all messages before it.
+// A text of `size` bytes as it stands.
 void print_text(const char* text, std::size_t size);
 
-// Messages composed and not yet written. Written by the routines below only.
+// The message that is being composed. Written by write_message only.
 struct MessageBuffer {
-    std::size_t used = 0;  // bytes waiting in data
-    int held = 0;          // open batches; 0: every message is written at once
+    std::size_t used = 0;  // bytes waiting in data; 0 between two messages
     char data[1 << 16];
 };
 extern MessageBuffer MESSAGES;
 
 constexpr int FIRST_LINE_FORM = 10;  // numbers below it are printed without line number and echo
-
-// While one of these lives, messages are gathered and written in large pieces:
-// for traces of one line per event. Their order does not change.
-class MessageBatch {
-public:
-    MessageBatch();
-    ~MessageBatch();
-    MessageBatch(const MessageBatch&) = delete;
-    MessageBatch& operator=(const MessageBatch&) = delete;
-};
 
 // Prints error `number`: 3 to 9 plain, from 10 with line number and echo;
 // 999 prints nothing, 1000 only the echo.

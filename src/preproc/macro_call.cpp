@@ -144,8 +144,7 @@ int expand(const Macro* arguments, char* text, std::int32_t& pos, std::uint64_t 
 
 int expand_macro(char* text, std::int32_t& pos, std::uint64_t line, ExpansionBudget& budget) {
     std::int32_t inserted = 0;
-    const int result = expand(nullptr, text, pos, line, budget, inserted);
-    return result < 0 ? 0 : result;
+    return expand(nullptr, text, pos, line, budget, inserted);
 }
 
 int expand_in_buff(const Macro& macro, char* text, std::int32_t pos, std::uint64_t line) {

@@ -44,10 +44,7 @@ struct LineScan {
     bool definitions_allowed = true;
 };
 
-void mark_here(LineScan& scan) {
-    scan.marks.any = true;
-    scan.marks.marked[scan.pos++] = true;
-}
+void mark_here(LineScan& scan) { scan.marks.marked[scan.pos++] = true; }
 
 // "#undef", "#const", "#endif" and "#if" by their first letters.
 bool ends_scan(char c) { return c == 'u' || c == 'c' || c == 'e' || c == 'i'; }

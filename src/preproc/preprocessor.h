@@ -13,7 +13,6 @@ namespace vorn {
 // Marks the places of a line that belong to macro definition text, where
 // constants are not expanded. One per line fetched, never shared.
 struct DefinitionMarks {
-    bool any = false;    // whether any mark is set
     bool plain = false;  // the line holds nothing that either scan looks for
     bool marked[LINE_SIZE] = {};
 };

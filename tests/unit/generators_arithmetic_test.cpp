@@ -111,8 +111,6 @@ TEST(Swapf, ExchangesTheValues) {
 TEST(Conversions, TruncateTowardsZero) {
     EXPECT_EQ(to_int32(2.9), 2);
     EXPECT_EQ(to_int32(-2.9), -2);
-    EXPECT_EQ(to_int64(-2.9), -2);
-    EXPECT_EQ(to_int64(9007199254740993.0), 9007199254740992);
     EXPECT_EQ(to_uint64(2.9), 2u);
     EXPECT_EQ(to_uint64(0x1p63), 9223372036854775808u);
 }
@@ -123,8 +121,6 @@ TEST(Conversions, SaturateAtTheEndsOfTheType) {
     EXPECT_EQ(to_int32(2147483648.0), 2147483647);
     EXPECT_EQ(to_int32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
     EXPECT_EQ(to_int32(-BEYOND_ALL), std::numeric_limits<std::int32_t>::min());
-    EXPECT_EQ(to_int64(0x1p63), std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(to_int64(-BEYOND_ALL), std::numeric_limits<std::int64_t>::min());
     EXPECT_EQ(to_uint64(0x1p64), std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(to_uint64(BEYOND_ALL), std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(to_uint64(-1.0), 0u);
@@ -133,7 +129,6 @@ TEST(Conversions, SaturateAtTheEndsOfTheType) {
 
 TEST(Conversions, NotANumberIsZero) {
     EXPECT_EQ(to_int32(std::nan("")), 0);
-    EXPECT_EQ(to_int64(std::nan("")), 0);
     EXPECT_EQ(to_uint64(std::nan("")), 0u);
 }
 

@@ -16,7 +16,6 @@
 namespace {
 
 using vorn::error_no;
-using vorn::MessageBatch;
 using vorn::Mprintf;
 using vorn::put_buff;
 using vorn::Reader;
@@ -90,6 +89,11 @@ TEST(Mprintf, APercentSignStandsForTheNextCharacter) {
     EXPECT_EQ(printed("100%%"), "100%");
     EXPECT_EQ(printed("%%d %q%%%d", 1), "%d q%1");
     EXPECT_EQ(printed("50%"), "50");
+}
+
+TEST(Mprintf, LosesNothingOfAMessageLongerThanTheBuffer) {
+    const std::string large(200000, 'x');
+    EXPECT_EQ(printed("%d,%s,%d", 1, large.c_str(), 2), "1," + large + ",2");
 }
 
 TEST(Mprintf, IsNotSilencedByTheFlag) {
@@ -269,58 +273,12 @@ TEST(PrintText, PrintsTheBytesAsTheyAre) {
     EXPECT_EQ(messages.text(), "50%d\t");
 }
 
-TEST(PrintText, StandsBehindTheMessagesOfABatch) {
+TEST(PrintText, StandsBetweenTheMessagesAroundIt) {
     MessageCapture messages;
-    {
-        const MessageBatch batch;
-        Mprintf("before");
-        vorn::print_text("text", 4);
-        Mprintf("after");
-    }
+    Mprintf("before");
+    vorn::print_text("text", 4);
+    Mprintf("after");
     EXPECT_EQ(messages.text(), "beforetextafter");
-}
-
-// --- batches ---
-
-TEST(MessageBatch, HoldsMessagesUntilItEnds) {
-    MessageCapture messages;
-    {
-        const MessageBatch outer;
-        Mprintf("a");
-        {
-            const MessageBatch inner;
-            Mprintf("b");
-        }
-        EXPECT_EQ(messages.text(), "");
-    }
-    EXPECT_EQ(messages.text(), "ab");
-}
-
-TEST(MessageBatch, KeepsTheOrderOfMessagesAndEchoes) {
-    MessageCapture messages;
-    {
-        const MessageBatch batch;
-        Mprintf("before");
-        warning_no(15, 1, "x", 0);
-        Mprintf("after");
-    }
-    EXPECT_EQ(messages.text(), "before\n\nWARNING: Line 1:Previous loop terminated.\nx\n^\nafter");
-}
-
-TEST(MessageBatch, LosesNothingWhenTheBufferRunsFull) {
-    MessageCapture messages;
-    std::string expected;
-    {
-        const MessageBatch batch;
-        for (int i = 0; i < 30000; ++i) {
-            Mprintf("%d,", i);
-            expected += std::to_string(i) + ",";
-        }
-        const std::string large(200000, 'x');
-        Mprintf("%s", large.c_str());
-        expected += large;
-    }
-    EXPECT_EQ(messages.text(), expected);
 }
 
 }  // namespace
