@@ -5,8 +5,8 @@
 #include "input/run_flags.h"
 #include "output/durations.h"
 #include "output/tempo_map.h"
+#include "preproc/constant_text.h"
 #include "preproc/equation.h"
-#include "preproc/real_to_text.h"
 #include "preproc/splice.h"
 
 // A reference gives way to its value's text, which has three decimals and is all
@@ -94,7 +94,7 @@ int find_vname(const Constant*& constant, const char* text, std::int32_t& pos, s
 
 int vexpand_in_buff(const char* label, char* text, std::int32_t pos, std::uint64_t line, double value) {
     if (!SUPRESS) Mprintf("\n\tExpanding const \"%s\" (%f) into line %d...", label, value, line);
-    char digits[REAL_TEXT_SIZE];
+    char digits[CONSTANT_TEXT_SIZE];
     FtoA(digits, value);
     std::int32_t end = pos;
     skip_vname_or_eq(text, end);

@@ -26,7 +26,7 @@ namespace {
 
 constexpr int RANDOM_STEPS = 32767;
 
-struct Equation {
+struct ConstantEquation {
     double terms[LINE_SIZE];
     char operators[LINE_SIZE];
     int term_count = 0;
@@ -34,12 +34,12 @@ struct Equation {
     bool behind_operator = false;  // nothing but white space since the last operator
 };
 
-void add_term(Equation& equation, double term) {
+void add_term(ConstantEquation& equation, double term) {
     equation.terms[equation.term_count++] = term;
     equation.behind_operator = false;
 }
 
-void add_operator(Equation& equation, char operation) {
+void add_operator(ConstantEquation& equation, char operation) {
     equation.operators[equation.operator_count++] = operation;
     equation.behind_operator = true;
 }
@@ -52,7 +52,7 @@ void skip_gap(const char* text, std::int32_t& pos) {
 bool is_operator(char c) { return c == '+' || c == '-' || c == '*' || c == '/' || c == '%'; }
 
 // A "+" or "-" begins a number only directly behind an operator.
-bool starts_number(char c, const Equation& equation) {
+bool starts_number(char c, const ConstantEquation& equation) {
     return is_digit(c) || c == '.' || (equation.behind_operator && (c == '+' || c == '-'));
 }
 
@@ -89,7 +89,7 @@ int get_random(double& term, std::int32_t& pos, std::uint64_t line) {
     return 0;
 }
 
-int get_term(double& term, const Equation& equation, const char* text, std::int32_t& pos,
+int get_term(double& term, const ConstantEquation& equation, const char* text, std::int32_t& pos,
              std::uint64_t line) {
     const char c = text[pos];
     if (starts_number(c, equation)) return get_number(term, text, pos);
@@ -99,7 +99,7 @@ int get_term(double& term, const Equation& equation, const char* text, std::int3
     return c == 0 ? error::EQUATION_UNENDED : error::BAD_EQUATION_CHARACTER;
 }
 
-int get_item(Equation& equation, const char* text, std::int32_t& pos, std::uint64_t line) {
+int get_item(ConstantEquation& equation, const char* text, std::int32_t& pos, std::uint64_t line) {
     if (is_operator(text[pos]) && !starts_number(text[pos], equation)) {
         add_operator(equation, text[pos++]);
         return 0;
@@ -131,7 +131,7 @@ int compute(double& value, char operation, double operand) {
     }
 }
 
-int evaluate(double& value, const Equation& equation) {
+int evaluate(double& value, const ConstantEquation& equation) {
     if (equation.term_count == 0 || equation.operator_count != equation.term_count - 1) {
         return error::BAD_EQUATION_TERMS;
     }
@@ -146,7 +146,7 @@ int evaluate(double& value, const Equation& equation) {
 }  // namespace
 
 int parse_vequation(double& value, const char* text, std::int32_t& pos, std::uint64_t line) {
-    Equation equation;
+    ConstantEquation equation;
     ++pos;
     skip_blanks(text, pos);
     for (; text[pos] != ']'; skip_gap(text, pos)) {

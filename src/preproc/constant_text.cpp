@@ -1,4 +1,4 @@
-#include "preproc/real_to_text.h"
+#include "preproc/constant_text.h"
 
 #include <cmath>
 #include <cstdio>
@@ -44,7 +44,7 @@ void FtoA(char* text, double value) {
         value = -value;
     }
     if (!(value < WHOLE_LIMIT)) {
-        std::snprintf(text, REAL_TEXT_SIZE - 1, "%.0f.000", value);
+        std::snprintf(text, CONSTANT_TEXT_SIZE - 1, "%.0f.000", value);
         return;
     }
     const auto whole = static_cast<std::int64_t>(value);

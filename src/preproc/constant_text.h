@@ -7,9 +7,9 @@
 
 namespace vorn {
 
-constexpr std::size_t REAL_TEXT_SIZE = 384;  // the largest double has 309 digits before the point
+constexpr std::size_t CONSTANT_TEXT_SIZE = 384;  // the largest double has 309 digits before the point
 
-// Writes the value's text, terminated, into REAL_TEXT_SIZE bytes:
+// Writes the value's text, terminated, into CONSTANT_TEXT_SIZE bytes:
 // 2.5 -> "2.500", -0.5 -> "-0.500", 12 -> "12.000".
 void FtoA(char* text, double value);
 
