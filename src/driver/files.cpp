@@ -10,12 +10,14 @@
 
 #include "driver/options.h"
 #include "input/errors.h"
+#include "input/messages.h"
 #include "input/run_flags.h"
 #include "output/output_file.h"
 
 // The files of a run. Input first, then everything that is written: output,
 // expansion file, temporary file, log. A file that could not be written in full
-// makes the run fail, so that nobody takes a cut score for a whole one.
+// makes the run fail, so that nobody takes a cut score for a whole one. The log
+// is closed last: it tells of the others.
 
 namespace vorn {
 
@@ -29,11 +31,11 @@ constexpr const char* OUTPUT_MODES[] = {"w", "wb"};  // indexed by MKMIDI
 constexpr const char* TMP_PATTERN = P_tmpdir "/vornXXXXXX";
 
 bool report_unopened(const char* name) {
-    std::fprintf(std_err, "\nERROR: Can't open \"%s\".\n\n", name);
+    Mprintf("\nERROR: Can't open \"%s\".\n\n", name);
     return false;
 }
 
-void report_unwritten(const char* name) { std::fprintf(std_err, "\nERROR: Can't write \"%s\".\n\n", name); }
+void report_unwritten(const char* name) { Mprintf("\nERROR: Can't write \"%s\".\n\n", name); }
 
 // A directory opens for reading but has no text.
 bool open_input() {
@@ -142,12 +144,11 @@ bool close_files() {
     close_input();
     bool written = close_output_file();
     written = close_written(fecho, exp_fname) && written;
-    written = close_written(fllog, log_fname) && written;
     if (ftmp != nullptr) std::fclose(ftmp);
     ftmp = nullptr;
     if (tmp_fname[0] != 0) std::remove(tmp_fname);
     tmp_fname[0] = 0;
-    return written;
+    return close_written(fllog, log_fname) && written;
 }
 
 void reset_files() {

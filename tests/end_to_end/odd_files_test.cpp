@@ -73,7 +73,8 @@ TEST_F(OddFiles, UnreadableInput) {
 
 // It opens, but its first page cannot be read.
 TEST_F(OddFiles, InputThatFailsWhileItIsRead) {
-    expect_failure({"/proc/self/mem", "out.sco"}, cannot_open("/proc/self/mem"));
+    expect_failure({"-l", "run.log", "/proc/self/mem", "out.sco"}, cannot_open("/proc/self/mem"));
+    EXPECT_EQ(behind_banner(folder_.read("run.log")), cannot_open("/proc/self/mem"));
 }
 
 TEST_F(OddFiles, InputMayBeAPipe) {
@@ -208,6 +209,15 @@ TEST_F(OddFiles, ExpansionFileOnAFullDevice) {
     EXPECT_EQ(folder_.read("out.sco"), OUTPUT);
 }
 
+// The log is closed behind the others, so that it tells why the run has failed.
+TEST_F(OddFiles, LogTellsWhatCannotBeWritten) {
+    expect_failure({"-l", "run.log", "in.vorn", "/dev/full"}, BLOCK + SUMMARY + cannot_write("/dev/full"));
+    EXPECT_EQ(behind_banner(folder_.read("run.log")), BLOCK + SUMMARY + cannot_write("/dev/full"));
+    expect_failure({"-l", "run.log", "-x", "/dev/full", "in.vorn", "out.sco"},
+                   BLOCK + SUMMARY + cannot_write("/dev/full"));
+    EXPECT_EQ(behind_banner(folder_.read("run.log")), BLOCK + SUMMARY + cannot_write("/dev/full"));
+}
+
 // About 1.3 megabytes: the disk is full long before the run ends.
 TEST_F(OddFiles, LongOutputOnAFullDisk) {
     folder_.write("in.vorn", "i1 = 3 0 -60000 {\np2 1\np3 1\n}\n");
@@ -223,7 +233,9 @@ TEST_F(OddFiles, LongOutputOnAFullDisk) {
 
 TEST_F(OddFiles, TemporaryFileOnAFullDisk) {
     folder_.write("in.vorn", ";" + std::string(10000, 'x') + "\n" + SCORE);
-    expect_failure({"in.vorn", "out.sco"}, cannot_write("/tmp/vornXXXXXX"), {.file_size = 4096});
+    expect_failure({"-l", "run.log", "in.vorn", "out.sco"}, cannot_write("/tmp/vornXXXXXX"),
+                   {.file_size = 4096});
+    EXPECT_EQ(behind_banner(without_chance(folder_.read("run.log"))), cannot_write("/tmp/vornXXXXXX"));
 }
 
 // --- the temporary file ---
