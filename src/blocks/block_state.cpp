@@ -39,7 +39,7 @@ float LAST_VAL = 0;
 float MAX_DEV2 = 0;
 
 float MAX_DEV = 0;
-std::uint64_t SRATE = 44100;
+std::uint64_t SRATE = SRATE_DEFAULT;
 
 bool allocate_output_settings() {
     free_output_settings();
@@ -76,7 +76,7 @@ void reset_block_state() {
     IN_LOOP = IS_FUSED = WROTE_DATA = NX = 0;
     PFACTOR = 1;
     LAST_VAL = MAX_DEV = MAX_DEV2 = 0;
-    SRATE = 44100;
+    SRATE = SRATE_DEFAULT;
 }
 
 }  // namespace vorn

@@ -17,8 +17,9 @@
 namespace vorn {
 
 constexpr int MIN_PFIELD_COUNT = 3;
-constexpr std::uint32_t RE_FW_DEFAULT = 3;  // decimals of "re" output
-constexpr std::int32_t FFT_SZ_DEFAULT = 4;  // size index of "bn" output
+constexpr std::uint32_t RE_FW_DEFAULT = 3;      // decimals of "re" output
+constexpr std::int32_t FFT_SZ_DEFAULT = 4;      // size index of "bn" output
+constexpr std::uint64_t SRATE_DEFAULT = 44100;  // hertz
 
 // --- from the header ---
 extern int I_NO;              // instrument number, -32768 to 32767; negative: block skipped

@@ -24,12 +24,6 @@ constexpr float LATE_START = 240;     // beats; later is asked back
 constexpr float LONG_DURATION = 600;  // beats; longer is asked back
 constexpr int SEPARATORS_BETWEEN_FIELDS = 4;
 
-// White space and line ends; the end of input is left to what is read next.
-int skip_white(Reader& reader) {
-    const int result = skip_lines(reader);
-    return result > 0 ? result : 0;
-}
-
 int skip_separators(Reader& reader) {
     for (int count = 0; count < SEPARATORS_BETWEEN_FIELDS; ++count) {
         const int result = skip_stuff(reader);

@@ -22,11 +22,9 @@ constexpr float LARGE_DEVIATION = 1;  // 100 %; more than that is asked back
 template <typename Value>
 int read_setting(Reader& reader, Value& value, bool (*read)(Value&, const char*, std::int32_t&),
                  int format_error) {
-    int result = good_cmd_format(reader.text, reader.pos);
-    if (result != 0) return result;
+    if (const int result = good_cmd_format(reader.text, reader.pos)) return result;
     ++reader.pos;
-    result = skip_lines(reader);
-    if (result > 0) return result;
+    if (const int result = skip_white(reader)) return result;
     if (!read(value, reader.text, reader.pos)) return format_error;
     skip_blanks(reader.text, reader.pos);
     if (reader.text[reader.pos] != ')') return error::MISSING_PARENTHESIS;

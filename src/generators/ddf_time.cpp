@@ -21,13 +21,6 @@ namespace vorn {
 
 namespace {
 
-// Moves to the next visible character. At the end of the input there is none,
-// and the reader that comes next says what it misses.
-int find_visible(Reader& reader) {
-    const int result = skip_lines(reader);
-    return result < 0 ? 0 : result;
-}
-
 // The given part of the block. The number of events is the present one, which
 // fusion marks may have raised: kept on purpose.
 float part_of_block(float fraction) {
@@ -53,10 +46,10 @@ int get_block_time(float& time, Reader& reader) {
 }  // namespace
 
 int get_dynfunc_dur(float& time, Reader& reader) {
-    if (const int result = find_visible(reader)) return result;
+    if (const int result = skip_white(reader)) return result;
     if (reader.text[reader.pos] != '(') return error::DDF_WITHOUT_PARENTHESIS;
     ++reader.pos;
-    if (const int result = find_visible(reader)) return result;
+    if (const int result = skip_white(reader)) return result;
     if (reader.text[reader.pos] == 'T') {
         if (const int result = get_block_time(time, reader)) return result;
     } else if (!get_f(time, reader.text, reader.pos)) {

@@ -5,9 +5,9 @@
 
 // Moving over what separates the items of a score description.
 //
-// skip_blanks stays on the line; skip_lines goes on to the next visible
-// character, fetching lines; skip_wc and skip_stuff also take one comment, and
-// skip_stuff one separator:
+// skip_blanks stays on the line; skip_lines and skip_white go on to the next
+// visible character, fetching lines; skip_wc and skip_stuff also take one
+// comment, and skip_stuff one separator:
 //
 //     "  /* text */, 60"   skip_stuff leaves pos on "60"
 //     "  , , 60"           skip_stuff takes one comma only: pos on the second
@@ -50,6 +50,8 @@ int skip_lines(Reader& reader) {
         if (result != 0) return result;
     }
 }
+
+int skip_white(Reader& reader) { return forgive_end_of_input(skip_lines(reader)); }
 
 int skip_wc(Reader& reader) {
     int result = skip_lines(reader);

@@ -5,7 +5,8 @@
 // Moving over white space, line ends, comments and separators.
 //
 // Results: 0, a positive error number from fetching a line, or END_OF_INPUT;
-// skip_stuff and skip_wc turn END_OF_INPUT into 0.
+// all but skip_lines and skip_comment turn END_OF_INPUT into 0, as the reader that
+// comes next says what it misses.
 
 namespace vorn {
 
@@ -16,6 +17,9 @@ void skip_blanks(const char* text, std::int32_t& pos);
 
 // 0 when pos rests on a visible character, over any number of blank lines.
 [[nodiscard]] int skip_lines(Reader& reader);
+
+// As skip_lines; at the end of the input pos rests on the end of the last line.
+[[nodiscard]] int skip_white(Reader& reader);
 
 // White space, one comment, white space.
 [[nodiscard]] int skip_wc(Reader& reader);

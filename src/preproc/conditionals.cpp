@@ -29,8 +29,7 @@ unsigned char IN_IF0 = 0;
 
 namespace {
 
-constexpr std::int32_t IF_LENGTH = 3;     // "if("
-constexpr std::int32_t ENDIF_LENGTH = 5;  // "endif"
+constexpr std::int32_t IF_LENGTH = 3;  // "if("
 
 bool matches(const char* text, std::int32_t pos, const char* word) {
     while (*word != 0 && text[pos] == *word) {

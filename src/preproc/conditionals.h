@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstdint>
+
 #include "input/reader.h"
 
 // "#if(" and "#endif". The entry points of the line buffer and the driver are
 // declared in preproc/preprocessor.h.
 
 namespace vorn {
+
+constexpr std::int32_t ENDIF_LENGTH = 5;  // "endif"
 
 extern int IF_MATCH;          // "#if" blocks open, true and false ones alike; 0: none
 extern float IF_VALUE;        // value of the last condition read; 0 before the first

@@ -29,7 +29,7 @@ namespace vorn {
 
 namespace {
 
-constexpr std::size_t MAX_BODY_LENGTH = 4095;  // a body must fit a line; message in report_too_long
+constexpr std::size_t MAX_BODY_LENGTH = LINE_SIZE - 1;  // a body must fit a line; message: report_too_long
 constexpr NameErrors MACRO_NAME_ERRORS = {"macro name", error::BAD_MACRO_NAME, error::OUT_OF_MEMORY};
 
 // The name characters from pos to the first other one or the line's end.
@@ -186,7 +186,7 @@ int parse_macro(Reader& reader) {
         }
         case 'e':
             // Without effect on the open "#if": kept on purpose.
-            if (is_endif(reader.text, reader.pos)) reader.pos += 5;
+            if (is_endif(reader.text, reader.pos)) reader.pos += ENDIF_LENGTH;
             return 0;
         case 'd':
             return define_macro(reader);

@@ -7,7 +7,6 @@
 #include "input/characters.h"
 #include "input/errors.h"
 #include "input/messages.h"
-#include "input/reader.h"
 
 // Reading names. The longest stretch of name characters is the name, so a
 // shorter name never matches the front of a longer one:

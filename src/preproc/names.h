@@ -3,12 +3,14 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "input/reader.h"
+
 // Names of macros, formal arguments and constants: a letter, then letters,
 // digits and "_". A name is met as a stretch of a text and kept as a copy.
 
 namespace vorn {
 
-constexpr std::size_t MAX_NAME_LENGTH = 4095;  // of a definition; its message: report_too_long
+constexpr std::size_t MAX_NAME_LENGTH = LINE_SIZE - 1;  // of a definition; its message: report_too_long
 
 // A stretch of text; not terminated.
 struct Name {

@@ -26,6 +26,7 @@ using vorn::skip_comment;
 using vorn::skip_lines;
 using vorn::skip_stuff;
 using vorn::skip_wc;
+using vorn::skip_white;
 using vorn::test::ScoreText;
 
 struct Row {
@@ -79,6 +80,14 @@ TEST(SkipLines, ReadsOnInALastLineWithoutLineFeed) {
 
 TEST(SkipLines, PassesOnAnErrorOfTheNextLine) {
     expect_rows(skip_lines, {{"\n#endif\n", vorn::error::MISMATCHED_ENDIF, " ", 2}});
+}
+
+TEST(SkipWhite, EndOfInputIsNoFailure) {
+    expect_rows(skip_white, {{"\n x\n", 0, "x ", 2}, {"", 0, "", 0}, {" \n\n", 0, "", 2}});
+}
+
+TEST(SkipWhite, PassesOnAnErrorOfTheNextLine) {
+    expect_rows(skip_white, {{"\n#endif\n", vorn::error::MISMATCHED_ENDIF, " ", 2}});
 }
 
 TEST(SkipWc, TakesWhiteSpaceAndAComment) {
