@@ -15,6 +15,9 @@
 // begin a directive, so the copy keeps track of comments; the characters behind
 // such a "#" that turn out to be no directive are copied without being tracked:
 // kept on purpose, as is that a "#in" which goes on otherwise vanishes.
+//
+// A read error is no end of a file. It ends the copying of that file, whatever
+// it cuts off, and whoever has opened the file reports it.
 
 namespace vorn {
 
@@ -63,6 +66,7 @@ public:
 
 private:
     int read() { return getc_unlocked(in_); }
+    bool has_failed() const { return std::ferror(in_) != 0; }
     void write(int c) { putc_unlocked(c, out_); }
     void copy(int c);
     int do_directive();
@@ -117,7 +121,7 @@ int IncludeCopy::do_directive() {
         return 0;
     }
     if (const int result = read_file_name()) return result;
-    return include_file();
+    return has_failed() ? 0 : include_file();
 }
 
 // "clude"; what is read is gone, also when it goes on otherwise.
@@ -133,7 +137,7 @@ bool IncludeCopy::read_keyword_rest() {
 int IncludeCopy::read_file_name() {
     int c = read();
     while (c != EOF && is_space(static_cast<char>(c))) c = read();
-    if (c != '|') {
+    if (c != '|' && !has_failed()) {
         Mprintf("\n\nInclude filename must be preceeded by a |.\n");
         return 1;
     }
@@ -164,6 +168,12 @@ std::FILE* open_readable(const char* name) {
     return stream;
 }
 
+bool is_read_in_full(std::FILE* included, const char* name) {
+    if (!std::ferror(included)) return true;
+    Mprintf("\nERROR: Can't open \"%s\".\n\n", name);
+    return false;
+}
+
 int IncludeCopy::include_file() {
     std::FILE* included = open_readable(name_);
     if (included == nullptr) {
@@ -171,7 +181,8 @@ int IncludeCopy::include_file() {
         return error::ALREADY_PRINTED;
     }
     Mprintf("\n\tOpening include file \"%s\"...", name_);
-    const int result = parse_includes(included, out_, count_);
+    int result = parse_includes(included, out_, count_);
+    if (result == 0 && !is_read_in_full(included, name_)) result = error::ALREADY_PRINTED;
     std::fclose(included);
     comment_.end_all();
     comment_.remember('|');

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "support/failing_reads.h"
 #include "support/run_case.h"
 
 // Which files a run opens, in which order, and what it leaves when one is
@@ -74,6 +75,20 @@ TEST(Files, OutputIsTruncatedBeforeIncludesAreChecked) {
     const RunResult result = run_in_process(folder, {"in.vorn", "out.sco"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(behind_banner(result.err), "\nBad include file name: \"missing.inc\"\n\n");
+    EXPECT_EQ(result.files.at("out.sco"), "");
+}
+
+TEST(Files, AnIncludeFileThatFailsWhileItIsReadStopsTheRun) {
+    const WorkFolder folder;
+    folder.write("in.vorn", "#include |block.inc|\n");
+    folder.write("block.inc", SCORE);
+    vorn::test::failing_file = "block.inc";
+    const RunResult result = run_in_process(folder, {"-l", "run.log", "in.vorn", "out.sco"});
+    vorn::test::failing_file.clear();
+    const std::string message = "\n\tOpening include file \"block.inc\"..." + cannot_open("block.inc");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), message);
+    EXPECT_EQ(behind_banner(result.files.at("run.log")), message);
     EXPECT_EQ(result.files.at("out.sco"), "");
 }
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "support/failing_reads.h"
 #include "support/run_case.h"
 #include "unit/preproc_fixture.h"
 
@@ -16,6 +17,7 @@ protected:
     }
 
     void TearDown() override {
+        vorn::test::failing_file.clear();
         std::filesystem::current_path(before_);
         PreprocessorTest::TearDown();
     }
@@ -216,6 +218,42 @@ TEST_F(Includes, DirectoryIsABadFileName) {
     copy("#include |folder|");
     EXPECT_EQ(result, 999);
     EXPECT_EQ(messages(), "\nBad include file name: \"folder\"\n\n");
+}
+
+TEST_F(Includes, AReadErrorIsNoEndOfAFile) {
+    folder.write("a", "A");
+    folder.write("b", "[#include |a|]");
+    vorn::test::failing_file = "a";
+    EXPECT_EQ(copy("x#include |b|y"), "x[A");
+    EXPECT_EQ(result, 999);
+    EXPECT_EQ(messages(),
+              "\n\tOpening include file \"b\"..."
+              "\n\tOpening include file \"a\"..."
+              "\nERROR: Can't open \"a\".\n\n");
+}
+
+TEST_F(Includes, AReadErrorInADirectiveIsToldOfItsOwnFile) {
+    for (const char* text : {"A#include |no.su", "A#include ", "A#incl", "A#i", "A#"}) {
+        SCOPED_TRACE(text);
+        folder.write("a", text);
+        vorn::test::failing_file = "a";
+        copy("x#include |a|y");
+        EXPECT_EQ(result, 999);
+        EXPECT_EQ(messages(), "\n\tOpening include file \"a\"...\nERROR: Can't open \"a\".\n\n");
+    }
+}
+
+// Its message is the caller's: only that knows the name.
+TEST_F(Includes, AReadErrorOfTheMainFileIsLeftInItsStream) {
+    folder.write("main", "x#include |no.su");
+    vorn::test::failing_file = "main";
+    std::FILE* const in = std::fopen("main", "r");
+    std::FILE* const out = std::fopen("copy", "w");
+    EXPECT_EQ(vorn::parse_includes(in, out, count), 0);
+    EXPECT_NE(std::ferror(in), 0);
+    EXPECT_EQ(messages(), "");
+    std::fclose(in);
+    std::fclose(out);
 }
 
 TEST_F(Includes, CounterIsABudgetOfTwelveNeverLowered) {
