@@ -33,7 +33,7 @@ namespace {
 // Stores one value in P3 or above. A loop's repetition gets it undeviated,
 // after its store has used up a pending fusion mark: kept on purpose. P3 uses
 // none up, so there the mark goes with the value, as in a data list.
-int store_value(const Reader& reader, Statement& statement, float value) {
+int store_generated(const Reader& reader, Statement& statement, float value) {
     if (P_NO == 3) {
         store_p3(reader, statement.cursor, value);
     } else if (const int result = store_p4(statement, value)) {
@@ -52,7 +52,7 @@ int fill_event(const ValueMaker& maker, Progress& progress, const Reader& reader
     if (const int result = maker.make_value(maker.data, sub_range, progress, value)) return result;
     if (IN_TYPE == CODE_IN) value = RoundF(value);
     LAST_VAL = value;
-    if (const int result = store_value(reader, statement, value)) return result;
+    if (const int result = store_generated(reader, statement, value)) return result;
     ++EVENT_NO;
     ++progress.index;
     return 0;

@@ -79,7 +79,7 @@ int get_sub_range(S2Data& data, Reader& reader) {
 }
 
 // Stores one value of an element, undeviated in the queue of an open loop.
-int store_value(Statement& statement, float value, bool fused) {
+int store_chord_value(Statement& statement, float value, bool fused) {
     IS_FUSED = fused ? 1 : 0;
     if (const int result = store_p4(statement, value)) return result;
     if (IN_LOOP == 0) return 0;
@@ -90,11 +90,11 @@ int store_value(Statement& statement, float value, bool fused) {
 // for integer input: kept on purpose.
 int store_element(const S2Data& data, const SetElement& element, Statement& statement) {
     const float* value = data.values.data() + element.first_value;
-    if (const int result = store_value(statement, value[0], false)) return result;
+    if (const int result = store_chord_value(statement, value[0], false)) return result;
     for (std::size_t i = 1; i < element.size; ++i) {
         ++EVENTS;
         ++EVENT_NO;
-        if (const int result = store_value(statement, value[i], true)) return result;
+        if (const int result = store_chord_value(statement, value[i], true)) return result;
     }
     const float last = value[element.size - 1];
     LAST_VAL = IN_TYPE == CODE_IN ? RoundF(last) : last;
