@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "output/event_list.h"
 #include "output/value_queue.h"
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "generators/ddf_data.h"
 #include "generators/growing_array.h"
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "generators/ddf_data.h"
 #include "generators/growing_array.h"
 

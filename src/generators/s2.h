@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "generators/ddf_data.h"
 #include "generators/growing_array.h"
 #include "generators/set_choice.h"

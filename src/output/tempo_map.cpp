@@ -1,6 +1,7 @@
 #include "output/tempo_map.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 #include "generators/arithmetic.h"

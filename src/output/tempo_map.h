@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 // The tempo map: spans of beats over which the tempo moves along a curve.
 // The table is searched in the order in which it was written.
 

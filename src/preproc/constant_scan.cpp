@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "input/reader.h"
 #include "preproc/comment_state.h"
 #include "preproc/constant_call.h"

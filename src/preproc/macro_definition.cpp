@@ -1,6 +1,7 @@
 #include "preproc/macro_definition.h"
 
-#include <cstring>
+#include <cstddef>
+#include <cstdint>
 #include <new>
 
 #include "generators/growing_array.h"

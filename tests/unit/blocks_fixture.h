@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <iomanip>
 #include <optional>
 #include <sstream>
 #include <string>

@@ -1,7 +1,5 @@
 #include "generators/se.h"
 
-#include <limits>
-
 #include "input/errors.h"
 #include "support/ddf_block.h"
 #include "support/failing_allocations.h"
