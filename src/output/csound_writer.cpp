@@ -133,12 +133,12 @@ char* write_line(char* to, const LinePlan& plan, const ListNode& event) {
 
 }  // namespace
 
-int print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format, EventCounts counts) {
-    if (list == nullptr) return 0;
+bool print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format, EventCounts counts) {
+    if (list == nullptr) return false;
     if (!RemoveRests(list, counts)) {
         Mprintf("\n\nOops i-block %d is all rests (check p2=0 and p3 != 400+n OR 1000+n?)! ",
                 format.instrument);
-        return 0;
+        return false;
     }
     LinePlan plan;
     plan_line(plan, format);
@@ -149,7 +149,7 @@ int print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format, Ev
         output_advance(out, static_cast<std::size_t>(write_line(line, plan, *event) - line));
     } while (event != list);
     output_char(out, '\n');
-    return 1;
+    return true;
 }
 
 }  // namespace vorn

@@ -17,9 +17,9 @@ struct ScoreFormat {
     std::uint64_t sample_rate;
 };
 
-// Removes the rests and writes one i-statement per event. Returns 0 when the
-// list is empty or holds nothing but rests (reported here), else 1.
-[[nodiscard]] int print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format,
-                               EventCounts counts);
+// Removes the rests and writes one i-statement per event. False, with nothing
+// written, when the list is empty or holds nothing but rests (reported here).
+[[nodiscard]] bool print_csound(ListNode*& list, OutputFile& out, const ScoreFormat& format,
+                                EventCounts counts);
 
 }  // namespace vorn
