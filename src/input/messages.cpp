@@ -41,8 +41,9 @@ void append(const char* bytes, std::size_t size) {
     }
 }
 
-// Whether the value survives the way through a float.
+// Whether the value survives the way through a float, or is no number.
 bool is_float(double value) {
+    if (std::isnan(value)) return true;
     return std::fabs(value) <= std::numeric_limits<float>::max() &&
            static_cast<double>(static_cast<float>(value)) == value;
 }

@@ -43,7 +43,11 @@ void FtoA(char* text, double value) {
         *text++ = '-';
         value = -value;
     }
-    if (!(value < WHOLE_LIMIT)) {
+    if (std::isnan(value)) {  // has a sign or not, as the processor made it: shown alike
+        std::snprintf(text, CONSTANT_TEXT_SIZE - 1, "-nan.000");
+        return;
+    }
+    if (value >= WHOLE_LIMIT) {
         std::snprintf(text, CONSTANT_TEXT_SIZE - 1, "%.0f.000", value);
         return;
     }

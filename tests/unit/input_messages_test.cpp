@@ -54,7 +54,8 @@ TEST(Mprintf, EveryRealHasTwoDecimalsInSevenCharacters) {
     EXPECT_EQ(printed("%f", -0.001), "  -0.00");
     EXPECT_EQ(printed("%f", std::numeric_limits<double>::infinity()), "    inf");
     EXPECT_EQ(printed("%f", -std::numeric_limits<double>::infinity()), "   -inf");
-    EXPECT_EQ(printed("%f", std::numeric_limits<double>::quiet_NaN()), "    nan");
+    EXPECT_EQ(printed("%f", std::numeric_limits<double>::quiet_NaN()), "   -nan");
+    EXPECT_EQ(printed("%f", -std::numeric_limits<double>::quiet_NaN()), "   -nan");
 }
 
 // 0.045 lies a little below the half in double precision and a little above it in single.

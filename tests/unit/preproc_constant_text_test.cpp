@@ -65,7 +65,8 @@ TEST(ConstantText, LargestWholePartWithin64Bits) {
 TEST(ConstantText, InfinitiesAndNotANumber) {
     EXPECT_EQ(text_of(std::numeric_limits<double>::infinity()), "inf.000");
     EXPECT_EQ(text_of(-std::numeric_limits<double>::infinity()), "-inf.000");
-    EXPECT_EQ(text_of(std::numeric_limits<double>::quiet_NaN()), "nan.000");
+    EXPECT_EQ(text_of(std::numeric_limits<double>::quiet_NaN()), "-nan.000");
+    EXPECT_EQ(text_of(-std::numeric_limits<double>::quiet_NaN()), "-nan.000");
 }
 
 TEST(ConstantText, CountDigits) {
