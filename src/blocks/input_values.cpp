@@ -1,13 +1,3 @@
-// One value in the notation that the p-field has chosen.
-//
-// A table row per input type says which characters may open a value in a data
-// list and which reader takes it from there. The first characters are a gate of
-// data lists only: a data-defining function calls the reader directly, so "z"
-// stands for the last value there under every type, "in" included.
-//
-//     IN_TYPE no,  "ef4 "   ->  51, pos behind the 4
-//     IN_TYPE in,  "z"      ->  refused in a data list, LAST_VAL inside RA(...)
-
 #include "blocks/input_values.h"
 
 #include <cstring>
@@ -18,6 +8,16 @@
 #include "generators/arithmetic.h"
 #include "input/characters.h"
 #include "input/numbers.h"
+
+// One value in the notation that the p-field has chosen.
+//
+// A table row per input type says which characters may open a value in a data
+// list and which reader takes it from there. The first characters are a gate of
+// data lists only: a data-defining function calls the reader directly, so "z"
+// stands for the last value there under every type, "in" included.
+//
+//     IN_TYPE no,  "ef4 "   ->  51, pos behind the 4
+//     IN_TYPE in,  "z"      ->  refused in a data list, LAST_VAL inside RA(...)
 
 namespace vorn {
 

@@ -1,3 +1,14 @@
+#include "blocks/pitch_input.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "blocks/block_state.h"
+#include "input/characters.h"
+#include "input/numbers.h"
+#include "input/run_flags.h"
+#include "output/pitch_conversion.h"
+
 // Pitches, rhythms and levels as composers write them.
 //
 // Each reader turns one notation into the number that the rest of the program
@@ -11,17 +22,6 @@
 // A note name without an octave takes the last octave written anywhere before
 // it in the run, so a melody names its octave once. When the output is a MIDI
 // file every pitch is an octave higher (c4 = 60) from the moment it is read.
-
-#include "blocks/pitch_input.h"
-
-#include <cstdlib>
-#include <cstring>
-
-#include "blocks/block_state.h"
-#include "input/characters.h"
-#include "input/numbers.h"
-#include "input/run_flags.h"
-#include "output/pitch_conversion.h"
 
 namespace vorn {
 

@@ -24,13 +24,13 @@ namespace vorn {
 
 namespace {
 
-constexpr float SHORT_FORM_END = 1000.0f;  // beat
-constexpr float SHORT_FORM_CURVE = 0.0f;
-constexpr float DEFAULT_CURVE = 1.0f;  // kept on purpose: without a letter x^2, not the straight line
-constexpr float DEFAULT_CURVE_VALUE = 1.0f;
-constexpr float FAST_TEMPO = 300.0f;
-constexpr float SLOW_TEMPO = 30.0f;
-constexpr float LATE_BEAT = 600.0f;
+constexpr float SHORT_FORM_END = 1000.0F;  // beat
+constexpr float SHORT_FORM_CURVE = 0.0F;
+constexpr float DEFAULT_CURVE = 1.0F;  // kept on purpose: without a letter x^2, not the straight line
+constexpr float DEFAULT_CURVE_VALUE = 1.0F;
+constexpr float FAST_TEMPO = 300.0F;
+constexpr float SLOW_TEMPO = 30.0F;
+constexpr float LATE_BEAT = 600.0F;
 
 // A number and what separates it from the next term.
 int read_term(Reader& reader, float& value, int error_number) {
@@ -76,7 +76,7 @@ void warn_unusual(const Reader& reader, const TempoDef& entry) {
 
 // Error 27 for a definition that the table has no room for; the table is then as it was.
 int store(const TempoDef& entry) {
-    if (entry.start_time == 0.0f) {
+    if (entry.start_time == 0.0F) {
         TEMPO_LIST[0] = entry;
         return 0;
     }
@@ -90,7 +90,7 @@ int finish_short_form(Reader& reader, float tempo) {
     ++reader.pos;
     if (!good_tempo(tempo)) return error::BAD_TEMPO;
     TempoDef& entry = TEMPO_LIST[0];  // its curve value stays
-    entry.start_time = 0.0f;
+    entry.start_time = 0.0F;
     entry.start_tempo = tempo;
     entry.end_time = SHORT_FORM_END;
     entry.end_tempo = tempo;
@@ -118,7 +118,7 @@ int finish_long_form(Reader& reader, float start_time) {
 int get_tempo_change(Reader& reader) {
     if (const int failed = good_cmd_format(reader.text, reader.pos)) return failed;
     ++reader.pos;
-    float first = 0.0f;
+    float first = 0.0F;
     if (const int failed = read_term(reader, first, error::TEMPO_TERM1)) return failed;
     const bool is_short = reader.text[reader.pos] == ')';
     const int failed = is_short ? finish_short_form(reader, first) : finish_long_form(reader, first);

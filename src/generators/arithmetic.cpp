@@ -41,9 +41,9 @@ float RoundF(float x) {
 std::int32_t Round(float x) { return to_int32(RoundF(x)); }
 
 float mod(float a, float b) {
-    if (b == 0.0f) return 0.0f;
+    if (b == 0.0F) return 0.0F;
     // Adding zero turns a remainder of -0 into 0: a zero remainder has no sign.
-    return std::fmod(a, std::fabs(b)) + 0.0f;
+    return std::fmod(a, std::fabs(b)) + 0.0F;
 }
 
 void swapf(float& a, float& b) { std::swap(a, b); }

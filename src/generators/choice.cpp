@@ -15,7 +15,7 @@ namespace vorn {
 std::uint32_t prob_result(const float* weights, std::int32_t count) {
     const float u = unit_draw();
     if (count == 1) return 0;
-    float sum = 0.0f;
+    float sum = 0.0F;
     for (std::int32_t i = 0; i < count; ++i) {
         sum += weights[i];
         if (u <= sum) return static_cast<std::uint32_t>(i);
@@ -32,7 +32,7 @@ std::uint32_t choose_by_sums(const float* sums, std::int32_t count) {
 }
 
 void running_sums(const float* weights, float* sums, std::int32_t count) {
-    float sum = 0.0f;
+    float sum = 0.0F;
     for (std::int32_t i = 0; i < count; ++i) {
         sum += weights[i];
         sums[i] = sum;
@@ -40,7 +40,7 @@ void running_sums(const float* weights, float* sums, std::int32_t count) {
 }
 
 bool hundred_percent(const float* weights, std::int64_t count) {
-    float sum = 0.0f;
+    float sum = 0.0F;
     for (std::int64_t i = 0; i < count; ++i) sum += weights[i];
     const double total = sum;
     return 0.99999 < total && total < 1.00001;

@@ -37,11 +37,11 @@ int read_letter(Reader& reader) {
 }  // namespace
 
 int get_curve_type(Reader& reader, float& curve_type, float& curve_value, bool beat_move_allowed) {
-    curve_value = 1.0f;
+    curve_value = 1.0F;
     int code = read_letter(reader);
     if (code == WITH_EXPONENT) {
         const bool read = get_f(curve_value, reader.text, reader.pos);
-        if (!read || !(curve_value > 0.0f)) return error::BAD_CURVE_EXPONENT;
+        if (!read || !(curve_value > 0.0F)) return error::BAD_CURVE_EXPONENT;
     }
     skip_blanks(reader.text, reader.pos);
     if (reader.text[reader.pos] == '*') {

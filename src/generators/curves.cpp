@@ -57,7 +57,7 @@ float pplot_val(std::uint64_t index, std::uint64_t count, std::uint32_t curve, f
 
 float tplot_val(std::uint32_t curve, float t, float span, float start, float end, float exponent) {
     if (t >= span) return end;
-    if (t <= 0.0f) return start;
+    if (t <= 0.0F) return start;
     if (curve > LAST_CURVE) return end;  // kept on purpose: pplot_val gives start
     const double x = static_cast<double>(t) / span;
     return value_at(curve, x, start, end, exponent);

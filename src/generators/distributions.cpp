@@ -22,7 +22,7 @@ namespace vorn {
 
 namespace {
 
-constexpr double DECAY = 6.9078f;  // ln 1000 to single precision: draws up to a thousandth map to 1
+constexpr double DECAY = 6.9078F;  // ln 1000 to single precision: draws up to a thousandth map to 1
 constexpr int GAUSSIAN_DRAWS = 12;
 constexpr double GAUSSIAN_DEVIATION = 0.155;  // standard deviation, in widths of the range
 constexpr double BILATERAL_DECAY = 14.0;
@@ -30,7 +30,7 @@ constexpr double BETA_EXPONENT = 5.0;  // the inverse of both shape parameters, 
 
 float draw_above_zero() {
     float u = unit_draw();
-    while (u == 0.0f) u = unit_draw();
+    while (u == 0.0F) u = unit_draw();
     return u;
 }
 
@@ -52,17 +52,17 @@ float expone_left() {
 // The normal distribution as a sum of twelve uniform draws, whose mean is 6 and
 // whose standard deviation is 1. The ends gather what lies beyond them.
 float gauss() {
-    float sum = 0.0f;
+    float sum = 0.0F;
     for (int i = 0; i < GAUSSIAN_DRAWS; ++i) sum += unit_draw();
     return static_cast<float>(std::clamp((sum - 6.0) * GAUSSIAN_DEVIATION + 0.5, 0.0, 1.0));
 }
 
 // Laplace's distribution by inversion, folded at the middle draw.
 float bilex() {
-    float x = 2.0f * unit_draw();
-    while (x == 0.0f || x == 2.0f) x = 2.0f * unit_draw();
-    const double sign = x > 1.0f ? -1.0 : 1.0;
-    if (x > 1.0f) x = 2.0f - x;
+    float x = 2.0F * unit_draw();
+    while (x == 0.0F || x == 2.0F) x = 2.0F * unit_draw();
+    const double sign = x > 1.0F ? -1.0 : 1.0;
+    if (x > 1.0F) x = 2.0F - x;
     const double value = std::log(static_cast<double>(x)) * sign / BILATERAL_DECAY;
     return static_cast<float>(std::clamp(value, -0.5, 0.5) + 0.5);
 }
@@ -84,7 +84,7 @@ float mk_rval(std::uint32_t code, float low, float high) {
         case 1:
             return low + span * expone_left();
         case 2:
-            return low + span * (1.0f - expone_left());
+            return low + span * (1.0F - expone_left());
         case 3:
             return triangular(low, span);
         case 4:
@@ -94,7 +94,7 @@ float mk_rval(std::uint32_t code, float low, float high) {
         case 6:
             return low + span * beta();
         default:
-            return 0.0f;
+            return 0.0F;
     }
 }
 

@@ -35,7 +35,7 @@ inline std::int32_t rand() {
 // Restarts the sequence; seed 0 acts as 1, the default.
 void srand(std::uint32_t seed);
 
-constexpr float UNIT = 4.656612873077393e-10f;  // 2^-31
+constexpr float UNIT = 4.656612873077393e-10F;  // 2^-31
 
 // The unit draw: rand() rounded to single precision, times 2^-31. May be exactly 1.
 inline float unit_draw() { return static_cast<float>(rand()) * UNIT; }

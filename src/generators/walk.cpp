@@ -20,7 +20,7 @@ namespace vorn {
 namespace {
 
 // A narrower window would be hit about once in the whole sequence: the walk stands still.
-constexpr float NARROWEST_WINDOW = 1e-6f;
+constexpr float NARROWEST_WINDOW = 1e-6F;
 
 struct Bounds {
     float lower;
@@ -30,13 +30,13 @@ struct Bounds {
 Bounds window_around(float position, float window) {
     const float a = static_cast<float>(position - window / 2.0);
     const float b = static_cast<float>(position + window / 2.0);
-    if (a < 0.0f) return {0.0f, window};
-    if (b > 1.0f) return {1.0f - window, 1.0f};
+    if (a < 0.0F) return {0.0F, window};
+    if (b > 1.0F) return {1.0F - window, 1.0F};
     return {a, b};
 }
 
 bool can_move(float position, float window) {
-    return window >= NARROWEST_WINDOW && position >= 0.0f && position <= 1.0f;
+    return window >= NARROWEST_WINDOW && position >= 0.0F && position <= 1.0F;
 }
 
 // The next position. A walk that stands still draws one number all the same.
@@ -57,7 +57,7 @@ float rwindow(float& position, float window) {
 }
 
 float rand_window(float& position, float low, float high, float window) {
-    const float old = rwindow(position, low == high ? 0.0f : window);
+    const float old = rwindow(position, low == high ? 0.0F : window);
     return low + (high - low) * old;
 }
 

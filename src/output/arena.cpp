@@ -1,11 +1,3 @@
-// Pieces are cut from the front of the newest chunk. Each chunk begins with a
-// pointer to the one before it, which is all that releasing needs.
-//
-// Invariant: next and left describe the unused end of the newest chunk, and next
-// is a multiple of the alignment away from the chunk's start. A piece is cleared
-// when it is cut, not with its chunk: pages that are never cut are never touched,
-// and the cleared bytes are still in the cache when the caller fills them.
-
 #include "output/arena.h"
 
 #include <cstdlib>
@@ -14,6 +6,14 @@
 #if __has_include(<sys/mman.h>)
 #include <sys/mman.h>
 #endif
+
+// Pieces are cut from the front of the newest chunk. Each chunk begins with a
+// pointer to the one before it, which is all that releasing needs.
+//
+// Invariant: next and left describe the unused end of the newest chunk, and next
+// is a multiple of the alignment away from the chunk's start. A piece is cleared
+// when it is cut, not with its chunk: pages that are never cut are never touched,
+// and the cleared bytes are still in the cache when the caller fills them.
 
 namespace vorn {
 

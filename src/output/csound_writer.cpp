@@ -1,12 +1,3 @@
-// One line for each sounding event, written straight into the output buffer:
-//
-//     "\ni1    0.000  1.000  7000.000     8.000 "
-//
-// Every item ends with a blank, the last one too. What a column needs is worked
-// out once for the block, so that the loop over the events looks nothing up;
-// columns that write nothing ("xx" and codes that are no output types) are left
-// out of that plan, blank and all.
-
 #include "output/csound_writer.h"
 
 #include <cstdio>
@@ -17,6 +8,15 @@
 #include "input/messages.h"
 #include "input/real_text.h"
 #include "output/pitch_conversion.h"
+
+// One line for each sounding event, written straight into the output buffer:
+//
+//     "\ni1    0.000  1.000  7000.000     8.000 "
+//
+// Every item ends with a blank, the last one too. What a column needs is worked
+// out once for the block, so that the loop over the events looks nothing up;
+// columns that write nothing ("xx" and codes that are no output types) are left
+// out of that plan, blank and all.
 
 namespace vorn {
 

@@ -1,3 +1,12 @@
+#include "output/event_list.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+#include "generators/arithmetic.h"
+#include "input/run_flags.h"
+
 // P2 appends the events in time order; every later p-field statement walks the
 // ring once more from the head and gives each event one value.
 //
@@ -13,15 +22,6 @@
 //
 // Example: the P2 values 1 : 2 1 at tempo 60 give starts 0, 0 and 2, since the
 // larger interval of a chord is the one that counts.
-
-#include "output/event_list.h"
-
-#include <cmath>
-#include <cstdlib>
-#include <cstring>
-
-#include "generators/arithmetic.h"
-#include "input/run_flags.h"
 
 namespace vorn {
 

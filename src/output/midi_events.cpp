@@ -1,3 +1,14 @@
+#include "output/midi_events.h"
+
+#include <bit>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "generators/arithmetic.h"
+#include "input/messages.h"
+#include "output/midi_trace.h"
+
 // A note of the score has a start and a duration; a MIDI track wants a note-on
 // and, later, a note-off. List2MIDI adds the note-offs to the event list, each
 // behind every event that starts no later than the note ends:
@@ -12,17 +23,6 @@
 // however many overlap.
 // Where a start steps back, which whole-second copies of a chord can do, the
 // list is walked forward from each note to the place of its note-off instead.
-
-#include "output/midi_events.h"
-
-#include <bit>
-#include <memory>
-#include <new>
-#include <utility>
-
-#include "generators/arithmetic.h"
-#include "input/messages.h"
-#include "output/midi_trace.h"
 
 namespace vorn {
 

@@ -1,3 +1,8 @@
+#include "output/midi_file.h"
+
+#include "generators/arithmetic.h"
+#include "output/midi_events.h"
+
 // The bytes of a Standard MIDI File, format 1: a header chunk, a conductor track
 // with time signature and tempo, and one track of notes.
 //
@@ -7,11 +12,6 @@
 // one second is 480 ticks whatever tempo the score was written in. Every delta
 // is cut to whole ticks on its own; what the cuts lose adds up and is kept on
 // purpose.
-
-#include "output/midi_file.h"
-
-#include "generators/arithmetic.h"
-#include "output/midi_events.h"
 
 namespace vorn {
 

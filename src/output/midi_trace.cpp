@@ -1,11 +1,3 @@
-// One line for every event, in the order of the track, with the note and the
-// velocity as they stand in the list:
-//
-//     "\n   0.00\t   1.00\tON\tN:   60.00\tV:   62.01\t"
-//
-// The line feed comes first and a tab last, so the trace continues whatever
-// message stands before it. Invariant: the text has room for one more line.
-
 #include "output/midi_trace.h"
 
 #include <bit>
@@ -13,6 +5,14 @@
 #include <cstring>
 
 #include "input/messages.h"
+
+// One line for every event, in the order of the track, with the note and the
+// velocity as they stand in the list:
+//
+//     "\n   0.00\t   1.00\tON\tN:   60.00\tV:   62.01\t"
+//
+// The line feed comes first and a tab last, so the trace continues whatever
+// message stands before it. Invariant: the text has room for one more line.
 
 namespace vorn {
 

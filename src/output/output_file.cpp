@@ -1,3 +1,8 @@
+#include "output/output_file.h"
+
+#include <cstdlib>
+#include <cstring>
+
 // Everything that reaches the output file is gathered in one buffer of a
 // megabyte and written whole, so that a score of a million lines costs a few
 // hundred calls of the system. The writers format straight into the buffer:
@@ -8,11 +13,6 @@
 //
 // Invariant: used <= OUTPUT_BUFFER_SIZE. After a failed write the buffer is
 // still filled and emptied, so no writer has to look at the failure.
-
-#include "output/output_file.h"
-
-#include <cstdlib>
-#include <cstring>
 
 namespace vorn {
 

@@ -1,3 +1,9 @@
+#include "output/pitch_conversion.h"
+
+#include <cmath>
+
+#include "generators/arithmetic.h"
+
 // A pitch number is split into an octave and a pitch class of twelve semitones,
 // and the notations put the two together again: 60 is octave 5 and class 0, one
 // octave above middle C, and reads 9.00 in both notations.
@@ -6,12 +12,6 @@
 // reads 3.99: kept on purpose. The class is exact in single precision for every
 // pitch; quotients, powers and products are formed in double precision and
 // narrowed once, so middle C is 261.62558 hertz.
-
-#include "output/pitch_conversion.h"
-
-#include <cmath>
-
-#include "generators/arithmetic.h"
 
 namespace vorn {
 

@@ -24,19 +24,19 @@ namespace vorn {
 
 namespace {
 
-constexpr float INITIAL_TEMPO = 60.0f;
-constexpr float LOWEST_TEMPO = 1.0f;
-constexpr float HIGHEST_TEMPO = 4000.0f;
-constexpr float LAST_BEAT = 10000.0f;
+constexpr float INITIAL_TEMPO = 60.0F;
+constexpr float LOWEST_TEMPO = 1.0F;
+constexpr float HIGHEST_TEMPO = 4000.0F;
+constexpr float LAST_BEAT = 10000.0F;
 
 // Kept on purpose: curve type 1 with the value 0, though its empty span shows neither.
 constexpr TempoDef INITIAL_ENTRY = {
-    .start_time = 0.0f,
+    .start_time = 0.0F,
     .start_tempo = INITIAL_TEMPO,
-    .end_time = 0.0f,
+    .end_time = 0.0F,
     .end_tempo = INITIAL_TEMPO,
-    .curve_type = 1.0f,
-    .curve_value = 0.0f,
+    .curve_type = 1.0F,
+    .curve_value = 0.0F,
 };
 
 // The letters shown for the curve types. Kept on purpose: "U" and "X" are not
@@ -78,7 +78,7 @@ float to_tempo(float beats, float beat) {
 }
 
 int check_tempos() {
-    float previous_end = 0.0f;
+    float previous_end = 0.0F;
     for (int k = 0; k < TOT_TEMPOS; ++k) {
         if (previous_end > TEMPO_LIST[k].start_time)
             Mprintf("\nWARNING: Tempo #%d conflicts with previous tempo's end time!", k + 1);
@@ -89,7 +89,7 @@ int check_tempos() {
 
 bool good_tempo(float tempo) { return tempo >= LOWEST_TEMPO && tempo <= HIGHEST_TEMPO; }
 
-bool good_time(float time) { return time >= 0.0f && time <= LAST_BEAT; }
+bool good_time(float time) { return time >= 0.0F && time <= LAST_BEAT; }
 
 void print_tempos() {
     Mprintf("\n  Stored Tempos (There are %d defs):", TOT_TEMPOS);

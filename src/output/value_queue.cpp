@@ -1,3 +1,10 @@
+#include "output/value_queue.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "input/run_flags.h"
+
 // The queue is written in reading order and replayed from its head, so a loop
 // "<1 : 3 2>" holds 1, 3 (code 1) and 2. A group is a value with code 0 and the
 // fused values behind it; repeating a value inside a loop appends its whole group.
@@ -5,13 +12,6 @@
 // Invariants: the handle is null or points at the newest value of a closed ring;
 // the first value of a queue has code 0, so walking back from the tail to the
 // start of a group always ends.
-
-#include "output/value_queue.h"
-
-#include <cstdio>
-#include <cstdlib>
-
-#include "input/run_flags.h"
 
 namespace vorn {
 
