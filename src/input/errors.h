@@ -1,15 +1,16 @@
 #pragma once
 
 // The error and warning numbers by name. Their texts are in message_table.cpp.
+// A reserved number is known by its text, but nothing raises it.
 
 namespace vorn::error {
 
 constexpr int COMMENT_MISMATCH = 3;
-constexpr int PFIELD_MISMATCH = 4;
+constexpr int PFIELD_MISMATCH = 4;  // reserved
 constexpr int MISSING_BLOCK_END = 5;
 constexpr int MISSING_MACRO_END = 8;
 constexpr int TEMPORARY_FILE = 9;
-constexpr int I_WITHOUT_NUMBER = 10;
+constexpr int I_WITHOUT_NUMBER = 10;  // reserved
 constexpr int BAD_INSTRUMENT = 11;
 constexpr int BAD_START_TIME = 12;
 constexpr int BAD_BEATS = 13;
@@ -30,7 +31,7 @@ constexpr int DATA_OUT_OF_BOUNDS = 27;
 constexpr int BAD_DEVIATION = 28;
 constexpr int BAD_SEED = 29;
 constexpr int MISSING_BLOCK_BRACE = 30;
-constexpr int MISSING_CLOSING_BRACE = 31;
+constexpr int MISSING_CLOSING_BRACE = 31;  // reserved
 constexpr int OUT_OF_MEMORY = 32;
 constexpr int PREMATURE_END = 33;
 constexpr int MISSING_EQUALS = 34;
@@ -55,7 +56,7 @@ constexpr int BAD_WALK_RANGE = 52;
 constexpr int BAD_TIME_FRACTION = 53;
 constexpr int ZERO_INTERVAL = 54;
 constexpr int BAD_OPERATION = 55;
-constexpr int EQUATION_WITHOUT_BRACKETS = 56;
+constexpr int EQUATION_WITHOUT_BRACKETS = 56;  // reserved
 constexpr int BAD_PFIELD_REFERENCE = 57;
 constexpr int EQUATION_WITHOUT_PFIELD = 58;
 constexpr int DIVISION_BY_ZERO = 59;
@@ -104,13 +105,13 @@ constexpr int TEMPO_TERM1 = 150;
 constexpr int TEMPO_TERM2 = 151;
 constexpr int TEMPO_TERM3 = 152;
 constexpr int TEMPO_TERM4 = 153;
-constexpr int TEMPO_TERM5 = 154;
+constexpr int TEMPO_TERM5 = 154;  // reserved
 constexpr int TEMPO_START_RANGE = 155;
 constexpr int TEMPO_END_RANGE = 156;
 constexpr int START_TEMPO_RANGE = 157;
 constexpr int END_TEMPO_RANGE = 158;
 constexpr int TEMPO_TIMES_BACKWARDS = 159;
-constexpr int NOT_IMPLEMENTED = 200;
+constexpr int NOT_IMPLEMENTED = 200;  // reserved
 constexpr int BAD_REAL = 500;
 constexpr int ALREADY_PRINTED = 999;     // the message has been printed; nothing more is
 constexpr int PRINTED_ECHO_LEFT = 1000;  // the message has been printed; only the echo follows

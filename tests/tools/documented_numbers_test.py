@@ -9,15 +9,26 @@ import sys
 
 MANUAL = pathlib.Path("docs/manual.md")
 SOURCE = pathlib.Path("src/input/message_table.cpp")
+NAMES = pathlib.Path("src/input/errors.h")
 STRING = r'"((?:[^"\\]|\\.)*)"'
-ENTRY = re.compile(r"\{(\d+),\s*((?:" + STRING + r"\s*)+)\}")
+ENTRY = re.compile(r"\{(?:(\d+)|(\w+)::(\w+)),\s*((?:" + STRING + r"\s*)+)\}")
+NAMESPACE = re.compile(r"^namespace vorn::(\w+) \{(.*?)^\}", re.MULTILINE | re.DOTALL)
+CONSTANT = re.compile(r"^constexpr int (\w+) = (\d+);", re.MULTILINE)
 ROW = re.compile(r"^\| (\d+) \| (.*?) \| (.+) \|$", re.MULTILINE)
+
+
+def numbers():
+    """The numbers by namespace and name."""
+    return {(space, name): int(number) for space, body in NAMESPACE.findall(NAMES.read_text())
+            for name, number in CONSTANT.findall(body)}
 
 
 def table(name):
     """The texts of one table in the source: number to first line."""
+    named = numbers()
     body = re.search(name + r"\[\] = \{(.*?)\n\};", SOURCE.read_text(), re.DOTALL)[1]
-    entries = ((int(entry[1]), "".join(re.findall(STRING, entry[2]))) for entry in ENTRY.finditer(body))
+    entries = ((int(entry[1] or named[entry[2], entry[3]]), "".join(re.findall(STRING, entry[4])))
+               for entry in ENTRY.finditer(body))
     return {number: text.replace('\\"', '"').split("\\n")[0].strip() for number, text in entries}
 
 
