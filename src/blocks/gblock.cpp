@@ -54,6 +54,7 @@ int scan_line(Reader& reader, bool& block_found) {
         if (block_found || c == 0) return 0;
         CommentKind kind;
         if (!is_comment(reader.text, reader.pos, kind)) return error::INVALID_GLOBAL_COMMAND;
+        // Whatever ends the comment early, a misplaced "#endif" too, is told alike: kept on purpose.
         if (skip_comment(reader, kind) != 0) return error::COMMENT_MISMATCH;
     }
 }

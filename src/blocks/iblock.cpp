@@ -48,7 +48,7 @@ int do_block_commands(Reader& reader, bool& command_pending) {
         if (is_comment(reader.text, reader.pos, kind)) {
             const int result = skip_comment(reader, kind);
             if (result > 0) return error::COMMENT_UNENDED;
-            if (result < 0) return result;
+            if (result < 0) return result;  // the score ends: as in parse_iblock
             continue;
         }
         const int result = do_block_command(reader);
@@ -79,6 +79,7 @@ int parse_iblock(Reader& reader) {
     bool command_pending = false;
     for (;;) {
         int result = skip_lines(reader);
+        // A score that ends before the first statement drops the block unsaid: kept on purpose.
         if (result != 0) return result;
         const char c = reader.text[reader.pos];
         if (c == '}') return end_block(reader, command_pending);

@@ -66,7 +66,9 @@ int resolve_includes() {
     return reopen_temporary_file();
 }
 
-// Whether the run ends behind the block that was just read.
+// Whether the run ends behind the block that was just read. What stands behind
+// its "}" on the last line is dropped without a line feed, and read as a further
+// block with one: kept on purpose.
 int find_loop_end(const Reader& reader, LoopEnd& end) {
     const bool input_ended = std::feof(reader.stream) != 0;
     if (input_ended && reader.text[reader.pos] == 0) {
