@@ -2,8 +2,10 @@
 
 #include <cstring>
 #include <filesystem>
+#include <initializer_list>
 #include <system_error>
 
+#include <fcntl.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,6 +20,11 @@
 // expansion file, temporary file, log. A file that could not be written in full
 // makes the run fail, so that nobody takes a cut score for a whole one. The log
 // is closed last: it tells of the others.
+//
+// An include file may turn out to be one of those that are written. It is
+// refused then, and not lost: the older text of an output is cut off only when
+// the includes have been copied. Until then nothing is written but the log, and
+// that waits in its stream's buffer unless the names are hundreds of characters long.
 
 namespace vorn {
 
@@ -58,22 +65,54 @@ bool check_same_files() {
     return !clash;
 }
 
+// What identifies a file; of no stream and of a stream in memory, nothing does.
+struct stat identity(std::FILE* stream) {
+    struct stat found = {};
+    if (stream == nullptr || fstat(fileno(stream), &found) != 0) found = {};
+    return found;
+}
+
+struct stat identity(const char* name) {
+    struct stat found = {};
+    if (stat(name, &found) != 0) found = {};
+    return found;
+}
+
+// Devices and pipes may well be used twice.
+bool is_same_file(const struct stat& a, const struct stat& b) {
+    return S_ISREG(a.st_mode) && S_ISREG(b.st_mode) && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+bool is_same_file(std::FILE* a, std::FILE* b) { return is_same_file(identity(a), identity(b)); }
+
+// Opens for writing as fopen does, but leaves the older text. That of a file
+// that a standard stream writes, too, goes at once: later it would be a message.
+std::FILE* open_for_writing(const char* name, const char* mode) {
+    const struct stat file = identity(name);
+    const bool is_shared = is_same_file(file, identity(std_out)) || is_same_file(file, identity(std_err));
+    const int descriptor = open(name, O_WRONLY | O_CREAT | (is_shared ? O_TRUNC : 0), 0666);
+    std::FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, mode);
+    if (stream == nullptr && descriptor >= 0) close(descriptor);
+    return stream;
+}
+
+bool cut_older_text(std::FILE* stream, const char* name) {
+    if (!S_ISREG(identity(stream).st_mode)) return true;
+    const int descriptor = fileno(stream);
+    if (ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)) == 0) return true;
+    report_unwritten(name);
+    return false;
+}
+
 bool open_output_file() {
-    std::FILE* const stream = std::fopen(out_fname, OUTPUT_MODES[MKMIDI]);
+    std::FILE* const stream = open_for_writing(out_fname, OUTPUT_MODES[MKMIDI]);
     return (stream != nullptr && open_output(fout, stream)) || report_unopened(out_fname);
 }
 
 bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {
     if (!wanted) return true;
-    stream = std::fopen(name, "w");
+    stream = open_for_writing(name, "w");
     return stream != nullptr || report_unopened(name);
-}
-
-bool is_same_file(std::FILE* a, std::FILE* b) {
-    struct stat first = {};
-    struct stat second = {};
-    return a != nullptr && b != nullptr && fstat(fileno(a), &first) == 0 && fstat(fileno(b), &second) == 0 &&
-           S_ISREG(first.st_mode) && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 // Two outputs in one file would overwrite each other. Only now that all exist
@@ -125,8 +164,27 @@ bool open_files() {
     const bool opened = open_input() && check_same_files() && open_output_file() &&
                         open_extra_file(fecho, MKEXP, exp_fname) && open_temporary_file() &&
                         open_extra_file(fllog, MKLOG, log_fname) && check_separate_files();
-    if (!opened) close_files();
+    if (!opened) {
+        cut_older_texts();
+        close_files();
+    }
     return opened;
+}
+
+bool is_separate_include(std::FILE* included) {
+    for (std::FILE* written : {fout.stream, fecho, fllog}) {
+        if (!is_same_file(included, written)) continue;
+        dup2(fileno(ftmp), fileno(written));  // what still goes there is dropped with the temporary file
+        Mprintf("%s", NAME_CLASH);
+        return false;
+    }
+    return true;
+}
+
+bool cut_older_texts() {
+    bool cut = cut_older_text(fout.stream, out_fname);
+    cut = cut_older_text(fecho, exp_fname) && cut;
+    return cut_older_text(fllog, log_fname) && cut;
 }
 
 int reopen_temporary_file() {

@@ -97,7 +97,7 @@ bool check_fnames() {
     return !clash;
 }
 
-void report_name_clash() { std::fputs("\nERROR: You can't use a filename multiple times!\n\n", std_err); }
+void report_name_clash() { std::fputs(NAME_CLASH, std_err); }
 
 void print_usage(std::FILE* stream) {
     print_version(stream);

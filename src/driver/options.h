@@ -18,8 +18,9 @@ extern const char* exp_fname;  // expansion file (-x), or null
 // Whether all file names differ, compared as texts; false with the message printed.
 [[nodiscard]] bool check_fnames();
 
-// Reports that a file name has been given twice.
+// Reports on standard error that a file name has been given twice.
 void report_name_clash();
+constexpr const char* NAME_CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
 
 void print_usage(std::FILE* stream);
 

@@ -61,7 +61,8 @@ private:
 
 class IncludeCopy {
 public:
-    IncludeCopy(std::FILE* in, std::FILE* out, int& count) : in_(in), out_(out), count_(count) {}
+    IncludeCopy(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include)
+        : in_(in), out_(out), count_(count), may_include_(may_include) {}
     int run();
 
 private:
@@ -73,10 +74,12 @@ private:
     bool read_keyword_rest();
     int read_file_name();
     int include_file();
+    int copy_included(std::FILE* included);
 
     std::FILE* in_;
     std::FILE* out_;
     int& count_;
+    IncludeCheck may_include_;
     CommentTracker comment_;
     char name_[MAX_INCLUDE_NAME + 1] = {};
 };
@@ -168,10 +171,13 @@ std::FILE* open_readable(const char* name) {
     return stream;
 }
 
-bool is_read_in_full(std::FILE* included, const char* name) {
-    if (!std::ferror(included)) return true;
-    Mprintf("\nERROR: Can't open \"%s\".\n\n", name);
-    return false;
+int IncludeCopy::copy_included(std::FILE* included) {
+    if (may_include_ != nullptr && !may_include_(included)) return error::ALREADY_PRINTED;
+    Mprintf("\n\tOpening include file \"%s\"...", name_);
+    if (const int result = parse_includes(included, out_, count_, may_include_)) return result;
+    if (!std::ferror(included)) return 0;
+    Mprintf("\nERROR: Can't open \"%s\".\n\n", name_);
+    return error::ALREADY_PRINTED;
 }
 
 int IncludeCopy::include_file() {
@@ -180,9 +186,7 @@ int IncludeCopy::include_file() {
         Mprintf("\nBad include file name: \"%s\"\n\n", name_);
         return error::ALREADY_PRINTED;
     }
-    Mprintf("\n\tOpening include file \"%s\"...", name_);
-    int result = parse_includes(included, out_, count_);
-    if (result == 0 && !is_read_in_full(included, name_)) result = error::ALREADY_PRINTED;
+    const int result = copy_included(included);
     std::fclose(included);
     comment_.end_all();
     comment_.remember('|');
@@ -192,12 +196,12 @@ int IncludeCopy::include_file() {
 }  // namespace
 
 // The count is a budget for the whole run, never lowered: kept on purpose.
-int parse_includes(std::FILE* in, std::FILE* out, int& count) {
+int parse_includes(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include) {
     if (++count > MAX_INCLUDE_FILES) {
         Mprintf("\n\nToo many embedded include files! (Max = %d)\n", MAX_INCLUDE_FILES);
         return 1;
     }
-    return IncludeCopy(in, out, count).run();
+    return IncludeCopy(in, out, count, may_include).run();
 }
 
 }  // namespace vorn

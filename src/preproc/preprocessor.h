@@ -34,9 +34,16 @@ bool is_endif(const char* text, std::int32_t pos);  // "endif" at pos
 
 // --- called by the driver ---
 
+// Whether a file that an include directive has opened may be copied; false with
+// the message printed.
+using IncludeCheck = bool (*)(std::FILE* included);
+
 // Copies the stream with every include file spliced in. Returns 0 or a positive
-// number, the message then already printed. `count` is the run's include counter.
-[[nodiscard]] int parse_includes(std::FILE* in, std::FILE* out, int& count);
+// number, the message then already printed; a read error of `in` itself is left
+// in the stream. `count` is the run's include counter; without a check every file
+// may be copied.
+[[nodiscard]] int parse_includes(std::FILE* in, std::FILE* out, int& count,
+                                 IncludeCheck may_include = nullptr);
 
 bool ifdef_match();  // every "#if" has met its "#endif"
 void free_macro_list();

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -120,6 +121,25 @@ TEST_F(OddFiles, OutputMayBeADevice) {
     const RunResult result = run({"-l", "/dev/null", "in.vorn", "/dev/stdout"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, OUTPUT);
+}
+
+// What the screen's file holds already is not cut off behind the banner.
+TEST_F(OddFiles, LogMayBeTheFileOfStandardError) {
+    const RunResult result = run({"-l", "/dev/stderr", "in.vorn", "out.sco"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(result.err.starts_with("\nVorn (")) << result.err;
+    EXPECT_EQ(behind_banner(result.err), BLOCK + SUMMARY + "\n");
+}
+
+TEST_F(OddFiles, OutputMayBeAPipe) {
+    make_pipe(folder_, "pipe");
+    const int reader = open((folder_.path() / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    const RunResult result = run({"in.vorn", "pipe"});
+    char bytes[100] = {};
+    EXPECT_EQ(read(reader, bytes, sizeof bytes), static_cast<ssize_t>(OUTPUT.size()));
+    EXPECT_EQ(bytes, OUTPUT);
+    EXPECT_EQ(result.status, 0);
+    close(reader);
 }
 
 // The score must not take the place of standard error.

@@ -1,6 +1,9 @@
 #include "driver/files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -76,6 +79,109 @@ TEST(Files, OutputIsTruncatedBeforeIncludesAreChecked) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(behind_banner(result.err), "\nBad include file name: \"missing.inc\"\n\n");
     EXPECT_EQ(result.files.at("out.sco"), "");
+}
+
+const char* const CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
+
+TEST(Files, AnOutputThatIsIncludedIsRefusedAndKeepsItsText) {
+    for (const char* name : {"part.inc", "symbolic", "hard"}) {
+        for (const vorn_test::Arguments& arguments : {vorn_test::Arguments{"in.vorn", name},
+                                                      {"-l", name, "in.vorn", "out.sco"},
+                                                      {"-x", name, "in.vorn", "out.sco"},
+                                                      {"-m", "in.vorn", name}}) {
+            SCOPED_TRACE(arguments.front() + " " + name);
+            const WorkFolder folder;
+            folder.write("in.vorn", "#include |first.inc|#include |part.inc|\n");
+            folder.write("first.inc", "; a comment\n");
+            folder.write("part.inc", SCORE);
+            std::filesystem::create_symlink("part.inc", folder.path() / "symbolic");
+            std::filesystem::create_hard_link(folder.path() / "part.inc", folder.path() / "hard");
+            const RunResult result = run_in_process(folder, arguments);
+            EXPECT_EQ(result.status, 1);
+            EXPECT_EQ(behind_banner(result.err),
+                      "\n\tOpening include file \"first.inc\"..." + std::string(CLASH));
+            EXPECT_EQ(result.files.at("part.inc"), SCORE);
+        }
+    }
+}
+
+TEST(Files, OfOutputsOnlyTheIncludedOneKeepsItsText) {
+    const WorkFolder folder;
+    folder.write("in.vorn", "#include |part.inc|\n");
+    folder.write("part.inc", SCORE);
+    folder.write("run.log", std::string(5000, 'x'));
+    folder.write("run.exp", "an older text");
+    const RunResult result =
+        run_in_process(folder, {"-l", "run.log", "-x", "run.exp", "in.vorn", "part.inc"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.files.at("run.log")), CLASH);
+    EXPECT_EQ(result.files.at("run.exp"), "");
+    EXPECT_EQ(result.files.at("part.inc"), SCORE);
+}
+
+// Opening has made it, so it is there to be included.
+TEST(Files, ANewOutputCannotBeIncludedEither) {
+    const WorkFolder folder;
+    folder.write("in.vorn", "#include |out.sco|\n");
+    const RunResult result = run_in_process(folder, {"in.vorn", "out.sco"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), CLASH);
+    EXPECT_EQ(result.files.at("out.sco"), "");
+}
+
+TEST(Files, ADeviceMayBeWrittenAndIncluded) {
+    const WorkFolder folder;
+    folder.write("in.vorn", "#include |/dev/null|\n" + std::string(SCORE));
+    EXPECT_EQ(run_in_process(folder, {"in.vorn", "/dev/null"}).status, 0);
+}
+
+// The beginning of such a log has left the buffer of its stream before the old text is cut off.
+TEST(Files, NothingOfOlderTextsIsLeft) {
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    const RunResult fresh = run_in_process(folder, {"-l", "run.log", "-x", "run.exp", "in.vorn", "out.sco"});
+    for (const char* name : {"run.log", "run.exp", "out.sco"}) folder.write(name, std::string(99999, 'x'));
+    std::string long_name = "in.vorn";
+    for (int at = 0; at < 2000; ++at) long_name.insert(0, "./");
+    const RunResult result = run_in_process(folder, {"-l", "run.log", "-x", "run.exp", long_name, "out.sco"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.files.at("run.log"), result.err.substr(0, result.err.size() - 1));
+    EXPECT_EQ(result.files.at("run.exp"), fresh.files.at("run.exp"));
+    EXPECT_EQ(result.files.at("out.sco"), fresh.files.at("out.sco"));
+}
+
+TEST(Files, FilesAreEmptiedWhenALaterOneCannotBeOpened) {
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    folder.write("out.sco", "an older score");
+    folder.write("run.exp", "an older text");
+    EXPECT_EQ(run_in_process(folder, {"-l", "none/log", "-x", "run.exp", "in.vorn", "out.sco"}).status, 1);
+    EXPECT_EQ(folder.read("out.sco"), "");
+    EXPECT_EQ(folder.read("run.exp"), "");
+}
+
+TEST(Files, OutputsThatShareAFileAreEmptied) {
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    folder.write("out.sco", "an older score");
+    const RunResult result = run_in_process(folder, {"-x", "./out.sco", "in.vorn", "out.sco"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, CLASH);
+    EXPECT_EQ(result.files.at("out.sco"), "");
+}
+
+// It may be written but not be made shorter.
+TEST(Files, AnOutputThatCannotBeEmptiedStopsTheRun) {
+    const int descriptor = memfd_create("old", MFD_ALLOW_SEALING);
+    ASSERT_EQ(write(descriptor, "old", 3), 3);
+    ASSERT_EQ(fcntl(descriptor, F_ADD_SEALS, F_SEAL_SHRINK), 0);
+    const std::string name = "/proc/self/fd/" + std::to_string(descriptor);
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    const RunResult result = run_in_process(folder, {"in.vorn", name});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), "\nERROR: Can't write \"" + name + "\".\n\n");
+    close(descriptor);
 }
 
 TEST(Files, AnIncludeFileThatFailsWhileItIsReadStopsTheRun) {

@@ -220,6 +220,18 @@ TEST_F(Includes, DirectoryIsABadFileName) {
     EXPECT_EQ(messages(), "\nBad include file name: \"folder\"\n\n");
 }
 
+TEST_F(Includes, FileThatTheCheckRefusesIsNotCopied) {
+    folder.write("a", "A");
+    folder.write("main", "x#include |a|y");
+    std::FILE* const in = std::fopen("main", "r");
+    std::FILE* const out = std::fopen("copy", "w");
+    EXPECT_EQ(vorn::parse_includes(in, out, count, [](std::FILE*) { return false; }), 999);
+    std::fclose(in);
+    std::fclose(out);
+    EXPECT_EQ(folder.read("copy"), "x");
+    EXPECT_EQ(messages(), "") << "the check has told why";
+}
+
 TEST_F(Includes, AReadErrorIsNoEndOfAFile) {
     folder.write("a", "A");
     folder.write("b", "[#include |a|]");
