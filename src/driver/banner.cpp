@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-const char* const VERSION = "2.1.2";
+const char* const VERSION = VORN_VERSION;  // of the project, in CMakeLists.txt
 
 void print_version(std::FILE* stream) {
     std::fprintf(stream, "\nVorn (%s, %s, %s)\n", VERSION, __DATE__, __TIME__);
