@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "generators/ddf_data.h"
-#include "generators/growing_array.h"
+#include "input/growing_array.h"
 
 namespace vorn {
 

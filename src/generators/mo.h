@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "generators/ddf_data.h"
-#include "generators/growing_array.h"
 #include "generators/value_range.h"
+#include "input/growing_array.h"
 
 namespace vorn {
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 
 #include "generators/ddf_data.h"
-#include "generators/growing_array.h"
 #include "generators/set_choice.h"
+#include "input/growing_array.h"
 
 namespace vorn {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "generators/ddf_data.h"
-#include "generators/growing_array.h"
 #include "generators/set_choice.h"
+#include "input/growing_array.h"
 
 namespace vorn {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "generators/growing_array.h"
+#include "input/growing_array.h"
 #include "input/reader.h"
 
 // How an element of a set is chosen, event by event.

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <new>
 
-#include "generators/growing_array.h"
 #include "input/characters.h"
 #include "input/errors.h"
+#include "input/growing_array.h"
 #include "input/line_buffer.h"
 #include "input/messages.h"
 #include "input/skip.h"

@@ -1,4 +1,4 @@
-#include "generators/growing_array.h"
+#include "input/growing_array.h"
 
 #include <gtest/gtest.h>
 
