@@ -4,8 +4,8 @@
 #include <cstring>
 
 // Everything that reaches the output file is gathered in one buffer of a
-// megabyte and written whole, so that a score of a million lines costs a few
-// hundred calls of the system. The writers format straight into the buffer:
+// megabyte and written whole, so that a score of a million lines costs
+// some forty calls of the system. The writers format straight into the buffer:
 //
 //     char* to = output_space(file, 200);
 //     char* end = format_real(to, value, 9, 3);
