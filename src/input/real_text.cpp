@@ -1,3 +1,11 @@
+#include "input/real_text.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
 // A printed real is a 32-bit float with at most seven decimals. The value times
 // 10^decimals has at most 24 + 17 significant bits, so the product is exact in a
 // double, and adding 2^52 rounds it to a whole number by the processor's own
@@ -10,14 +18,6 @@
 // what follows overwrites it. Nearly all numbers of a score have at most eight
 // digits; longer ones are put together from two words, and the library writes
 // huge values and infinities.
-
-#include "input/real_text.h"
-
-#include <bit>
-#include <cmath>
-#include <cstdint>
-#include <cstdio>
-#include <cstring>
 
 namespace vorn {
 

@@ -10,7 +10,7 @@
 // for byte. What a failing case really gave is left in the build folder, where
 // scripts/accept looks for it.
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -68,10 +68,10 @@ void register_cases() {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    vorn_test::register_cases();
+    vorn::test::register_cases();
     return RUN_ALL_TESTS();
 }

@@ -13,7 +13,7 @@
 
 #include "support/run_case.h"
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 constexpr const char* OUTPUTS[] = {"re", "in", "db", "hz", "op", "od", "tr", "bn"};
@@ -97,4 +97,4 @@ TEST(NotationConversions, EveryInputTypeInsideEveryGenerator) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -8,7 +8,7 @@
 
 #include "support/run_case.h"
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 constexpr const char* BAD_VALUE = "Value out of bounds or syntax error.";                      // 23
@@ -143,4 +143,4 @@ TEST(NotationErrors, WhatIsLeftBehindAValueInAGenerator) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

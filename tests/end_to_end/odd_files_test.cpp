@@ -12,7 +12,7 @@
 // Files that cannot be read, written or told apart, and runs that are
 // interrupted: each has a clear outcome, and no temporary file stays behind.
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -302,4 +302,4 @@ TEST_F(OddFiles, TemporaryFileIsPrivate) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -7,7 +7,7 @@
 // Texts that no composer means to write: each ends with a clear outcome, whole
 // messages included.
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 const std::string SCORE = "i1 = 3 0 1 {\np2 1\np3 1\n}\n";
@@ -211,4 +211,4 @@ TEST(OddInput, TwoRunsInOneProcessGiveTheSameBytes) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -8,7 +8,7 @@
 
 #include "support/run_case.h"
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 constexpr const char* BAD_DEFINE = "Error in macro \"#define\" or \"#undef\" statement.";  // 80
@@ -223,4 +223,4 @@ TEST(CutOff, Include) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -12,7 +12,7 @@
 // All cases, three rounds in one process, each round in another order. What one
 // run leaves behind in a variable shows as a difference in a later run.
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 const std::filesystem::path CASES = VORN_CASES;
@@ -60,4 +60,4 @@ TEST(Rounds, LeaveNothingBehindForTheNextRun) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

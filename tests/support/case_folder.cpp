@@ -14,7 +14,7 @@
 // nothing on standard output, no (or an empty) score, log and expansion file,
 // and on standard error nothing but the figures of the blocks.
 
-namespace vorn_test {
+namespace vorn::test {
 
 namespace fs = std::filesystem;
 
@@ -220,4 +220,4 @@ bool is_quiet(const std::string& err) {
     return true;
 }
 
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -9,7 +9,7 @@
 
 // One end-to-end case: a folder tests/cases/<feature>/<case>/ as tests/README.md describes it.
 
-namespace vorn_test {
+namespace vorn::test {
 
 using Texts = std::map<std::string, std::string>;  // by the name of the expectation file
 
@@ -36,4 +36,4 @@ std::string problems(const Case& a_case, const RunResult& result);
 // Whether standard error tells nothing but the figures of the blocks.
 bool is_quiet(const std::string& err);
 
-}  // namespace vorn_test
+}  // namespace vorn::test

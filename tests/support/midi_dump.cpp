@@ -8,7 +8,7 @@
 // Each routine reads one element of the format and throws Malformed at the
 // first byte that does not fit.
 
-namespace vorn_test {
+namespace vorn::test {
 
 namespace {
 
@@ -179,4 +179,4 @@ std::string midi_dump(const std::string& bytes) {
     return out.str();
 }
 
-}  // namespace vorn_test
+}  // namespace vorn::test

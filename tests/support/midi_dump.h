@@ -18,8 +18,8 @@
 //     480 +480 off channel 1 note 60 velocity 64
 //     480 +0 end of track
 
-namespace vorn_test {
+namespace vorn::test {
 
 std::string midi_dump(const std::string& bytes);
 
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -18,7 +18,7 @@
 // the run's own files. A run that takes longer than TIME_LIMIT is ended by its
 // alarm: a program shows status -SIGALRM, this process ends.
 
-namespace vorn_test {
+namespace vorn::test {
 
 namespace fs = std::filesystem;
 
@@ -183,4 +183,4 @@ std::string behind_banner(const std::string& text) {
     return has_banner ? found.suffix().str() : text;
 }
 
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -15,7 +15,7 @@
 //     EXPECT_EQ(behind_banner(result.err), "...");
 //     EXPECT_EQ(result.files["out.sco"], "...");
 
-namespace vorn_test {
+namespace vorn::test {
 
 // A private folder under the system's temporary one, gone with the object.
 class WorkFolder {
@@ -60,4 +60,4 @@ std::string behind_banner(const std::string& text);
 std::string read_file(const std::filesystem::path& path);
 void write_file(const std::filesystem::path& path, const std::string& bytes);
 
-}  // namespace vorn_test
+}  // namespace vorn::test

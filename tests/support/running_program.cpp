@@ -19,7 +19,7 @@
 // Waiting is polling, a few milliseconds at a time, with a deadline: nothing here
 // can hang, and nothing depends on how long a step of the program takes.
 
-namespace vorn_test {
+namespace vorn::test {
 
 namespace fs = std::filesystem;
 
@@ -182,4 +182,4 @@ std::string TemporaryFileWatch::left_behind() {
     return "";
 }
 
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -20,7 +20,7 @@
 //
 // What does not come about within seconds is a std::runtime_error.
 
-namespace vorn_test {
+namespace vorn::test {
 
 // What the program may use; 0: as much as the test itself.
 struct Limits {
@@ -87,4 +87,4 @@ private:
     std::set<std::string> names_;
 };
 
-}  // namespace vorn_test
+}  // namespace vorn::test

@@ -33,27 +33,27 @@ TEST(Banner, TellsVersionAndBuild) {
 }
 
 TEST(Banner, NamesInputAndOutput) {
-    EXPECT_EQ(vorn_test::without_chance(banner()),
+    EXPECT_EQ(vorn::test::without_chance(banner()),
               "\nVorn (2.1.2, DATE, TIME)\n"
               "\n\nInput\t= \"a b.vorn\"\nOutput\t= \"out\" [Csound score-file]\n");
     vorn::MKMIDI = 1;
-    EXPECT_EQ(vorn_test::without_chance(banner()),
+    EXPECT_EQ(vorn::test::without_chance(banner()),
               "\nVorn (2.1.2, DATE, TIME)\n"
               "\n\nInput\t= \"a b.vorn\"\nOutput\t= \"out\" [MIDI file (type 1)]\n");
 }
 
 TEST(Banner, NamesLogAndExpansionFileOnlyWhenThereAreAny) {
     vorn::MKLOG = 1;
-    EXPECT_EQ(vorn_test::without_chance(banner()),
+    EXPECT_EQ(vorn::test::without_chance(banner()),
               "\nVorn (2.1.2, DATE, TIME)\n"
               "\n\nInput\t= \"a b.vorn\"\nOutput\t= \"out\" [Csound score-file]\nLog \t= \"run.log\"\n");
     vorn::MKEXP = 1;
-    EXPECT_EQ(vorn_test::without_chance(banner()),
+    EXPECT_EQ(vorn::test::without_chance(banner()),
               "\nVorn (2.1.2, DATE, TIME)\n"
               "\n\nInput\t= \"a b.vorn\"\nOutput\t= \"out\" [Csound score-file]\nMExp\t= \"run.exp\"\n");
     vorn::MKLOG = 1;
     vorn::MKEXP = 1;
-    EXPECT_EQ(vorn_test::without_chance(banner()),
+    EXPECT_EQ(vorn::test::without_chance(banner()),
               "\nVorn (2.1.2, DATE, TIME)\n"
               "\n\nInput\t= \"a b.vorn\"\nOutput\t= \"out\" [Csound score-file]\n"
               "Log \t= \"run.log\"\nMExp\t= \"run.exp\"\n");

@@ -137,7 +137,7 @@ TEST(BlockOutput, CumulativeTimeIsAMaximumAndTheLastTimeADuration) {
 TEST(BlockOutput, TheConductorTrackLastsAsTheListBehindItsConversion) {
     Blocks blocks("i1 = 5 0 2 {\np2 1\np3 1\np4 16000\np5 60 }\n", true);
     EXPECT_EQ(blocks.read_one(), 0);
-    EXPECT_NE(vorn_test::midi_dump(blocks.written()).find("1920 +1920 end of track\n"), std::string::npos);
+    EXPECT_NE(vorn::test::midi_dump(blocks.written()).find("1920 +1920 end of track\n"), std::string::npos);
     EXPECT_NE(blocks.told.find("\n\n4 events generated in block #1 (i1).\n"), std::string::npos);
 }
 

@@ -17,10 +17,10 @@
 
 namespace {
 
-using vorn_test::behind_banner;
-using vorn_test::run_in_process;
-using vorn_test::RunResult;
-using vorn_test::WorkFolder;
+using vorn::test::behind_banner;
+using vorn::test::run_in_process;
+using vorn::test::RunResult;
+using vorn::test::WorkFolder;
 
 const char* const SCORE = "i1 = 3 0 1 {\np2 1\np3 1\n}\n";
 
@@ -85,10 +85,10 @@ const char* const CLASH = "\nERROR: You can't use a filename multiple times!\n\n
 
 TEST(Files, AnOutputThatIsIncludedIsRefusedAndKeepsItsText) {
     for (const char* name : {"part.inc", "symbolic", "hard"}) {
-        for (const vorn_test::Arguments& arguments : {vorn_test::Arguments{"in.vorn", name},
-                                                      {"-l", name, "in.vorn", "out.sco"},
-                                                      {"-x", name, "in.vorn", "out.sco"},
-                                                      {"-m", "in.vorn", name}}) {
+        for (const vorn::test::Arguments& arguments : {vorn::test::Arguments{"in.vorn", name},
+                                                       {"-l", name, "in.vorn", "out.sco"},
+                                                       {"-x", name, "in.vorn", "out.sco"},
+                                                       {"-m", "in.vorn", name}}) {
             SCOPED_TRACE(arguments.front() + " " + name);
             const WorkFolder folder;
             folder.write("in.vorn", "#include |first.inc|#include |part.inc|\n");

@@ -201,7 +201,7 @@ TEST_F(WriteTrack, AWholeFileIsReadableByAStrictReader) {
         vorn::PutTrack1(out, 3);
     });
     bytes += track({{1, 0, 62, 60}, {1, 1, 127, 64}, {0, 1, 60, 60}, {0, 2, 60, 64}}, 18);
-    EXPECT_EQ(vorn_test::midi_dump(bytes),
+    EXPECT_EQ(vorn::test::midi_dump(bytes),
               "MThd format 1, tracks 2, division 480\n"
               "MTrk 1, 20 bytes\n"
               "0 +0 time signature 4/4, 24 clocks per click, 8 thirty-seconds per quarter\n"

@@ -4,9 +4,9 @@
 
 namespace {
 
-using vorn_test::Line;
+using vorn::test::Line;
 
-class Conditionals : public vorn_test::PreprocessorTest {
+class Conditionals : public vorn::test::PreprocessorTest {
 protected:
     std::string lines_of(const std::string& score) {
         const auto outcome = run(score);

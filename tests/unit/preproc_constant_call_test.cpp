@@ -4,9 +4,9 @@
 
 namespace {
 
-using vorn_test::Line;
+using vorn::test::Line;
 
-class ConstantCall : public vorn_test::PreprocessorTest {
+class ConstantCall : public vorn::test::PreprocessorTest {
 protected:
     // The text after expanding the one reference whose "~" stands at `start`.
     std::string expand_at(std::int32_t start, const std::string& text, int expected = 0) {

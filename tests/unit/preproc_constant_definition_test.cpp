@@ -4,7 +4,7 @@
 
 namespace {
 
-class ConstantDefinition : public vorn_test::PreprocessorTest {
+class ConstantDefinition : public vorn::test::PreprocessorTest {
 protected:
     // The value that a score defines for the newest constant.
     double value_of(const std::string& score) {

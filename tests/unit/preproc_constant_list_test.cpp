@@ -6,7 +6,7 @@ namespace {
 
 using vorn::whole_name;
 
-class ConstantList : public vorn_test::PreprocessorTest {
+class ConstantList : public vorn::test::PreprocessorTest {
 protected:
     static vorn::Constant* make(const char* name, double value) {
         auto* constant = new vorn::Constant();

@@ -3,7 +3,7 @@
 
 namespace {
 
-class ConstantScan : public vorn_test::PreprocessorTest {
+class ConstantScan : public vorn::test::PreprocessorTest {
 protected:
     void SetUp() override {
         PreprocessorTest::SetUp();

@@ -4,7 +4,7 @@
 
 namespace {
 
-class Equation : public vorn_test::PreprocessorTest {
+class Equation : public vorn::test::PreprocessorTest {
 protected:
     void SetUp() override {
         PreprocessorTest::SetUp();

@@ -19,7 +19,7 @@
 // What the preprocessor's tests share: a line as the expanding routines take it,
 // and a small reader that fetches every line of a text and runs its "#" commands.
 
-namespace vorn_test {
+namespace vorn::test {
 
 // A text with room to grow and a place in it.
 struct Line {
@@ -119,4 +119,4 @@ private:
     std::size_t size_ = 0;
 };
 
-}  // namespace vorn_test
+}  // namespace vorn::test

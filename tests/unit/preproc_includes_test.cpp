@@ -8,7 +8,7 @@
 
 namespace {
 
-class Includes : public vorn_test::PreprocessorTest {
+class Includes : public vorn::test::PreprocessorTest {
 protected:
     void SetUp() override {
         PreprocessorTest::SetUp();
@@ -34,7 +34,7 @@ protected:
         return folder.read("copy");
     }
 
-    vorn_test::WorkFolder folder;
+    vorn::test::WorkFolder folder;
     int result = -1;
     int count = 0;
 

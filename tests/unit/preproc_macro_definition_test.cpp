@@ -5,7 +5,7 @@
 
 namespace {
 
-class MacroDefinition : public vorn_test::PreprocessorTest {
+class MacroDefinition : public vorn::test::PreprocessorTest {
 protected:
     // The body that a score defines for a macro, or the error of the score.
     std::string body_of(const char* name, const std::string& score) {

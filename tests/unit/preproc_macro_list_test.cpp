@@ -9,7 +9,7 @@ namespace {
 using vorn::Macro;
 using vorn::whole_name;
 
-class MacroList : public vorn_test::PreprocessorTest {
+class MacroList : public vorn::test::PreprocessorTest {
 protected:
     static Macro* make(const char* name, const char* body,
                        std::initializer_list<const char*> arguments = {}) {

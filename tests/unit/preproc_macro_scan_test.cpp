@@ -5,7 +5,7 @@
 
 namespace {
 
-class MacroScan : public vorn_test::PreprocessorTest {
+class MacroScan : public vorn::test::PreprocessorTest {
 protected:
     // Scans one line, as it comes from the line buffer.
     std::string scan(const std::string& text) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-class Names : public vorn_test::PreprocessorTest {
+class Names : public vorn::test::PreprocessorTest {
 protected:
     static std::string name_at(const std::string& text, std::int32_t& pos) {
         const vorn::Name name = vorn::read_name(text.c_str(), pos);

@@ -33,9 +33,9 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
 
 namespace {
 
-using vorn_test::Line;
+using vorn::test::Line;
 
-class OutOfMemory : public vorn_test::PreprocessorTest {
+class OutOfMemory : public vorn::test::PreprocessorTest {
 protected:
     void TearDown() override {
         allocations_left = -1;

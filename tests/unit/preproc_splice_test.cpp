@@ -5,7 +5,7 @@
 namespace {
 
 using vorn::splice;
-using vorn_test::Line;
+using vorn::test::Line;
 
 TEST(Splice, ReplacesAStretchByAnyLength) {
     Line line("re $A 60");

@@ -6,7 +6,7 @@
 
 // The harness must see what differs: each test here is a case that ought to fail.
 
-namespace vorn_test {
+namespace vorn::test {
 namespace {
 
 const std::string FIGURES =
@@ -140,4 +140,4 @@ TEST(LoadCase, RefusesAFileThatNobodyReads) {
 }
 
 }  // namespace
-}  // namespace vorn_test
+}  // namespace vorn::test

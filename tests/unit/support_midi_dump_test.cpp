@@ -9,7 +9,7 @@
 
 namespace {
 
-using vorn_test::midi_dump;
+using vorn::test::midi_dump;
 
 // The bytes of hexadecimal digits, blanks ignored.
 std::string bytes(const std::string& hexadecimal) {
