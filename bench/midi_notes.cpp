@@ -100,9 +100,9 @@ bool print_row(const char* name, const Times& times, long notes) {
     const double vorn = per_note(times.vorn, notes);
     std::printf("%-32s %8ld %9.0f", name, notes, vorn);
     if (times.csvmidi < 0) {
-        std::printf("        --\n");
+        std::printf("        --      --\n");
     } else {
-        std::printf(" %9.0f\n", per_note(times.csvmidi, notes));
+        std::printf(" %9.0f %7.3f\n", per_note(times.csvmidi, notes), times.vorn / times.csvmidi);
     }
     std::fflush(stdout);
     return vorn < TARGET;
@@ -114,7 +114,7 @@ int main(int argc, char** argv) {
     const long notes = argc > 1 ? std::atol(argv[1]) : 1'000'000;
     const Workplace place;
     std::printf("nanoseconds of the processor for each note, the quickest of %d runs\n\n", ROUNDS);
-    std::printf("%-32s %8s %9s %9s\n", "notes", "number", "vorn -m", "csvmidi");
+    std::printf("%-32s %8s %9s %9s %7s\n", "notes", "number", "vorn -m", "csvmidi", "ratio");
     for (long growing = 10'000; argc == 1 && growing < notes; growing *= 10) {
         for (const Kind& kind : KINDS)
             print_row(kind.name, measure(place, kind.lengths, growing, ROUNDS), growing);
