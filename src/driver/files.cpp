@@ -171,7 +171,7 @@ bool open_files() {
     return opened;
 }
 
-bool is_separate_include(std::FILE* included) {
+bool accept_include(std::FILE* included) {
     for (std::FILE* written : {fout.stream, fecho, fllog}) {
         if (!is_same_file(included, written)) continue;
         dup2(fileno(ftmp), fileno(written));  // what still goes there is dropped with the temporary file

@@ -13,16 +13,17 @@ constexpr int TMP_NAME_SIZE = 1024;
 extern char tmp_fname[TMP_NAME_SIZE];  // name of the temporary file; empty while there is none
 
 // Opens input, output, expansion file, temporary file and log, in this order.
-// False with the message printed; nothing stays open then. What the files that
-// will be written hold already stays in them until cut_older_texts.
+// False with the message printed; nothing stays open then. The files that are
+// written keep their older text until cut_older_texts.
 [[nodiscard]] bool open_files();
 
-// Whether the opened include file is none that the run writes. Otherwise, with
-// the message printed, that file keeps its text: nothing is written to it any more.
-[[nodiscard]] bool is_separate_include(std::FILE* included);
+// False, with the message printed, for an opened include file that the run also
+// writes. That file then keeps its text: nothing more is written to it.
+[[nodiscard]] bool accept_include(std::FILE* included);
 
 // Cuts off what output, expansion file and log hold beyond what this run has
-// written. For when the include files are known. False with the message printed.
+// written. To be called once the includes are copied, or when the run ends before.
+// False with the message printed.
 bool cut_older_texts();
 
 // Closes input and temporary file and reopens the latter as fin. Returns 0, error

@@ -62,7 +62,7 @@ void print_banner() {
 // that as the input. Returns 0 or an error number.
 int resolve_includes() {
     int count = 0;
-    const int result = parse_includes(fin, ftmp, count, is_separate_include);
+    const int result = parse_includes(fin, ftmp, count, accept_include);
     if (!cut_older_texts() || result > 0) return error::ALREADY_PRINTED;
     return reopen_temporary_file();
 }
