@@ -23,7 +23,8 @@
 //     p4 440 220 }
 //
 // Block commands belong before a p-field statement: a "}" behind one, with only
-// white space and comments between, is refused. Kept on purpose.
+// white space and comments between, is refused. Kept on purpose. A header between
+// the two begins anew.
 
 namespace vorn {
 
@@ -85,6 +86,7 @@ int parse_iblock(Reader& reader) {
         if (c == '}') return end_block(reader, command_pending);
         if (c == 'i') {
             result = do_header(reader);
+            command_pending = false;
         } else if (is_pfield(reader.text, reader.pos)) {
             result = read_pfield_statement(reader);
             command_pending = false;

@@ -106,8 +106,9 @@ TEST_F(Iblock, HeaderInsideTheBodyMaySkipTheBlock) {
     EXPECT_EQ(rest(), " rest");
 }
 
-TEST_F(Iblock, CommandBeforeAHeaderInsideStillWantsAStatement) {
-    EXPECT_EQ(read_block("i3=3 0 1{ rd(.1)\ni3=3 0 1{ }"), 73);
+TEST_F(Iblock, HeaderBehindABlockCommandBeginsAnew) {
+    EXPECT_EQ(read_block("i3=3 0 1{ rd(.1)\ni3=3 0 1{ }"), 71);
+    EXPECT_EQ(read_block("i3=3 0 1{ rd(.1)\ni3=3 0 1{ rd(.1) }"), 73);
     EXPECT_EQ(read_block("i3=3 0 1{ rd(.1)\ni3=3 0 1{ p2 1 p3 1}"), 0);
 }
 
