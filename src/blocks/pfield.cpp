@@ -123,11 +123,13 @@ int read_output_specifier(Reader& reader) {
 }
 
 // digits behind "p": a number that this block has, in an order that it may have.
+// Behind the last "}" of a score there is no block, and a P2 finds no settings.
 int read_pfield_number(Reader& reader) {
     int number = 0;
     if (!get_i(number, reader.text, reader.pos) || number < 2) return error::BAD_PFIELD_NUMBER;
-    if (number > MAX_PFIELDS || OUTS == nullptr) return error::PFIELD_OUT_OF_BOUNDS;
+    if (number > MAX_PFIELDS) return error::PFIELD_OUT_OF_BOUNDS;
     if (number != 2 && !DID_P[2]) return error::P2_NOT_FIRST;
+    if (OUTS == nullptr) return error::PFIELD_OUT_OF_BOUNDS;
     if (DID_P[number]) return error::DUPLICATE_PFIELD;
     P_NO = number;
     return 0;

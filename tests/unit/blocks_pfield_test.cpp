@@ -80,6 +80,14 @@ TEST_F(Pfield, P2FirstTheRestInAnyOrder) {
 
 TEST_F(Pfield, WithoutABlockThereIsNoPfield) { EXPECT_EQ(read("p2 1"), 44); }
 
+TEST_F(Pfield, BehindABlockP2IsStillTheFirst) {
+    enter_before_p2(2);
+    free_output_settings();
+    EXPECT_EQ(read("p4 60"), 15);
+    EXPECT_EQ(read("p7 60"), 44);
+    EXPECT_EQ(read("p2 1"), 44);
+}
+
 TEST_F(Pfield, OutOfBoundsIsFoundBeforeTheOrder) {
     enter_before_p2(2);
     EXPECT_EQ(read("p7 1"), 44);
