@@ -47,8 +47,7 @@ int read_terms(Reader& reader, TempoDef& entry) {
     entry.curve_type = DEFAULT_CURVE;
     entry.curve_value = DEFAULT_CURVE_VALUE;
     if (!is_letter(reader.text[reader.pos])) return 0;
-    if (const int failed = get_curve_type(reader, entry.curve_type, entry.curve_value, false)) return failed;
-    return skip_stuff(reader);
+    return get_curve_type(reader, entry.curve_type, entry.curve_value, false);
 }
 
 int range_error(const TempoDef& entry) {

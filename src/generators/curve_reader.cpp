@@ -13,7 +13,8 @@
 // One letter names the curve and its place in the list of letters is the code;
 // "v" alone takes a number. Nothing at all means the straight line, so a curve
 // may always be left out. A "*" lets the curve run over beats where the caller
-// allows that.
+// allows that; it is an item of its own, so a line end, a comment or a separator
+// may stand before it.
 //
 // Example: "v2.5 *" is curve 3 with exponent 2.5 over time, code 103.
 
@@ -43,14 +44,13 @@ int get_curve_type(Reader& reader, float& curve_type, float& curve_value, bool b
         const bool read = get_f(curve_value, reader.text, reader.pos);
         if (!read || !(curve_value > 0.0F)) return error::BAD_CURVE_EXPONENT;
     }
-    skip_blanks(reader.text, reader.pos);
-    if (reader.text[reader.pos] == '*') {
-        if (!beat_move_allowed) return error::BEAT_MOVE_NOT_ALLOWED;
-        ++reader.pos;
-        code += BEAT_CURVE;
-    }
-    curve_type = static_cast<float>(code);
-    return 0;
+    if (const int result = skip_stuff(reader)) return result;
+    const bool starred = reader.text[reader.pos] == '*';
+    if (starred && !beat_move_allowed) return error::BEAT_MOVE_NOT_ALLOWED;
+    curve_type = static_cast<float>(starred ? code + BEAT_CURVE : code);
+    if (!starred) return 0;
+    ++reader.pos;
+    return skip_stuff(reader);
 }
 
 }  // namespace vorn

@@ -22,7 +22,7 @@ int get_curve(Motion& motion, Reader& reader, bool over_time_allowed) {
     float code = 0;
     if (const int result = get_curve_type(reader, code, motion.exponent, over_time_allowed)) return result;
     motion.curve = static_cast<std::uint32_t>(code);
-    return skip_stuff(reader);
+    return 0;
 }
 
 // range range

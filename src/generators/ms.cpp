@@ -26,8 +26,7 @@ int get_curve(MsData& data, Mask& mask, Reader& reader) {
     if (const int result = get_curve_type(reader, code, exponent, data.time > 0)) return result;
     mask.curve = static_cast<std::uint32_t>(code);
     mask.first_field = data.fields.size();
-    if (!data.fields.append(exponent)) return error::OUT_OF_MEMORY;
-    return skip_stuff(reader);
+    return data.fields.append(exponent) ? 0 : error::OUT_OF_MEMORY;
 }
 
 // weight [curve] set set

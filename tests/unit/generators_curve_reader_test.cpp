@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -14,12 +15,17 @@ struct Outcome {
     std::string rest;
 };
 
-Outcome read(const char* text, bool beat_move_allowed) {
+// `more`: the lines behind the text's.
+Outcome read(const char* text, bool beat_move_allowed, const char* more = "") {
     Reader reader;
     std::strcpy(reader.text, text);
+    reader.stream = std::tmpfile();
+    std::fputs(more, reader.stream);
+    std::rewind(reader.stream);
     Outcome outcome = {0, -1.0f, -1.0f, ""};
     outcome.result = get_curve_type(reader, outcome.type, outcome.value, beat_move_allowed);
     outcome.rest = reader.text + reader.pos;
+    std::fclose(reader.stream);
     return outcome;
 }
 
@@ -72,7 +78,7 @@ TEST(GetCurveType, BlanksBehindTheLetterAreSkipped) {
 TEST(GetCurveType, StarRunsTheCurveOverTime) {
     expect_readings({{"f*60", 100, 1, "60"},
                      {"e*", 101, 1, ""},
-                     {"l* 60", 102, 1, " 60"},
+                     {"l* 60", 102, 1, "60"},
                      {"v2*60", 103, 2, "60"},
                      {"s*60", 104, 1, "60"},
                      {"c*60", 105, 1, "60"}},
@@ -80,7 +86,27 @@ TEST(GetCurveType, StarRunsTheCurveOverTime) {
 }
 
 TEST(GetCurveType, StarMayFollowBlanksOrStandAlone) {
-    expect_readings({{"e  *60", 101, 1, "60"}, {"*60", 100, 1, "60"}, {" * 60", 100, 1, " 60"}}, true);
+    expect_readings({{"e  *60", 101, 1, "60"}, {"*60", 100, 1, "60"}, {" * 60", 100, 1, "60"}}, true);
+}
+
+TEST(GetCurveType, StarMayFollowASeparatorACommentOrLineEnds) {
+    expect_readings({{"e,*60", 101, 1, "60"}, {"e /* */ * 60", 101, 1, "60"}}, true);
+    for (const char* text : {"e", "e ", "e ; comment", "e /* two", ""}) {
+        const bool in_comment = std::strchr(text, '*') != nullptr;
+        const Outcome outcome = read(text, true, in_comment ? "lines */\n*60" : "\n\n*60");
+        EXPECT_EQ(outcome.result, 0) << text;
+        EXPECT_EQ(outcome.type, *text == 0 ? 100 : 101) << text;
+        EXPECT_EQ(outcome.rest, "60") << text;
+    }
+    EXPECT_EQ(read("l", false, "*)").result, 64);
+}
+
+TEST(GetCurveType, OneSeparatorIsTakenOnEitherSideOfTheStar) {
+    expect_readings({{"e,,*60", 1, 1, ",*60"},
+                     {"e,,60", 1, 1, ",60"},
+                     {"e*,,60", 101, 1, ",60"},
+                     {"e,*,60", 101, 1, "60"}},
+                    true);
 }
 
 TEST(GetCurveType, StarWhereItIsNotAllowed) {
