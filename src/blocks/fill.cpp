@@ -4,6 +4,7 @@
 #include "blocks/store.h"
 #include "blocks/timing.h"
 #include "input/errors.h"
+#include "output/tempo_map.h"
 
 // The fill: what a p-field does when its data end before the block is full.
 //
@@ -12,14 +13,20 @@
 //     p4 <60 64:67>     60 64:67 60 64:67 ...
 //
 // A chord of the queue is never cut, so a block may end one or more events late.
+// An interval is converted before it is refused, so that a trace of the tempo shows it.
 
 namespace vorn {
 
 namespace {
 
+int refuse_held_value() {
+    if (P_NO == 2) to_tempo(LAST_VAL, CBEATS);
+    return error::ZERO_INTERVAL;
+}
+
 int hold_last_value(const Reader& reader, Statement& statement) {
     while (!out_of_time()) {
-        if (repeats_forever()) return error::ZERO_INTERVAL;
+        if (repeats_forever()) return refuse_held_value();
         const int result = store_value(reader, statement, LAST_VAL, ValueSource::REPEAT, true);
         if (result != 0) return result;
     }

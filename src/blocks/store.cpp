@@ -21,8 +21,10 @@ namespace vorn {
 
 namespace {
 
+// An interval of the statement is tested before it is converted, one that is replayed
+// afterwards: a trace of the tempo shows the difference.
 int store_start(float value, ValueSource source) {
-    if (EVENTS == 0 && value == 0 && source == ValueSource::DATA) return error::ZERO_INTERVAL;
+    if (EVENTS == 0 && value == 0 && source != ValueSource::QUEUE) return error::ZERO_INTERVAL;
     const float seconds = to_tempo(value, CBEATS);
     if (EVENTS == 0 && seconds == 0) return error::ZERO_INTERVAL;
     return insert_start(value, seconds);

@@ -187,6 +187,20 @@ TEST_F(Fill, ValueThatNeverReachesTheEndIsRefused) {
     }
 }
 
+TEST_F(Fill, HeldValueIsConvertedBeforeItIsRefused) {
+    enter_block(4);
+    P_NO = 2;
+    LAST_VAL = 0;
+    TEMPO = 99;
+    Statement statement;
+    EXPECT_EQ(fill_to_end(reader, statement), 54);
+    EXPECT_EQ(TEMPO, 60);
+    P_NO = 3;  // a duration has no tempo
+    TEMPO = 99;
+    EXPECT_EQ(fill_to_end(reader, statement), 54);
+    EXPECT_EQ(TEMPO, 99);
+}
+
 TEST_F(Fill, ValueThatIsLostBesideTheBeatIsRefused) {
     enter_block(4);
     SBEAT = STIME = 240;

@@ -52,7 +52,15 @@ TEST_F(StoreValue, P2ZeroSaidBeforeTheConversionIsTraced) {
     enter_p2(4);
     TEMPO = 99;
     EXPECT_EQ(store(0, ValueSource::DATA), 54);
+    EXPECT_EQ(store(0, ValueSource::REPEAT), 54);
     EXPECT_EQ(TEMPO, 99);  // to_tempo has not been asked
+}
+
+TEST_F(StoreValue, P2QueuedZeroSaidBehindTheConversion) {
+    enter_p2(4);
+    TEMPO = 99;
+    EXPECT_EQ(store(0, ValueSource::QUEUE), 54);
+    EXPECT_EQ(TEMPO, 60);
 }
 
 TEST_F(StoreValue, P2CountsOneAndConverts) {
