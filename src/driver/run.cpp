@@ -95,8 +95,9 @@ int convert_blocks(Reader& reader, LoopEnd& end) {
     return 0;
 }
 
-int convert_score() {
+int convert_score(Observer* observer) {
     Reader reader;
+    reader.observer = observer;
     int result = resolve_includes();
     if (result != 0) return fail(result, reader);
     reader.stream = fin;
@@ -110,15 +111,21 @@ int convert_score() {
     return succeed();
 }
 
+int run(int argc, const char* const* argv, Observer* observer) {
+    if (!get_options(argc, argv) || !check_fnames() || !open_files()) return 1;
+    print_banner();
+    return convert_score(observer);
+}
+
 }  // namespace
 
 int run_program(int argc, const char* const* argv, RunStreams streams) {
     reset_program();
     std_out = streams.out;
     std_err = streams.err;
-    if (!get_options(argc, argv) || !check_fnames() || !open_files()) return 1;
-    print_banner();
-    return convert_score();
+    const int status = run(argc, argv, streams.observer);
+    if (streams.observer != nullptr) streams.observer->on_end(status, CUM_TIME);
+    return status;
 }
 
 }  // namespace vorn

@@ -2,12 +2,15 @@
 
 #include <cstdio>
 
+#include "input/observer.h"
+
 namespace vorn {
 
-// Where a run writes what is not a file of its own.
+// Where a run writes what is not a file of its own, and who is told of it.
 struct RunStreams {
     std::FILE* out;
     std::FILE* err;
+    Observer* observer = nullptr;  // null: nobody
 };
 
 // The whole program: resets every program-wide variable, reads the command

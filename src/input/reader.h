@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "input/observer.h"
+
 // The reading state: one line of the score description and a place in it.
 //
 // All readers of the program share one Reader, passed by reference. A routine
@@ -20,6 +22,17 @@ struct Reader {
     char text[LINE_SIZE] = {};    // the current line after preprocessing
     std::int32_t pos = 0;         // index of the next character to read
     std::uint64_t line = 0;       // lines read so far; 1 after the first
+
+    Observer* observer = nullptr;  // who is told what is read; null: nobody
+};
+
+// Which line a routine works on that needs no more of the reader, and who is told.
+struct WatchedLine {
+    WatchedLine(std::uint64_t line, Observer* watcher = nullptr) : number(line), observer(watcher) {}
+    explicit WatchedLine(const Reader& reader) : WatchedLine(reader.line, reader.observer) {}
+
+    std::uint64_t number;
+    Observer* observer;
 };
 
 // The character `ahead` places behind pos, or 0 at and behind the end of the text.
