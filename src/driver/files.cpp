@@ -1,9 +1,7 @@
 #include "driver/files.h"
 
 #include <cstring>
-#include <filesystem>
 #include <initializer_list>
-#include <system_error>
 
 #include <fcntl.h>
 #include <stdlib.h>
@@ -44,27 +42,6 @@ bool report_unopened(const char* name) {
 
 void report_unwritten(const char* name) { Mprintf("\nERROR: Can't write \"%s\".\n\n", name); }
 
-// A directory opens for reading but has no text.
-bool open_input() {
-    std::error_code ignored;
-    if (!std::filesystem::is_directory(in_fname, ignored)) fin = std::fopen(in_fname, "r");
-    return fin != nullptr || report_unopened(in_fname);
-}
-
-// Whether opening `name` for writing would destroy the score description.
-bool is_input_file(const char* name) {
-    std::error_code ignored;
-    return name != nullptr && std::filesystem::is_regular_file(in_fname, ignored) &&
-           std::filesystem::equivalent(in_fname, name, ignored);
-}
-
-// The input under another name is as much of a clash as the name itself.
-bool check_same_files() {
-    const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname);
-    if (clash) report_name_clash();
-    return !clash;
-}
-
 // What identifies a file; of no stream and of a stream in memory, nothing does.
 struct stat identity(std::FILE* stream) {
     struct stat found = {};
@@ -84,6 +61,24 @@ bool is_same_file(const struct stat& a, const struct stat& b) {
 }
 
 bool is_same_file(std::FILE* a, std::FILE* b) { return is_same_file(identity(a), identity(b)); }
+
+// A directory opens for reading but has no text.
+bool open_input() {
+    if (!S_ISDIR(identity(in_fname).st_mode)) fin = std::fopen(in_fname, "r");
+    return fin != nullptr || report_unopened(in_fname);
+}
+
+// Whether opening `name` for writing would destroy the score description.
+bool is_input_file(const char* name) {
+    return name != nullptr && is_same_file(identity(in_fname), identity(name));
+}
+
+// The input under another name is as much of a clash as the name itself.
+bool check_same_files() {
+    const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname);
+    if (clash) report_name_clash();
+    return !clash;
+}
 
 // Opens for writing as fopen does, but leaves the older text. That of a file
 // that a standard stream writes, too, goes at once: later it would be a message.

@@ -258,6 +258,33 @@ TEST_F(OddFiles, TemporaryFileOnAFullDisk) {
     EXPECT_EQ(behind_banner(without_chance(folder_.read("run.log"))), cannot_write("/tmp/vornXXXXXX"));
 }
 
+// --- too little memory ---
+
+// From too little for the program to be loaded to enough for a run: wherever
+// memory ends, a message says so. Names are longer than what a string holds in itself.
+TEST_F(OddFiles, AnyAmountOfMemoryHasAClearOutcome) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer alone needs more memory than any limit allows";
+#endif
+    const std::string name = "a_score_with_a_rather_long_name.vorn";
+    folder_.write(name, "#define LENGTH(a) #$a#\n#const ONE 1\ni1 = 3 0 1 {\np2 $LENGTH(1)\np3 ~ONE\n}\n");
+    constexpr unsigned long KIB = 1024;
+    constexpr int NOT_LOADED = 127;
+    bool any_failed = false;
+    int status = -1;
+    for (unsigned long memory = 4000 * KIB; status != 0 && memory < 64000 * KIB; memory += 16 * KIB) {
+        SCOPED_TRACE(memory / KIB);
+        const RunResult result = run({name, "a_score_with_a_rather_long_name.sco"}, {.memory = memory});
+        status = result.status;
+        if (status == 0 || status == NOT_LOADED) continue;
+        any_failed = true;
+        ASSERT_EQ(status, 1);
+        EXPECT_NE(result.err.find("\nERROR: "), std::string::npos) << result.err;
+    }
+    EXPECT_TRUE(any_failed);
+    EXPECT_EQ(status, 0);
+}
+
 // --- the temporary file ---
 
 TEST_F(OddFiles, TemporaryFileIsGoneAfterEveryExit) {

@@ -70,6 +70,7 @@ void limit(int resource, rlim_t value) {
     if (!limits.standard_streams) close_range(STDIN_FILENO, STDERR_FILENO, 0);
     if (limits.open_files != 0) limit(RLIMIT_NOFILE, limits.open_files);
     if (limits.file_size != 0) limit(RLIMIT_FSIZE, limits.file_size);
+    if (limits.memory != 0) limit(RLIMIT_AS, limits.memory);
     execv(VORN_PROGRAM, argv);
     _exit(126);
 }

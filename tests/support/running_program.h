@@ -27,6 +27,7 @@ struct Limits {
     bool standard_streams = true;  // false: none of them is open
     unsigned long open_files = 0;  // descriptors, the standard three included
     unsigned long file_size = 0;   // bytes of any file that it writes
+    unsigned long memory = 0;      // bytes of its address space
 };
 
 class RunningProgram {
