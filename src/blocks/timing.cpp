@@ -28,6 +28,9 @@ namespace {
 // The p3 codes in falling order of their base; the last serves all that is left.
 constexpr float P3_CODES[] = {1000, 400, 300, 200, 0};
 
+// Whether no block can have as many values as this one's length in events asks for.
+bool is_too_long() { return EVENTS > MAX_VALUES / static_cast<std::uint64_t>(MAX_PFIELDS); }
+
 float duration_by_code(const Reader& reader, int code, float interval, float n) {
     switch (code) {
         case 200:
@@ -59,6 +62,8 @@ int store_p2(float beats, float& seconds) {
 
 int insert_start(float beats, float seconds) {
     const float interval = add_rdev(seconds, MAX_DEV + MAX_DEV2);
+    // Said at the first event, not minutes later.
+    if (note_list == nullptr && is_too_long()) return error::OUT_OF_MEMORY;
     if (!InsertBegTime(note_list, MAX_PFIELDS, IS_FUSED, interval, STIME, CBEATS))
         return error::OUT_OF_MEMORY;
     WROTE_DATA = 1;

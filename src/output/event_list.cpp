@@ -30,6 +30,7 @@ ListNode* LUT = nullptr;
 float last_dur = 0.0F;
 Arena event_arena;
 std::uint64_t event_nodes = 0;
+std::uint64_t event_values = 0;
 bool event_codes_set = false;
 
 namespace {
@@ -41,6 +42,14 @@ std::size_t value_count(int pfields) { return static_cast<std::size_t>(pfields -
 std::size_t value_room(int pfields) { return value_count(pfields < 5 ? 5 : pfields); }
 
 std::size_t value_index(int pfield) { return static_cast<std::size_t>(pfield - 4); }
+
+// Counts the p-fields of an event. False, with nothing counted, when the block is to have no more.
+bool count_values(int pfields) {
+    const auto values = static_cast<std::uint64_t>(pfields);
+    if (event_values + values > MAX_VALUES) return false;
+    event_values += values;
+    return true;
+}
 
 // Asks for the memory some events ahead: in a large block a walk over the list
 // waits for memory and for little else. A wrong guess does no harm.
@@ -104,7 +113,7 @@ bool is_rest(const ListNode* node) { return node->dur <= 0.0F; }
 }  // namespace
 
 ListNode* GetListNode(int pfields) {
-    if (event_nodes >= MAX_EVENTS) return nullptr;
+    if (event_nodes >= MAX_EVENTS || !count_values(pfields)) return nullptr;
     const std::size_t values = value_room(pfields) * sizeof(float);
     void* memory = arena_allocate(event_arena, sizeof(ListNode) + values);
     if (memory == nullptr) return nullptr;
@@ -267,6 +276,7 @@ bool GrowPfields(ListNode* list, int old_pfields, int pfields) {
     ListNode* node = list;
     do {
         node = node->next;
+        if (!count_values(pfields)) return false;
         void* values = arena_allocate(event_arena, size);
         if (values == nullptr) return false;
         std::memcpy(values, node->pf, value_room(old_pfields) * sizeof(float));
@@ -291,7 +301,7 @@ void TraverseList(const ListNode* list, int pfields, std::FILE* stream) {
 
 void FreeListNodes(ListNode*& list) {
     arena_release(event_arena);
-    event_nodes = 0;
+    event_nodes = event_values = 0;
     event_codes_set = false;
     list = nullptr;
     LUT = nullptr;

@@ -35,16 +35,24 @@ constexpr std::uint64_t MAX_EVENTS = VORN_MAX_EVENTS;
 constexpr std::uint64_t MAX_EVENTS = 50'000'000;
 #endif
 
+// Values of one block, that is its events times its p-fields; more is error 32, so
+// that a machine of 8 GiB says so before it runs out of memory. An event costs 20
+// bytes and 4 for each p-field, rounded up to whole pointers, and 40 at least: a full
+// block takes 2.8 GB at 8 p-fields and less at any other number. Below 8 p-fields
+// MAX_EVENTS comes first.
+constexpr std::uint64_t MAX_VALUES = 8 * MAX_EVENTS;
+
 extern ListNode* note_list;  // tail of the current block's events; null when there are none
 extern ListNode* LUT;  // the event that was last given a value from data rather than copied; may be null
 
 extern float last_dur;     // seconds: the largest |interval| of the last start time; written by InsertBegTime
 extern Arena event_arena;  // holds every event of the current block
-extern std::uint64_t event_nodes;  // events taken from event_arena since it was last released
-extern bool event_codes_set;       // false: every event has code 0
+extern std::uint64_t event_nodes;   // events taken from event_arena since it was last released
+extern std::uint64_t event_values;  // their p-fields, those of further room counted anew
+extern bool event_codes_set;        // false: every event has code 0
 
-// A new zeroed event with room for pfields values, not linked; null when memory
-// or MAX_EVENTS is exhausted.
+// A new zeroed event with room for pfields values, not linked; null when memory,
+// MAX_EVENTS or MAX_VALUES is exhausted.
 [[nodiscard]] ListNode* GetListNode(int pfields);
 
 // Appends one event of P2. `fused` is the pending fusion mark, cleared when it is

@@ -235,6 +235,16 @@ TEST_F(Timing, P2OutOfMemory) {
     EXPECT_EQ(CBEATS, 0);
 }
 
+TEST_F(Timing, P2OfABlockThatIsTooLongIsRefusedAtOnce) {
+    MAX_PFIELDS = 128;
+    EVENTS = MAX_VALUES / 128 + 1;
+    float seconds = 0;
+    EXPECT_EQ(store_p2(1, seconds), 32);
+    EXPECT_EQ(note_list, nullptr);
+    EVENTS = MAX_VALUES / 128;
+    EXPECT_EQ(store_p2(1, seconds), 0);
+}
+
 // --- store_p4, adjust ---
 
 class StoreP4 : public BlockTest {

@@ -174,6 +174,26 @@ TEST_F(GetListNode, RefusesMoreEventsThanABlockMayHave) {
     EXPECT_EQ(vorn::GetListNode(PFIELDS), nullptr);
 }
 
+TEST_F(GetListNode, RefusesMoreValuesThanABlockMayHave) {
+    vorn::event_values = vorn::MAX_VALUES - 9;
+    EXPECT_NE(vorn::GetListNode(5), nullptr);
+    EXPECT_EQ(vorn::GetListNode(5), nullptr);
+    EXPECT_NE(vorn::GetListNode(4), nullptr);
+    EXPECT_EQ(vorn::GetListNode(3), nullptr);
+    EXPECT_EQ(vorn::event_nodes, 2U);
+}
+
+TEST_F(GetListNode, AFullBlockLeavesMuchOfEightGibibytes) {
+    static_assert(vorn::MAX_VALUES >= std::uint64_t{10'000'000} * 8);
+    for (int pfields = 3; pfields <= vorn::MAX_PFIELD_COUNT; ++pfields) {
+        const char* first = reinterpret_cast<const char*>(vorn::GetListNode(pfields));
+        const char* second = reinterpret_cast<const char*>(vorn::GetListNode(pfields));
+        const auto values = static_cast<std::uint64_t>(pfields);
+        const std::uint64_t events = std::min(vorn::MAX_EVENTS, vorn::MAX_VALUES / values);
+        EXPECT_LE(events * static_cast<std::uint64_t>(second - first), 2'800'000'000U) << pfields;
+    }
+}
+
 // --- P2 ---
 
 TEST_F(InsertBegTime, FirstEventStartsWithTheBlock) {
@@ -744,6 +764,13 @@ TEST_F(GrowPfields, NeverShrinks) {
     EXPECT_EQ(note_list->pf, values);
 }
 
+TEST_F(GrowPfields, FurtherRoomCountsAsValues) {
+    make_events(2);
+    vorn::event_values = vorn::MAX_VALUES - 15;
+    EXPECT_TRUE(vorn::GrowPfields(note_list, PFIELDS, 7));
+    EXPECT_FALSE(vorn::GrowPfields(note_list, 7, 8));
+}
+
 TEST_F(GrowPfields, AcceptsAnEmptyList) { EXPECT_TRUE(vorn::GrowPfields(nullptr, 3, 8)); }
 
 // --- dumps and release ---
@@ -775,6 +802,7 @@ TEST_F(FreeListNodes, NullsHandleAndLut) {
     EXPECT_EQ(note_list, nullptr);
     EXPECT_EQ(LUT, nullptr);
     EXPECT_EQ(vorn::event_nodes, 0U);
+    EXPECT_EQ(vorn::event_values, 0U);
 }
 
 TEST_F(FreeListNodes, AcceptsAnEmptyList) {
