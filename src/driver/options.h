@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 // The command line.
 
 namespace vorn {
@@ -20,7 +22,7 @@ extern const char* exp_fname;  // expansion file (-x), or null
 void report_name_clash();
 constexpr const char* NAME_CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
 
-void print_usage();
+void print_usage(std::FILE* stream);
 
 void reset_options();
 
