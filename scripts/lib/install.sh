@@ -8,6 +8,8 @@ has_package() {
         clang) command -v clang++ ;;
         libgtest-dev) compgen -G '/usr/include/gtest/gtest.h' || compgen -G '/usr/local/include/gtest/gtest.h' ;;
         libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
+        libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;
+        nlohmann-json3-dev) [ -f /usr/include/nlohmann/json.hpp ] ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
         python3-mido) /usr/bin/python3 -c 'import mido' ;;
         *) command -v "$1" ;;

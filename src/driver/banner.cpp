@@ -1,5 +1,6 @@
 #include "driver/banner.h"
 
+#include "input/messages.h"
 #include "input/run_flags.h"
 
 // The banner tells which build ran and on which files.
@@ -8,17 +9,14 @@ namespace vorn {
 
 const char* const VERSION = VORN_VERSION;  // of the project, in CMakeLists.txt
 
-void print_version(std::FILE* stream) {
-    std::fprintf(stream, "\nVorn (%s, %s, %s)\n", VERSION, __DATE__, __TIME__);
-}
+void print_version() { Mprintf("\nVorn (%s, %s, %s)\n", VERSION, __DATE__, __TIME__); }
 
-void print_info(std::FILE* stream, const char* input, const char* output, const char* log,
-                const char* expansion) {
-    print_version(stream);
-    std::fprintf(stream, "\n\nInput\t= \"%s\"\nOutput\t= \"%s\" %s\n", input, output,
-                 MKMIDI ? "[MIDI file (type 1)]" : "[Csound score-file]");
-    if (MKLOG) std::fprintf(stream, "Log \t= \"%s\"\n", log);
-    if (MKEXP) std::fprintf(stream, "MExp\t= \"%s\"\n", expansion);
+void print_info(const char* input, const char* output, const char* log, const char* expansion) {
+    print_version();
+    Mprintf("\n\nInput\t= \"%s\"\nOutput\t= \"%s\" %s\n", input, output,
+            MKMIDI ? "[MIDI file (type 1)]" : "[Csound score-file]");
+    if (MKLOG) Mprintf("Log \t= \"%s\"\n", log);
+    if (MKEXP) Mprintf("MExp\t= \"%s\"\n", expansion);
 }
 
 }  // namespace vorn

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <cstdio>
-
 namespace vorn {
 
 extern const char* const VERSION;
 
 // "\nVorn (version, build date, build time)\n"
-void print_version(std::FILE* stream);
+void print_version();
 
 // The banner: version and file names. Not silenced by -s.
-void print_info(std::FILE* stream, const char* input, const char* output, const char* log,
-                const char* expansion);
+void print_info(const char* input, const char* output, const char* log, const char* expansion);
 
 }  // namespace vorn

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "driver/banner.h"
+#include "input/messages.h"
 #include "input/run_flags.h"
 
 // The command line: options, then exactly two file names.
@@ -28,7 +29,7 @@ struct Arguments {
 };
 
 bool refuse_usage() {
-    print_usage(std_err);
+    print_usage();
     return false;
 }
 
@@ -99,17 +100,16 @@ bool check_fnames() {
 
 void report_name_clash() { std::fputs(NAME_CLASH, std_err); }
 
-void print_usage(std::FILE* stream) {
-    print_version(stream);
-    std::fputs(
+void print_usage() {
+    print_version();
+    Mprintf(
         "  Usage: vorn [options] infile outfile\n"
         "  Options:\n"
         "  -l <logfile>  screen ouput (text)\n"
         "  -m            outfile is a MIDI file (format 1)\n"
         "  -s            suppress non-error messages\n"
         "  -t            verbose tempo information\n"
-        "  -x <expfile>  macro expansions (text)\n\n",
-        stream);
+        "  -x <expfile>  macro expansions (text)\n\n");
 }
 
 void reset_options() { in_fname = out_fname = log_fname = exp_fname = nullptr; }

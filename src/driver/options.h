@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdio>
-
 // The command line.
 
 namespace vorn {
@@ -22,7 +20,7 @@ extern const char* exp_fname;  // expansion file (-x), or null
 void report_name_clash();
 constexpr const char* NAME_CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
 
-void print_usage(std::FILE* stream);
+void print_usage();
 
 void reset_options();
 

@@ -53,11 +53,6 @@ int succeed() {
     return 0;
 }
 
-void print_banner() {
-    print_info(std_err, in_fname, out_fname, log_fname, exp_fname);
-    if (MKLOG) print_info(fllog, in_fname, out_fname, log_fname, exp_fname);
-}
-
 // Copies the input with its include files into the temporary file and reopens
 // that as the input. Returns 0 or an error number.
 int resolve_includes() {
@@ -113,7 +108,7 @@ int convert_score(Observer* observer) {
 
 int run(int argc, const char* const* argv, Observer* observer) {
     if (!get_options(argc, argv) || !check_fnames() || !open_files()) return 1;
-    print_banner();
+    print_info(in_fname, out_fname, log_fname, exp_fname);
     return convert_score(observer);
 }
 
@@ -121,8 +116,7 @@ int run(int argc, const char* const* argv, Observer* observer) {
 
 int run_program(int argc, const char* const* argv, RunStreams streams) {
     reset_program();
-    std_out = streams.out;
-    std_err = streams.err;
+    set_message_streams(streams.out, streams.err);
     const int status = run(argc, argv, streams.observer);
     if (streams.observer != nullptr) streams.observer->on_end(status, CUM_TIME);
     return status;

@@ -8,9 +8,11 @@
 #include "input/message_table.h"
 #include "input/real_text.h"
 #include "input/run_flags.h"
+#include "input/terminal_text.h"
 
 // A message is composed in one buffer and written once per destination: when it
-// is complete, and before that whenever the buffer is full.
+// is complete, and before that whenever the buffer is full. A file, a pipe and the
+// log get its bytes as they are; a terminal is shown what it might obey escaped.
 
 namespace vorn {
 
@@ -18,10 +20,20 @@ MessageBuffer MESSAGES;
 
 namespace {
 
+bool is_terminal(std::FILE* stream) { return ON_TERMINAL && stream == std_err; }
+
+void write_to(std::FILE* stream, const char* text, std::size_t size) {
+    if (is_terminal(stream)) {
+        write_to_terminal(stream, text, size);
+    } else {
+        std::fwrite(text, 1, size, stream);
+    }
+}
+
 // To standard error and to the log.
 void write_text(const char* text, std::size_t size) {
-    std::fwrite(text, 1, size, std_err);
-    if (MKLOG && fllog != nullptr) std::fwrite(text, 1, size, fllog);
+    write_to(std_err, text, size);
+    if (MKLOG && fllog != nullptr) write_to(fllog, text, size);
 }
 
 void flush_messages() {
@@ -89,6 +101,22 @@ bool append_value(char conversion, const MessageValue* value) {
     }
 }
 
+// The blanks in front of a caret under pos: one for each byte, and on a terminal
+// as many as it shows. Returns their number.
+std::size_t blanks_before(const char* text, std::int32_t pos, bool on_terminal, char* blanks) {
+    const char* const end = text + std::strlen(text);
+    std::size_t size = 0;
+    for (const char* at = text; at < text + pos;) {
+        const TerminalCharacter character = terminal_character(at, static_cast<std::size_t>(end - at));
+        const std::size_t columns = on_terminal && character.is_escaped ? ESCAPE_SIZE : 1;
+        for (std::size_t k = 0; k < character.size && at < text + pos; ++k, ++at) {
+            std::memset(blanks + size, *at == '\t' ? '\t' : ' ', columns);
+            size += columns;
+        }
+    }
+    return size;
+}
+
 // The echo of a line with its caret, on standard error and in the log.
 void echo_line(const char* text, std::int32_t pos) {
     put_buff(std_err, text, pos);
@@ -143,16 +171,16 @@ void warning_no(int number, std::uint64_t line, const char* text, std::int32_t p
 }
 
 void put_buff(std::FILE* stream, const char* text, std::int32_t pos) {
-    char echo[2 * LINE_SIZE + 4];
+    char echo[(1 + ESCAPE_SIZE) * LINE_SIZE + 4];
     std::size_t size = 0;
     for (const char* c = text; *c != 0; ++c) echo[size++] = *c == '\n' ? 'L' : *c;
     echo[size++] = '\n';
     if (*text != 0) {
-        for (std::int32_t at = 0; at < pos; ++at) echo[size++] = text[at] == '\t' ? '\t' : ' ';
+        size += blanks_before(text, pos, is_terminal(stream), echo + size);
         echo[size++] = '^';
     }
     echo[size++] = '\n';
-    std::fwrite(echo, 1, size, stream);
+    write_to(stream, echo, size);
 }
 
 void reset_messages() { MESSAGES.used = 0; }

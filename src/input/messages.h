@@ -9,6 +9,7 @@
 
 // Messages: the program's own small formatter and the numbered errors and
 // warnings. Everything goes to standard error and, with a log, to the log too.
+// On a terminal control characters are escaped, as terminal_text.h tells.
 
 namespace vorn {
 
@@ -37,7 +38,7 @@ void Mprintf(const char* format, const Values&... values) {
     write_message(format, {MessageValue(values)...});
 }
 
-// A text of `size` bytes as it stands.
+// A text of `size` bytes, which is no format.
 void print_text(const char* text, std::size_t size);
 
 // The message that is being composed. Written by write_message only.

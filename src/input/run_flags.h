@@ -15,8 +15,12 @@ extern int SHOW_TEMPOS;  // 1: the tempo map and every conversion are shown
 
 extern std::FILE* std_out;  // the run's standard output; never null
 extern std::FILE* std_err;  // the run's standard error; never null
+extern int ON_TERMINAL;     // 1: std_err is a terminal; 0 of a stream in memory, too
 extern std::FILE* fllog;    // log file, or null
 extern std::FILE* fecho;    // expansion file, or null
+
+// Makes these std_out and std_err, and looks at what std_err is.
+void set_message_streams(std::FILE* out, std::FILE* err);
 
 void reset_run_flags();
 

@@ -56,10 +56,12 @@ void limit(int resource, rlim_t value) {
 }
 
 [[noreturn]] void become_program(const fs::path& folder, const fs::path& streams, char* const* argv,
-                                 Limits limits) {
+                                 const Limits& limits) {
     redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
     redirect(STDOUT_FILENO, streams / "out", O_WRONLY | O_CREAT);
-    redirect(STDERR_FILENO, streams / "err", O_WRONLY | O_CREAT);
+    const bool on_terminal = !limits.terminal.empty();
+    redirect(STDERR_FILENO, on_terminal ? fs::path(limits.terminal) : streams / "err",
+             O_WRONLY | (on_terminal ? O_NOCTTY : O_CREAT));
     if (chdir(folder.c_str()) != 0) _exit(125);
     // A job in the background inherits interrupts that are ignored.
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) std::signal(number, SIG_DFL);
@@ -77,7 +79,7 @@ void limit(int resource, rlim_t value) {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const WorkFolder& folder, const Arguments& arguments, Limits limits)
+RunningProgram::RunningProgram(const WorkFolder& folder, const Arguments& arguments, const Limits& limits)
     : folder_(folder) {
     std::vector<const char*> argv = {"vorn"};
     for (const std::string& argument : arguments) argv.push_back(argument.c_str());
@@ -119,7 +121,7 @@ RunResult RunningProgram::wait() {
     RunResult result;
     result.status = WIFSIGNALED(ended) ? -WTERMSIG(ended) : WEXITSTATUS(ended);
     result.out = streams_.read("out");
-    result.err = streams_.read("err");
+    if (fs::exists(streams_.path() / "err")) result.err = streams_.read("err");
     result.files = folder_.files();
     return result;
 }

@@ -28,11 +28,12 @@ struct Limits {
     unsigned long open_files = 0;  // descriptors, the standard three included
     unsigned long file_size = 0;   // bytes of any file that it writes
     unsigned long memory = 0;      // bytes of its address space
+    std::string terminal = {};     // what standard error is, instead of a file
 };
 
 class RunningProgram {
 public:
-    RunningProgram(const WorkFolder& folder, const Arguments& arguments, Limits limits = {});
+    RunningProgram(const WorkFolder& folder, const Arguments& arguments, const Limits& limits = {});
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;

@@ -2,24 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <regex>
 #include <string>
 
 #include "input/run_flags.h"
+#include "support/message_capture.h"
 #include "support/run_case.h"
 
 namespace {
 
 std::string banner() {
-    char* data = nullptr;
-    std::size_t size = 0;
-    std::FILE* const stream = open_memstream(&data, &size);
-    vorn::print_info(stream, "a b.vorn", "out", "run.log", "run.exp");
-    std::fclose(stream);
-    const std::string text(data, size);
-    std::free(data);
+    vorn::test::MessageCapture messages;
+    vorn::print_info("a b.vorn", "out", "run.log", "run.exp");
+    const std::string text = messages.text();
     vorn::reset_run_flags();
     return text;
 }

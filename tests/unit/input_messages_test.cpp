@@ -266,6 +266,92 @@ TEST(PutBuff, AFullLineFits) {
     EXPECT_EQ(echoed(line.c_str(), static_cast<std::int32_t>(line.size())), expected);
 }
 
+// --- a terminal ---
+
+class OnTerminal : public testing::Test {
+protected:
+    OnTerminal() { vorn::ON_TERMINAL = 1; }
+    ~OnTerminal() override { vorn::ON_TERMINAL = 0; }
+};
+
+TEST_F(OnTerminal, ControlCharactersOfValuesAreEscaped) {
+    EXPECT_EQ(printed("\n\"%s\"%c\n", "\x1B[2J\xC3\xBC", '\a'), "\n\"\\x1B[2J\xC3\xBC\"\\x07\n");
+    MessageCapture messages;
+    vorn::print_text("\x9B", 1);
+    EXPECT_EQ(messages.text(), "\\x9B");
+}
+
+// The letter that the end of the buffer cuts in two is shown as two bytes, but no control gets through.
+TEST_F(OnTerminal, AMessageLongerThanTheBufferIsEscapedThroughout) {
+    const std::string fill(sizeof vorn::MESSAGES.data - 1, 'x');
+    EXPECT_EQ(printed("%s%s", fill.c_str(), "\xC2\x9B\x1B"), fill + "\xC2\\x9B\\x1B");
+}
+
+TEST_F(OnTerminal, TheCaretStandsUnderItsPlaceBehindEscapes) {
+    EXPECT_EQ(echoed("a\x1B"
+                     "bc",
+                     1),
+              "a\\x1Bbc\n ^\n");
+    EXPECT_EQ(echoed("a\x1B"
+                     "bc",
+                     2),
+              "a\\x1Bbc\n     ^\n");
+    EXPECT_EQ(echoed("\x1B\t\xC2\x9B"
+                     "c",
+                     4),
+              "\\x1B\t\\xC2\\x9Bc\n    \t        ^\n");
+    EXPECT_EQ(echoed("\xC2\x9B"
+                     "c",
+                     1),
+              "\\xC2\\x9Bc\n    ^\n");
+}
+
+// Where nothing is escaped, a terminal is shown what a file gets.
+TEST_F(OnTerminal, OtherEchoesAreThoseOfAFile) {
+    for (const char* const text : {"a\tb\nc",
+                                   "\xC3\xBC"
+                                   "bc",
+                                   "\xFC"
+                                   "bc",
+                                   ""}) {
+        for (std::int32_t pos = 0; pos <= static_cast<std::int32_t>(std::strlen(text)); ++pos) {
+            const std::string on_terminal = echoed(text, pos);
+            vorn::ON_TERMINAL = 0;
+            EXPECT_EQ(on_terminal, echoed(text, pos));
+            vorn::ON_TERMINAL = 1;
+        }
+    }
+}
+
+TEST_F(OnTerminal, AFullLineOfControlsFits) {
+    const std::string line(vorn::LINE_SIZE - 1, '\x1B');
+    std::string escapes;
+    for (std::size_t k = 0; k < line.size(); ++k) escapes += "\\x1B";
+    const std::string expected = escapes + "\n" + std::string(escapes.size(), ' ') + "^\n";
+    EXPECT_EQ(echoed(line.c_str(), static_cast<std::int32_t>(line.size())), expected);
+}
+
+TEST_F(OnTerminal, TheLogKeepsTheBytes) {
+    MessageCapture messages;
+    const Log log;
+    Mprintf("%s", "\x1B");
+    error_no(1000, 1,
+             "\x1B"
+             "x",
+             1);
+    EXPECT_EQ(messages.text(), "\\x1B\\x1Bx\n    ^\n");
+    EXPECT_EQ(log.text(), "\x1B\x1Bx\n ^\n");
+}
+
+TEST(InAFile, ControlCharactersStandAsTheyAre) {
+    EXPECT_EQ(printed("%s", "\x1B[2J\x9B"), "\x1B[2J\x9B");
+    EXPECT_EQ(echoed("\x1B"
+                     "x",
+                     1),
+              "\x1B"
+              "x\n ^\n");
+}
+
 // --- whole texts ---
 
 TEST(PrintText, PrintsTheBytesAsTheyAre) {

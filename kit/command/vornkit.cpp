@@ -1,0 +1,36 @@
+#include "kit/command/vornkit.h"
+
+#include "kit/command/subcommands.h"
+
+// The command line: one application, one subcommand a task. A wrong use is told
+// in two lines, with the help that would have shown the right one.
+
+namespace vorn::kit {
+
+namespace {
+
+using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
+
+constexpr AddSubcommand SUBCOMMANDS[] = {add_check};  // in the order of the help
+
+int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outcome) {
+    try {
+        app.parse(argc, argv);
+        return static_cast<int>(outcome);
+    } catch (const CLI::ParseError& error) {
+        const bool asked_for_help = app.exit(error) == 0;
+        return asked_for_help ? 0 : static_cast<int>(Outcome::WRONG_USE);
+    }
+}
+
+}  // namespace
+
+int run_vornkit(int argc, const char* const* argv) {
+    CLI::App app("vornkit: check, see, hear and vary scores for Vorn", "vornkit");
+    Outcome outcome = Outcome::WELL;
+    app.require_subcommand(1);
+    for (const AddSubcommand add : SUBCOMMANDS) add(app, outcome);
+    return parse(app, argc, argv, outcome);
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,198 @@
+#include "kit/run/recorder.h"
+
+#include <cstring>
+
+#include "input/errors.h"
+#include "output/event_list.h"
+
+// Places are looked up as soon as they are told, while the line that they lie in is
+// the current one; what is told later of an earlier line goes through the splices
+// that the map has kept.
+
+namespace vorn::kit {
+
+namespace {
+
+constexpr std::size_t MAX_MESSAGES = 10'000;  // different ones; a run with more has told enough
+
+std::string_view without_prefix(std::string_view text, std::string_view prefix) {
+    return text.substr(0, prefix.size()) == prefix ? text.substr(prefix.size()) : text;
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\n");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\n") + 1 - first);
+}
+
+// "Line 12:", which the place says better.
+std::string_view without_line_number(std::string_view text) {
+    if (text.substr(0, 5) != "Line ") return text;
+    const std::size_t behind = text.find_first_not_of("0123456789", 5);
+    return behind != std::string_view::npos && text[behind] == ':' ? text.substr(behind + 1) : text;
+}
+
+std::string plain_text(std::string_view text) {
+    text = trimmed(text);
+    text = without_prefix(text, "ERROR: ");
+    text = without_prefix(text, "WARNING: ");
+    return std::string(trimmed(without_line_number(text)));
+}
+
+bool is_same(const RunMessage& a, const RunMessage& b) {
+    return a.severity == b.severity && a.number == b.number && a.span.file == b.span.file &&
+           a.span.begin == b.span.begin && a.place.line == b.place.line && a.text == b.text;
+}
+
+void append_event(EventTable& table, const ListNode& event, std::size_t columns) {
+    table.start.push_back(event.start);
+    table.duration.push_back(event.dur);
+    table.beat.push_back(event.beat);
+    table.values.insert(table.values.end(), event.pf, event.pf + columns);
+}
+
+// The ring begins behind its tail.
+void copy_events(BlockRecord& block, const ListNode* tail) {
+    if (tail == nullptr) return;
+    const ListNode* event = tail;
+    do {
+        event = event->next;
+        append_event(block.events, *event, block.columns());
+    } while (event != tail);
+}
+
+}  // namespace
+
+std::string Recorder::resolve(const std::string& name) const {
+    if (!options_.relative || open_files_.empty() || name.empty() || name[0] == '/') return name;
+    const std::string& includer = run_.map.files()[static_cast<std::size_t>(open_files_.back())].name;
+    const std::size_t slash = includer.rfind('/');
+    return slash == std::string::npos ? name : includer.substr(0, slash + 1) + name;
+}
+
+std::FILE* Recorder::open_source(const char* name, const char* includer) {
+    const std::string found_as = includer == nullptr ? name : resolve(name);
+    std::optional<std::string> text = sources_.read(found_as);
+    if (!text) {
+        run_.tried_includes.push_back(found_as);
+        return nullptr;
+    }
+    opened_ = run_.map.add_file(found_as, std::move(*text));
+    const std::string& kept = run_.map.files().back().text;
+    return fmemopen(const_cast<char*>(kept.data()), kept.size(), "r");
+}
+
+void Recorder::on_source(const SourceSpan& span) {
+    const auto depth = static_cast<std::size_t>(span.depth);
+    open_files_.resize(depth + 1, opened_);
+    if (span.change == SourceChange::BEGIN) open_files_.back() = opened_;
+    run_.map.add_span(open_files_.back(), span.copy_offset, span.file_offset);
+}
+
+void Recorder::on_line(const SourceLine& line) { run_.map.add_line(line.length); }
+
+void Recorder::on_splice(const Splice& splice) { run_.map.add_splice(splice); }
+
+void Recorder::place_message(RunMessage& record, const Message& message) const {
+    record.place = message.place;
+    if (message.line_text != nullptr) record.expanded_line = message.line_text;
+    if (message.directive_offset >= 0 && !open_files_.empty()) {
+        const auto at = static_cast<std::uint64_t>(message.directive_offset);
+        record.span = {open_files_.back(), at, at + 1};
+    } else if (message.place.line > 0) {
+        record.span = run_.map.find(message.place, &record.through);
+    }
+}
+
+void Recorder::on_message(const Message& message) {
+    const bool continues = message.number == error::PRINTED_ECHO_LEFT && message.length == 0;
+    if (continues && !run_.messages.empty()) {
+        place_message(run_.messages.back(), message);
+        return;
+    }
+    RunMessage record;
+    record.severity = message.severity;
+    record.number = message.number == error::PRINTED_ECHO_LEFT ? 0 : message.number;
+    record.text = plain_text({message.text, message.length});
+    place_message(record, message);
+    if (!run_.messages.empty() && is_same(run_.messages.back(), record)) {
+        ++run_.messages.back().repeats;
+    } else if (run_.messages.size() < MAX_MESSAGES || message.severity == Severity::ERROR) {
+        run_.messages.push_back(std::move(record));
+    }
+}
+
+// From `begin` to position `end` of the same line.
+FileSpan Recorder::span_between(const LinePlace& begin, std::int32_t end) const {
+    FileSpan span = run_.map.find(begin);
+    const FileSpan last = run_.map.find({begin.line, end > begin.pos ? end - 1 : begin.pos});
+    if (last.file == span.file && last.end > span.end) span.end = last.end;
+    return span;
+}
+
+void Recorder::on_setting(const Setting& setting) {
+    std::vector<Expansion> through;
+    run_.map.find(setting.begin, &through);
+    run_.settings.push_back(
+        {setting.command, setting.value, span_between(setting.begin, setting.end), !through.empty()});
+}
+
+void Recorder::on_constant(const ConstantDefinition& constant) {
+    run_.constants.push_back({constant.name, constant.value, span_between(constant.begin, constant.end)});
+}
+
+void Recorder::on_macro(const MacroDefinition& macro) {
+    run_.macros.push_back({macro.name, macro.argument_count, macro.body, run_.map.find(macro.begin)});
+}
+
+void Recorder::on_tempo(const TempoDef& tempo, int index, const LinePlace& begin) {
+    run_.tempos.push_back({tempo, index, run_.map.find(begin)});
+}
+
+void Recorder::on_direct_line(const char* text, const LinePlace& begin) {
+    run_.direct_lines.push_back({text, run_.map.find(begin), run_.blocks.size()});
+}
+
+void Recorder::on_header(const LinePlace&) { fields_.clear(); }
+
+void Recorder::on_pfield(const PfieldStatement& statement) {
+    FieldRecord field;
+    field.number = statement.number;
+    field.input_type = statement.input_type;
+    field.is_cut = statement.is_cut;
+    field.statement = run_.map.find(statement.begin);
+    fields_.push_back(field);
+}
+
+void Recorder::on_block(const Block& block) {
+    BlockRecord record;
+    record.number = block.number;
+    record.instrument = block.instrument;
+    record.is_skipped = block.instrument < 0;
+    record.header = run_.map.find(block.begin);
+    record.end = run_.map.find(block.end);
+    if (!record.is_skipped) {
+        record.start_beat = block.start_beat;
+        record.start_seconds = block.start_seconds;
+        record.length = block.length;
+        record.pfields = block.pfields;
+        record.sample_rate = block.sample_rate;
+        for (FieldRecord& field : fields_) {
+            const auto at = static_cast<std::size_t>(field.number - 2);
+            field.output_type = static_cast<int>(block.output_types[at]);
+            field.decimals = block.decimals[at];
+            field.fft_size = block.fft_sizes[at];
+        }
+        record.fields = std::move(fields_);
+        if (options_.keep_events) copy_events(record, block.events);
+    }
+    fields_.clear();
+    run_.blocks.push_back(std::move(record));
+}
+
+void Recorder::on_end(int status, double seconds) {
+    run_.status = status;
+    run_.seconds = seconds;
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "kit/run/score_run.h"
+
+namespace vorn::kit {
+
+// Writes down what a run tells.
+class Recorder final : public Observer {
+public:
+    Recorder(ScoreRun& run, const RunOptions& options, Sources& sources)
+        : run_(run), options_(options), sources_(sources) {}
+
+    void on_source(const SourceSpan& span) override;
+    void on_line(const SourceLine& line) override;
+    void on_splice(const Splice& splice) override;
+    void on_message(const Message& message) override;
+    void on_setting(const Setting& setting) override;
+    void on_constant(const ConstantDefinition& constant) override;
+    void on_macro(const MacroDefinition& macro) override;
+    void on_tempo(const TempoDef& tempo, int index, const LinePlace& begin) override;
+    void on_direct_line(const char* text, const LinePlace& begin) override;
+    void on_header(const LinePlace& begin) override;
+    void on_pfield(const PfieldStatement& statement) override;
+    void on_block(const Block& block) override;
+    void on_end(int status, double seconds) override;
+    std::FILE* open_source(const char* name, const char* includer) override;
+
+private:
+    std::string resolve(const std::string& name) const;
+    FileSpan span_between(const LinePlace& begin, std::int32_t end) const;
+    void place_message(RunMessage& record, const Message& message) const;
+
+    ScoreRun& run_;
+    const RunOptions& options_;
+    Sources& sources_;
+    int opened_ = -1;                  // the file that was opened last
+    std::vector<int> open_files_;      // by depth: the file that is copied there
+    std::vector<FieldRecord> fields_;  // of the block that is being read
+};
+
+}  // namespace vorn::kit
