@@ -1,14 +1,14 @@
 #include "driver/files.h"
 
-#include <cstring>
-#include <initializer_list>
+#include <iterator>
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "driver/held_log.h"
 #include "driver/options.h"
+#include "driver/temporary_file.h"
 #include "input/errors.h"
 #include "input/messages.h"
 #include "input/run_flags.h"
@@ -21,19 +21,17 @@
 //
 // An include file may turn out to be one of those that are written. It is
 // refused then, and not lost: the older text of an output is cut off only when
-// the includes have been copied. Until then nothing is written but the log, and
-// that waits in its stream's buffer unless the names are hundreds of characters long.
+// the includes have been copied. Until then nothing is written to any of them;
+// what the log has to tell waits in memory.
 
 namespace vorn {
 
 std::FILE* fin = nullptr;
 std::FILE* ftmp = nullptr;
-char tmp_fname[TMP_NAME_SIZE] = {};
 
 namespace {
 
 constexpr const char* OUTPUT_MODES[] = {"w", "wb"};  // indexed by MKMIDI
-constexpr const char* TMP_PATTERN = P_tmpdir "/vornXXXXXX";
 
 bool report_unopened(const char* name) {
     Mprintf("\nERROR: Can't open \"%s\".\n\n", name);
@@ -110,25 +108,24 @@ bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {
     return stream != nullptr || report_unopened(name);
 }
 
-// Two outputs in one file would overwrite each other. Only now that all exist
-// can that be told of files that the run has made.
-bool check_separate_files() {
-    const bool clash =
-        is_same_file(fout.stream, fecho) || is_same_file(fout.stream, fllog) || is_same_file(fecho, fllog);
-    if (clash) report_name_clash();
-    return !clash;
+bool open_copy() {
+    ftmp = open_temporary_file();
+    return ftmp != nullptr;
 }
 
-bool open_temporary_file() {
-    static_assert(sizeof(P_tmpdir "/vornXXXXXX") <= TMP_NAME_SIZE);
-    std::strcpy(tmp_fname, TMP_PATTERN);
-    const int descriptor = mkstemp(tmp_fname);
-    if (descriptor >= 0) ftmp = fdopen(descriptor, "w");
-    if (ftmp != nullptr) return true;
-    if (descriptor >= 0) close(descriptor);
-    if (descriptor < 0) tmp_fname[0] = 0;
-    std::fputs("\nERROR: Can't open temporary file\n\n", std_err);
-    return false;
+// Two outputs in one file would overwrite each other, and one in the input or the
+// temporary file would change the score. Only now that all exist can that be told of
+// files that the run has made.
+bool check_separate_files() {
+    std::FILE* const streams[] = {fin, fout.stream, fecho, ftmp, fllog};
+    bool clash = false;
+    for (std::size_t at = 1; at < std::size(streams); ++at) {
+        for (std::size_t other = 0; other < at; ++other) {
+            clash = clash || is_same_file(streams[at], streams[other]);
+        }
+    }
+    if (clash) report_name_clash();
+    return !clash;
 }
 
 // Closes a stream that was written; false and a message when something is missing.
@@ -148,6 +145,19 @@ bool close_output_file() {
     return written;
 }
 
+// Closes the written file that is the included one, as it is; false when there is none.
+bool leave_unwritten(std::FILE* included) {
+    if (is_same_file(included, fout.stream)) return close_output(fout);
+    if (is_same_file(included, held_log())) {
+        drop_log();
+        return true;
+    }
+    if (!is_same_file(included, fecho)) return false;
+    std::fclose(fecho);
+    fecho = nullptr;
+    return true;
+}
+
 void close_input() {
     if (fin != nullptr) std::fclose(fin);
     fin = nullptr;
@@ -157,8 +167,9 @@ void close_input() {
 
 bool open_files() {
     const bool opened = open_input() && check_same_files() && open_output_file() &&
-                        open_extra_file(fecho, MKEXP, exp_fname) && open_temporary_file() &&
-                        open_extra_file(fllog, MKLOG, log_fname) && check_separate_files();
+                        open_extra_file(fecho, MKEXP, exp_fname) && open_copy() &&
+                        open_extra_file(fllog, MKLOG, log_fname) && check_separate_files() &&
+                        (hold_log() || report_unopened(log_fname));
     if (!opened) {
         cut_older_texts();
         close_files();
@@ -167,19 +178,17 @@ bool open_files() {
 }
 
 bool accept_include(std::FILE* included) {
-    for (std::FILE* written : {fout.stream, fecho, fllog}) {
-        if (!is_same_file(included, written)) continue;
-        dup2(fileno(ftmp), fileno(written));  // what still goes there is dropped with the temporary file
-        Mprintf("%s", NAME_CLASH);
-        return false;
-    }
-    return true;
+    const bool clash = is_same_file(included, ftmp) || leave_unwritten(included);
+    if (clash) Mprintf("%s", NAME_CLASH);
+    return !clash;
 }
 
 bool cut_older_texts() {
+    const bool logged = release_log();
+    if (!logged) report_unwritten(log_fname);
     bool cut = cut_older_text(fout.stream, out_fname);
     cut = cut_older_text(fecho, exp_fname) && cut;
-    return cut_older_text(fllog, log_fname) && cut;
+    return cut_older_text(fllog, log_fname) && cut && logged;
 }
 
 int reopen_temporary_file() {
@@ -199,13 +208,13 @@ bool close_files() {
     written = close_written(fecho, exp_fname) && written;
     if (ftmp != nullptr) std::fclose(ftmp);
     ftmp = nullptr;
-    if (tmp_fname[0] != 0) std::remove(tmp_fname);
-    tmp_fname[0] = 0;
+    remove_temporary_file();
     return close_written(fllog, log_fname) && written;
 }
 
 void reset_files() {
     close_input();
+    drop_log();
     ftmp = nullptr;
     tmp_fname[0] = 0;
 }

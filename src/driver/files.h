@@ -9,16 +9,13 @@ namespace vorn {
 extern std::FILE* fin;   // the input, later the temporary file reopened for reading; null when closed
 extern std::FILE* ftmp;  // the temporary file while it is being written; null otherwise
 
-constexpr int TMP_NAME_SIZE = 1024;
-extern char tmp_fname[TMP_NAME_SIZE];  // name of the temporary file; empty while there is none
-
 // Opens input, output, expansion file, temporary file and log, in this order.
 // False with the message printed; nothing stays open then. The files that are
 // written keep their older text until cut_older_texts.
 [[nodiscard]] bool open_files();
 
 // False, with the message printed, for an opened include file that the run also
-// writes. That file then keeps its text: nothing more is written to it.
+// writes, or that is its temporary file. It keeps its text: nothing more is written to it.
 [[nodiscard]] bool accept_include(std::FILE* included);
 
 // Cuts off what output, expansion file and log hold beyond what this run has

@@ -5,9 +5,9 @@
 
 #include <initializer_list>
 
-#include "driver/files.h"
+#include "driver/temporary_file.h"
 
-// An interrupted run leaves nothing behind in the system's temporary directory.
+// An interrupted run leaves no temporary file behind.
 // The handler calls only what is safe in one: unlink, signal, raise.
 
 namespace vorn {
@@ -23,7 +23,8 @@ extern "C" void end_by_signal(int number) {
 }  // namespace
 
 void remove_temporary_file_on_interrupt() {
-    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGALRM, SIGTERM, SIGXCPU}) {
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGALRM, SIGTERM, SIGXCPU, SIGUSR1, SIGUSR2,
+                             SIGVTALRM, SIGPROF}) {
         struct sigaction action = {};
         sigaction(number, nullptr, &action);
         if (action.sa_handler == SIG_IGN) continue;

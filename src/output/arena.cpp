@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#if __has_include(<sys/mman.h>)
+#ifdef __linux__
 #include <sys/mman.h>
 #endif
 

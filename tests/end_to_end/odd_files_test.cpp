@@ -117,6 +117,28 @@ TEST_F(OddFiles, OutputsMayNotShareAFile) {
     }
 }
 
+// Descriptor 5 is the temporary file, behind the standard streams, the input and the output.
+TEST_F(OddFiles, TemporaryFileMayNotBeIncluded) {
+    folder_.write("in.vorn", SCORE + "#include |/proc/self/fd/5|\n");
+    expect_failure({"in.vorn", "out.sco"}, CLASH, {.file_size = 1 << 20});
+    EXPECT_EQ(folder_.read("out.sco"), "");
+}
+
+TEST_F(OddFiles, TemporaryFileMayNotBeIncludedByItsName) {
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"pipe", "out.sco"}, {.file_size = 1 << 20});
+    PipeEnd input(folder_, "pipe");
+    input.write(SCORE + "#include |" + program.temporary_file().string() + "|");
+    input.close();
+    const RunResult result = program.wait();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), CLASH);
+}
+
+TEST_F(OddFiles, TemporaryFileMayNotBeTheLog) {
+    expect_failure({"-l", "/proc/self/fd/5", "in.vorn", "out.sco"}, CLASH);
+}
+
 TEST_F(OddFiles, OutputMayBeADevice) {
     const RunResult result = run({"-l", "/dev/null", "in.vorn", "/dev/stdout"});
     EXPECT_EQ(result.status, 0);
@@ -303,7 +325,7 @@ TEST_F(OddFiles, TemporaryFileIsGoneAfterEveryExit) {
 
 TEST_F(OddFiles, InterruptsRemoveTheTemporaryFile) {
     make_pipe(folder_, "pipe");
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGVTALRM, SIGPROF}) {
         SCOPED_TRACE(number);
         RunningProgram program(folder_, {"pipe", "out.sco"});
         const PipeEnd input(folder_, "pipe");
@@ -314,6 +336,41 @@ TEST_F(OddFiles, InterruptsRemoveTheTemporaryFile) {
         EXPECT_EQ(program.wait().status, -number);
         EXPECT_FALSE(fs::exists(temporary));
     }
+}
+
+TEST_F(OddFiles, TemporaryFileIsMadeInTheFolderOfTheEnvironment) {
+    fs::create_directory(folder_.path() / "folder");
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"pipe", "out.sco"}, {.tmpdir = "folder"});
+    PipeEnd input(folder_, "pipe");
+    EXPECT_EQ(program.temporary_file().parent_path(), fs::canonical(folder_.path() / "folder"));
+    input.write(SCORE);
+    input.close();
+    const RunResult result = program.wait();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.files.at("out.sco"), OUTPUT);
+    EXPECT_TRUE(fs::is_empty(folder_.path() / "folder"));
+}
+
+TEST_F(OddFiles, AnEmptyNameOfTheTemporaryFolderIsTheSystems) {
+    TemporaryFileWatch watch;
+    EXPECT_EQ(run({"in.vorn", "out.sco"}, {.tmpdir = ""}).status, 0);
+    EXPECT_TRUE(watch.saw_one());
+}
+
+TEST_F(OddFiles, AMissingTemporaryFolderIsToldOf) {
+    expect_failure({"in.vorn", "out.sco"}, "\nERROR: Can't open temporary file\n\n", {.tmpdir = "none"});
+}
+
+// The name of the file has 1023 characters at most.
+TEST_F(OddFiles, TemporaryFolderOfTheLongestName) {
+    std::string name = (folder_.path() / "").string();
+    name.insert(name.size(), 1012 - name.size(), '/');
+    EXPECT_EQ(run({"in.vorn", "out.sco"}, {.tmpdir = name.c_str()}).status, 0);
+    name += '/';
+    expect_failure({"in.vorn", "out.sco"},
+                   "\nERROR: The name of the temporary folder (TMPDIR) is too long.\n\n",
+                   {.tmpdir = name.c_str()});
 }
 
 // Only its owner may read a score that is being worked on.

@@ -88,6 +88,7 @@ void redirect(int descriptor, const fs::path& path, int flags) {
     redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
     redirect(STDOUT_FILENO, streams / "out", O_WRONLY | O_CREAT);
     redirect(STDERR_FILENO, streams / "err", O_WRONLY | O_CREAT);
+    unsetenv("TMPDIR");
     alarm(TIME_LIMIT);
     if (chdir(folder.c_str()) != 0) _exit(125);
     execv(VORN_PROGRAM, argv);
@@ -140,6 +141,7 @@ RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments) {
     const std::vector<const char*> argv = argument_vector(arguments);
     {
         const InFolder in_folder(folder.path());
+        unsetenv("TMPDIR");  // expectations name the system's folder
         alarm(TIME_LIMIT);
         result.status =
             vorn::run_program(static_cast<int>(argv.size()) - 1, argv.data(), {out.stream(), err.stream()});

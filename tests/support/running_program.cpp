@@ -65,6 +65,8 @@ void limit(int resource, rlim_t value) {
     if (chdir(folder.c_str()) != 0) _exit(125);
     // A job in the background inherits interrupts that are ignored.
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) std::signal(number, SIG_DFL);
+    unsetenv("TMPDIR");
+    if (limits.tmpdir != nullptr) setenv("TMPDIR", limits.tmpdir, 1);
     alarm(TIME_LIMIT);
     limit(RLIMIT_CORE, 0);
     // Whatever runs the tests may have left descriptors of its own open.

@@ -29,6 +29,7 @@ struct Limits {
     unsigned long file_size = 0;   // bytes of any file that it writes
     unsigned long memory = 0;      // bytes of its address space
     std::string terminal = {};     // what standard error is, instead of a file
+    const char* tmpdir = nullptr;  // TMPDIR; null: not set
 };
 
 class RunningProgram {

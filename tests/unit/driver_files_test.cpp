@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "driver/temporary_file.h"
 #include "support/failing_reads.h"
 #include "support/run_case.h"
 
@@ -117,6 +118,20 @@ TEST(Files, OfOutputsOnlyTheIncludedOneKeepsItsText) {
     EXPECT_EQ(behind_banner(result.files.at("run.log")), CLASH);
     EXPECT_EQ(result.files.at("run.exp"), "");
     EXPECT_EQ(result.files.at("part.inc"), SCORE);
+}
+
+// However much the log had to tell before.
+TEST(Files, ALogThatIsIncludedKeepsItsTextBehindLongNames) {
+    std::string long_name = "in.vorn";
+    for (int at = 0; at < 2000; ++at) long_name.insert(0, "./");
+    const WorkFolder folder;
+    folder.write("in.vorn", "#include |first.inc|#include |run.log|\n");
+    folder.write("first.inc", "; a comment\n");
+    folder.write("run.log", SCORE);
+    const RunResult result = run_in_process(folder, {"-l", "run.log", long_name, "out.sco"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), "\n\tOpening include file \"first.inc\"..." + std::string(CLASH));
+    EXPECT_EQ(result.files.at("run.log"), SCORE);
 }
 
 // Opening has made it, so it is there to be included.
