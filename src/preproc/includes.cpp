@@ -1,6 +1,10 @@
 #include "preproc/includes.h"
 
+#include <cstdint>
 #include <cstdio>
+#include <limits>
+
+#include <sys/stat.h>
 
 #include "input/characters.h"
 #include "input/errors.h"
@@ -17,7 +21,8 @@
 // kept on purpose, as is that a "#in" which goes on otherwise vanishes.
 //
 // A read error is no end of a file. It ends the copying of that file, whatever
-// it cuts off, and whoever has opened the file reports it.
+// it cuts off, and whoever has opened the file reports it. A write error ends the
+// copying of all files, however much there is to read.
 
 namespace vorn {
 
@@ -59,16 +64,24 @@ private:
     bool line_ = false;       // the rest of the line is commentary
 };
 
+// How many characters may be read from the file, its end counted.
+std::int64_t reading_budget(std::FILE* in) {
+    struct stat found = {};
+    const bool has_end = fstat(fileno(in), &found) == 0 && S_ISREG(found.st_mode);
+    return has_end ? std::numeric_limits<std::int64_t>::max() : MAX_ENDLESS_LENGTH + 1;
+}
+
 class IncludeCopy {
 public:
     IncludeCopy(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include)
-        : in_(in), out_(out), count_(count), may_include_(may_include) {}
+        : in_(in), out_(out), count_(count), may_include_(may_include), budget_(reading_budget(in)) {}
     int run();
 
 private:
-    int read() { return getc_unlocked(in_); }
-    bool has_failed() const { return std::ferror(in_) != 0; }
-    void write(int c) { putc_unlocked(c, out_); }
+    int read() { return --budget_ >= 0 ? getc_unlocked(in_) : EOF; }
+    bool is_endless() const { return budget_ < 0; }
+    bool has_failed() const { return is_endless() || std::ferror(in_) != 0; }
+    void write(int c) { write_failed_ |= putc_unlocked(c, out_) == EOF; }
     void copy(int c);
     int do_directive();
     bool read_keyword_rest();
@@ -80,6 +93,8 @@ private:
     std::FILE* out_;
     int& count_;
     IncludeCheck may_include_;
+    std::int64_t budget_;  // characters that may still be read; negative once one more was wanted
+    bool write_failed_ = false;
     CommentTracker comment_;
     char name_[MAX_INCLUDE_NAME + 1] = {};
 };
@@ -90,14 +105,16 @@ void IncludeCopy::copy(int c) {
 }
 
 int IncludeCopy::run() {
-    for (int c = read(); c != EOF; c = read()) {
+    for (int c = read(); c != EOF && !write_failed_; c = read()) {
         if (c == '#' && !comment_.in_comment()) {
             if (const int result = do_directive()) return result;
         } else {
             copy(c);
         }
     }
-    return 0;
+    if (!is_endless()) return 0;
+    Mprintf("\nERROR: A device or pipe has more than %d characters.\n\n", MAX_ENDLESS_LENGTH);
+    return error::ALREADY_PRINTED;
 }
 
 // "include" white space "|" name "|", behind the "#". At the end of the input
@@ -188,6 +205,7 @@ int IncludeCopy::include_file() {
     }
     const int result = copy_included(included);
     std::fclose(included);
+    write_failed_ = std::ferror(out_) != 0;
     comment_.end_all();
     comment_.remember('|');
     return result;

@@ -280,6 +280,15 @@ TEST_F(OddFiles, TemporaryFileOnAFullDisk) {
     EXPECT_EQ(behind_banner(without_chance(folder_.read("run.log"))), cannot_write("/tmp/vornXXXXXX"));
 }
 
+// Nothing else would end such a run.
+TEST_F(OddFiles, EndlessInputOnAFullDisk) {
+    const std::string message = cannot_write("/tmp/vornXXXXXX");
+    expect_failure({"/dev/zero", "out.sco"}, message, {.file_size = 4096});
+    folder_.write("in.vorn", "#include |/dev/zero|\n");
+    expect_failure({"in.vorn", "out.sco"}, "\n\tOpening include file \"/dev/zero\"..." + message,
+                   {.file_size = 4096});
+}
+
 // --- too little memory ---
 
 // From too little for the program to be loaded to enough for a run: wherever

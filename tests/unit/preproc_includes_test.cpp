@@ -1,5 +1,7 @@
 #include "preproc/includes.h"
 
+#include <algorithm>
+#include <cstring>
 #include <filesystem>
 
 #include "support/failing_reads.h"
@@ -263,6 +265,63 @@ TEST_F(Includes, AReadErrorOfTheMainFileIsLeftInItsStream) {
     std::FILE* const out = std::fopen("copy", "w");
     EXPECT_EQ(vorn::parse_includes(in, out, count), 0);
     EXPECT_NE(std::ferror(in), 0);
+    EXPECT_EQ(messages(), "");
+    std::fclose(in);
+    std::fclose(out);
+}
+
+TEST_F(Includes, AWriteErrorEndsTheCopyingAndIsLeftInItsStream) {
+    folder.write("main", "x#include |/dev/zero|#include |/dev/zero|");
+    std::FILE* const in = std::fopen("main", "r");
+    std::FILE* const full = std::fopen("/dev/full", "w");
+    EXPECT_EQ(vorn::parse_includes(in, full, count), 0);
+    EXPECT_NE(std::ferror(full), 0);
+    EXPECT_EQ(count, 2) << "nothing is opened that cannot be copied";
+    EXPECT_EQ(messages(), "\n\tOpening include file \"/dev/zero\"...");
+    std::fclose(in);
+    std::fclose(full);
+}
+
+// What a stream without a file gives: a directive, whose bar never comes.
+struct Blanks {
+    std::string begin;
+    std::int64_t left;  // characters, `begin` included
+
+    static ssize_t read(void* cookie, char* bytes, std::size_t size) {
+        auto* blanks = static_cast<Blanks*>(cookie);
+        const auto got = std::min(static_cast<std::int64_t>(size), blanks->left);
+        std::memset(bytes, ' ', static_cast<std::size_t>(got));
+        blanks->begin.copy(bytes, size);
+        blanks->begin.clear();
+        blanks->left -= got;
+        return got;
+    }
+};
+
+int copy_blanks(std::int64_t length) {
+    Blanks blanks{"#include", length};
+    std::FILE* const in = fopencookie(&blanks, "r", {Blanks::read, nullptr, nullptr, nullptr});
+    std::FILE* const out = std::fopen("/dev/null", "w");
+    int count = 0;
+    const int result = vorn::parse_includes(in, out, count);
+    std::fclose(in);
+    std::fclose(out);
+    return result;
+}
+
+TEST_F(Includes, WhatIsNoRegularFileHasALimitedLength) {
+    EXPECT_EQ(copy_blanks(vorn::MAX_ENDLESS_LENGTH), 1);
+    EXPECT_EQ(messages(), "\n\nInclude filename must be preceeded by a |.\n");
+    EXPECT_EQ(copy_blanks(vorn::MAX_ENDLESS_LENGTH + 1), 999);
+    EXPECT_EQ(messages(), "\nERROR: A device or pipe has more than 100000000 characters.\n\n");
+}
+
+TEST_F(Includes, ARegularFileMayHaveAnyLength) {
+    folder.write("main", "");
+    std::filesystem::resize_file("main", vorn::MAX_ENDLESS_LENGTH + 2);
+    std::FILE* const in = std::fopen("main", "r");
+    std::FILE* const out = std::fopen("/dev/null", "w");
+    EXPECT_EQ(vorn::parse_includes(in, out, count), 0);
     EXPECT_EQ(messages(), "");
     std::fclose(in);
     std::fclose(out);
