@@ -11,6 +11,7 @@
 #include "output/event_list.h"
 #include "output/output_file.h"
 #include "output/tempo_map.h"
+#include "output/value_queue.h"
 #include "preproc/preprocessor.h"
 
 // Every owner of program-wide variables restores its own; this is the one list of them.
@@ -27,6 +28,7 @@ void reset_program() {
     reset_tempo_map();     // tempo definitions, current tempo
     reset_durations();     // time variables
     reset_event_list();    // events of a block that was not finished
+    reset_value_queue();   // values of a loop
     reset_block_state();   // block, statement and settings
     reset_pitch_input();   // octave of the last note name
     reset_preprocessor();  // macros, constants, conditionals, comment state

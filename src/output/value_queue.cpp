@@ -15,8 +15,11 @@
 
 namespace vorn {
 
+std::uint64_t queued_values = 0;
+
 bool StoreInQ(QNode*& queue, std::uint32_t code, float value) {
     if (queue == nullptr && code != 0) return false;
+    if (queued_values >= MAX_QUEUED) return false;
     auto* node = static_cast<QNode*>(std::malloc(sizeof(QNode)));
     if (node == nullptr) return false;
     *node = QNode{node, value, code, node};
@@ -27,6 +30,7 @@ bool StoreInQ(QNode*& queue, std::uint32_t code, float value) {
         queue->next = node;
     }
     queue = node;
+    ++queued_values;
     return true;
 }
 
@@ -56,6 +60,7 @@ void TraverseQ(const QNode* queue, bool backwards) {
 }
 
 void FreeQNodes(QNode*& queue) {
+    queued_values = 0;
     if (queue == nullptr) return;
     QNode* node = queue->next;
     queue->next = nullptr;
@@ -66,5 +71,7 @@ void FreeQNodes(QNode*& queue) {
     }
     queue = nullptr;
 }
+
+void reset_value_queue() { queued_values = 0; }
 
 }  // namespace vorn

@@ -35,6 +35,7 @@ struct ValueQueue : testing::Test {
 };
 
 struct StoreInQ : ValueQueue {};
+struct QueueLimit : ValueQueue {};
 struct DoQEvent : ValueQueue {};
 struct FreeQNodes : ValueQueue {};
 
@@ -56,6 +57,26 @@ struct TraverseQ : ValueQueue {
 };
 
 }  // namespace
+
+TEST_F(QueueLimit, IsThatOfOneQueue) {
+    vorn::queued_values = vorn::MAX_QUEUED - 2;
+    EXPECT_TRUE(put(1.0F));
+    EXPECT_TRUE(put(2.0F, 1));
+    EXPECT_FALSE(put(3.0F));
+    EXPECT_FALSE(vorn::DoQEvent(queue));
+    EXPECT_EQ(entries(), (Entries{{1.0F, 0}, {2.0F, 1}}));
+    vorn::FreeQNodes(queue);
+    EXPECT_EQ(vorn::queued_values, 0U);
+    EXPECT_TRUE(put(1.0F));
+}
+
+TEST_F(QueueLimit, CountsEveryValueOfAGroupThatIsRepeated) {
+    EXPECT_TRUE(put(1.0F));
+    EXPECT_TRUE(put(2.0F, 1));
+    vorn::queued_values = vorn::MAX_QUEUED - 3;
+    EXPECT_TRUE(vorn::DoQEvent(queue));
+    EXPECT_FALSE(vorn::DoQEvent(queue));
+}
 
 TEST_F(StoreInQ, OneValueIsARing) {
     ASSERT_TRUE(put(1.5F));
