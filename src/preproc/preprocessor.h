@@ -40,8 +40,8 @@ using IncludeCheck = bool (*)(std::FILE* included);
 
 // Copies the stream with every include file spliced in. Returns 0 or a positive
 // number, the message then already printed; a read error of `in` itself and a write
-// error of `out`, which ends the copying, are left in the streams. `count` is the run's include counter; without a check every file
-// may be copied.
+// error of `out`, which ends the copying, are left in the streams. `count` is the
+// run's include counter; without a check every file may be copied.
 [[nodiscard]] int parse_includes(std::FILE* in, std::FILE* out, int& count,
                                  IncludeCheck may_include = nullptr);
 
