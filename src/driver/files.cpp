@@ -10,6 +10,7 @@
 #include "driver/options.h"
 #include "driver/temporary_file.h"
 #include "input/errors.h"
+#include "input/message_table.h"
 #include "input/messages.h"
 #include "input/run_flags.h"
 #include "output/output_file.h"
@@ -99,7 +100,11 @@ bool cut_older_text(std::FILE* stream, const char* name) {
 
 bool open_output_file() {
     std::FILE* const stream = open_for_writing(out_fname, OUTPUT_MODES[MKMIDI]);
-    return (stream != nullptr && open_output(fout, stream)) || report_unopened(out_fname);
+    if (stream == nullptr) return report_unopened(out_fname);
+    if (open_output(fout, stream)) return true;
+    std::fclose(stream);
+    Mprintf("\nERROR: %s\n\n", error_text(error::OUT_OF_MEMORY));
+    return false;
 }
 
 bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {

@@ -1,7 +1,7 @@
 #include "output/output_file.h"
 
-#include <cstdlib>
 #include <cstring>
+#include <new>
 
 // Everything that reaches the output file is gathered in one buffer of a
 // megabyte and written whole, so that a score of a million lines costs
@@ -30,7 +30,7 @@ void empty_buffer(OutputFile& file) {
 
 bool open_output(OutputFile& file, std::FILE* stream) {
     file = OutputFile{};
-    file.data = static_cast<char*>(std::malloc(OUTPUT_BUFFER_SIZE));
+    file.data = new (std::nothrow) char[OUTPUT_BUFFER_SIZE];
     if (file.data == nullptr) return false;
     file.stream = stream;
     // Our buffer is enough: without one of its own the stream copies nothing.
@@ -74,7 +74,7 @@ bool close_output(OutputFile& file) {
     if (file.stream == nullptr) return !file.failed;
     bool complete = flush_output(file);
     if (std::fclose(file.stream) != 0) complete = false;
-    std::free(file.data);
+    delete[] file.data;
     file = OutputFile{};
     file.failed = !complete;
     return complete;

@@ -19,7 +19,7 @@ constexpr std::size_t OUTPUT_BUFFER_SIZE = std::size_t{1} << 20;
 
 extern OutputFile fout;  // the score or MIDI file; opened and closed by the driver
 
-// Takes over the stream. False: out of memory.
+// Takes over the stream. False: out of memory; the stream is still the caller's.
 [[nodiscard]] bool open_output(OutputFile& file, std::FILE* stream);
 
 // A place for `size` (at most 64 KiB) further bytes; commit what was written with output_advance.

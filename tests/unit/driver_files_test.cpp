@@ -9,6 +9,8 @@
 #include <string>
 
 #include "driver/temporary_file.h"
+#include "output/output_file.h"
+#include "support/failing_allocations.h"
 #include "support/failing_reads.h"
 #include "support/run_case.h"
 
@@ -44,6 +46,21 @@ TEST(Files, OutputIsOpenedSecond) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, cannot_open("none/out"));
     EXPECT_EQ(result.files.size(), 1U);
+}
+
+// That its buffer finds no room says nothing of the file, which stays as it is.
+TEST(Files, OutputWithoutMemoryIsToldApartFromOneThatCannotBeOpened) {
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    folder.write("out.sco", "an older score");
+    vorn::test::allocations_left = 0;
+    const RunResult result = run_in_process(folder, {"in.vorn", "out.sco"});
+    vorn::test::allocations_left = vorn::test::ANY_NUMBER;
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "\nERROR: Yikes, out of memory!\n\n");
+    EXPECT_EQ(result.files.at("out.sco"), "an older score");
+    EXPECT_EQ(vorn::fin, nullptr);
+    EXPECT_EQ(vorn::fout.stream, nullptr);
 }
 
 TEST(Files, ExpansionFileIsOpenedThird) {
