@@ -6,6 +6,7 @@ has_package() {
     case "$1" in
         ninja-build) command -v ninja ;;
         clang) command -v clang++ ;;
+        libclang-rt-14-dev) compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' ;;
         libgtest-dev) compgen -G '/usr/include/gtest/gtest.h' || compgen -G '/usr/local/include/gtest/gtest.h' ;;
         libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
         libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;

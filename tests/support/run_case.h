@@ -45,8 +45,10 @@ struct RunResult {
 
 using Arguments = std::vector<std::string>;  // without the program's own name
 
-// Both run with the folder as the current one, so that messages show plain names.
+// All run with the folder as the current one, so that messages show plain names.
 RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments);
+RunResult run_without_limit(const WorkFolder& folder,
+                            const Arguments& arguments);  // in this process, no alarm
 RunResult run_as_program(const WorkFolder& folder, const Arguments& arguments);
 
 // The text with the build's date and time in the banner as "DATE, TIME" and the

@@ -1,0 +1,161 @@
+#include "drawing/score_checks.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <string_view>
+
+#include "support/midi_dump.h"
+#include "support/run_case.h"
+
+// All files of a run stand below a folder of this process, which is in memory
+// where the system has such a place; TMPDIR names it, so that the temporary file
+// comes there, too, and an empty folder afterwards shows that none was left.
+
+namespace vorn::fuzz {
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::RunResult;
+
+class PrivateFolder {
+public:
+    PrivateFolder() {
+        const bool has_memory = std::getenv("TMPDIR") == nullptr && fs::is_directory("/dev/shm");
+        std::string name =
+            ((has_memory ? fs::path("/dev/shm") : fs::temp_directory_path()) / "vorn-fuzz-XXXXXX");
+        if (mkdtemp(name.data()) == nullptr) std::abort();
+        path_ = name;
+        setenv("TMPDIR", name.c_str(), 1);
+    }
+    ~PrivateFolder() {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    PrivateFolder(const PrivateFolder&) = delete;
+    PrivateFolder& operator=(const PrivateFolder&) = delete;
+
+    bool is_empty() const { return fs::is_empty(path_); }
+
+private:
+    fs::path path_;
+};
+
+const PrivateFolder& private_folder() {
+    static const PrivateFolder folder;
+    return folder;
+}
+
+bool is_number(std::string_view word) {
+    if (word.starts_with('-')) word.remove_prefix(1);
+    if (word == "inf" || word == "nan") return true;
+    const std::size_t point = std::min(word.find('.'), word.size());
+    const std::string_view whole = word.substr(0, point);
+    const std::string_view fraction = word.substr(std::min(point + 1, word.size()));
+    const auto has_digits_only = [](std::string_view digits) {
+        return digits.find_first_not_of("0123456789") == digits.npos;
+    };
+    return !whole.empty() && has_digits_only(whole) && has_digits_only(fraction) && !word.ends_with('.');
+}
+
+// The numbers of "i3 0.000 1.000 ...", or -1 where something else stands.
+int count_numbers(const std::string& line) {
+    std::istringstream words(line);
+    std::string word;
+    words >> word;
+    if (!is_number(std::string_view(word).substr(1))) return -1;
+    int count = 0;
+    for (; words >> word; ++count) {
+        if (!is_number(word)) return -1;
+    }
+    return count;
+}
+
+// What can be wrong with a line of a block; `expected` is the count of its numbers,
+// or 0 for that of its first line.
+bool is_well_formed(const std::string& line, int& expected) {
+    const int count = line[0] == 'i' ? count_numbers(line) : -1;
+    if (expected == 0) expected = count;
+    return count >= 2 && count == expected;
+}
+
+// Behind the heading of each block stand its lines, up to a blank one; none, not
+// even that, where all is rests.
+std::string score_problem(const std::string& bytes, const std::vector<int>& columns) {
+    std::istringstream lines(bytes);
+    std::size_t block = 0;
+    bool in_block = false;
+    bool is_first = false;  // behind the heading
+    int expected = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(";I-block #")) {
+            in_block = true;
+            expected = block < columns.size() ? columns[block] : 0;
+            ++block;
+            is_first = true;
+            continue;
+        }
+        if (line.empty() || (is_first && line[0] != 'i')) in_block = false;
+        if (in_block && !is_well_formed(line, expected)) return "a line that is not well formed: " + line;
+        is_first = false;
+    }
+    return {};
+}
+
+// A velocity above 127 is the score's own wish: P4 is not limited.
+std::string midi_problem(const std::string& bytes) {
+    const std::string dump = test::midi_dump(bytes);
+    const std::size_t malformed = dump.find("MALFORMED");
+    const bool is_wished = malformed != dump.npos && dump.find(": velocity ", malformed) != dump.npos;
+    return malformed == dump.npos || is_wished ? ""
+                                               : "a MIDI file that is not whole: " + dump.substr(malformed);
+}
+
+bool is_midi(const DrawnScore& score) {
+    return std::find(score.arguments.begin(), score.arguments.end(), "-m") != score.arguments.end();
+}
+
+std::string output_problem(const DrawnScore& score, const RunResult& result) {
+    const auto output = result.files.find("out");
+    if (output == result.files.end()) return result.status == 0 ? "no output" : "";
+    const std::string& bytes = output->second;
+    if (is_midi(score)) return result.status == 0 ? midi_problem(bytes) : "";
+    if (result.status == 0 && bytes != "e\n" && !bytes.ends_with("\ne\n")) return "a score without its end";
+    // Text of ">" could look like a block's.
+    const std::string& text = score.inputs.at("in.vorn");
+    const bool could_deceive =
+        text.find("I-block") != std::string::npos || text.find(">i") != std::string::npos;
+    return could_deceive ? "" : score_problem(bytes, score.valid ? score.columns : std::vector<int>());
+}
+
+std::string run_problem(const DrawnScore& score, const RunResult& first, const RunResult& second) {
+    if (first.status != 0 && first.status != 1) return "status " + std::to_string(first.status);
+    if (score.valid && first.status != 0) return "a valid score is refused: " + first.err;
+    if (first.status != second.status || first.out != second.out) return "a second run differs";
+    if (first.err != second.err) return "a second run says something else: " + first.err + second.err;
+    if (first.files != second.files) return "a second run leaves other files";
+    return output_problem(score, first);
+}
+
+}  // namespace
+
+Verdict check_score(const DrawnScore& score) {
+    const PrivateFolder& around = private_folder();
+    Verdict verdict;
+    {
+        const test::WorkFolder folder;
+        for (const auto& [name, bytes] : score.inputs) folder.write(name, bytes);
+        const RunResult first = test::run_without_limit(folder, score.arguments);
+        const RunResult second = test::run_without_limit(folder, score.arguments);
+        verdict.problem = run_problem(score, first, second);
+        verdict.out_of_room = first.err.find("out of memory") != std::string::npos;
+    }
+    if (verdict.problem.empty() && !around.is_empty()) verdict.problem = "a temporary file was left";
+    return verdict;
+}
+
+}  // namespace vorn::fuzz

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "blocks/commands.h"
+#include "drawing/grammar.h"
+#include "support/run_case.h"
+#include "drawing/score_checks.h"
+
+// What the fuzzers check, on their kept inputs and on a fixed sample of drawn
+// scores, with every compiler and every limit.
+
+namespace vorn::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path CORPUS = fs::path(VORN_CASES) / "../../fuzz/corpus";
+
+using Reading = fuzz::DrawnScore (*)(const std::uint8_t* data, std::size_t size);
+
+void check_bytes(Reading read, const std::string& bytes, const std::string& name) {
+    const fuzz::DrawnScore score = read(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    const std::string problem = fuzz::check_score(score).problem;
+    EXPECT_EQ(problem, "") << name << "\n" << score.inputs.at("in.vorn");
+}
+
+void replay(Reading read, const std::string& fuzzer) {
+    std::size_t count = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator(CORPUS / fuzzer)) {
+        check_bytes(read, read_file(entry.path()), entry.path().filename().string());
+        ++count;
+    }
+    EXPECT_GT(count, 100U);
+}
+
+TEST(FuzzReplay, KeptBytes) { replay(fuzz::score_of_bytes, "score"); }
+
+TEST(FuzzReplay, KeptDrawnScores) { replay(fuzz::draw_score, "drawn_score"); }
+
+TEST(FuzzReplay, FreshDrawnScores) {
+    std::mt19937_64 random(1);
+    for (int number = 0; number < 300; ++number) {
+        std::string bytes(64 + random() % 1024, '\0');
+        for (char& byte : bytes) byte = static_cast<char>(random() >> 56);
+        check_bytes(fuzz::draw_score, bytes, "number " + std::to_string(number));
+    }
+}
+
+// A word of the language that the grammar never writes would never be tried.
+TEST(FuzzGrammar, HasEveryCommandThatTheEngineKnows) {
+    std::string text = fuzz::grammar_text();
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const std::string letters = "abcdefghijklmnopqrstuvwxyz0123456789";
+    int commands = 0;
+    for (const char first : letters) {
+        for (const char second : letters) {
+            const std::string name = {first, second, '('};
+            if (!is_command(name.c_str(), 0) && !is_gcommand(name.c_str(), 0) &&
+                !is_output_specifier(name.c_str(), 0)) {
+                continue;
+            }
+            ++commands;
+            EXPECT_NE(text.find(name.substr(0, 2)), std::string::npos) << name;
+        }
+    }
+    EXPECT_GT(commands, 20);
+}
+
+}  // namespace
+}  // namespace vorn::test
