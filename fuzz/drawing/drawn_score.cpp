@@ -284,7 +284,7 @@ std::string Drawing::statement_of(std::string_view pfield) {
 
 std::string Drawing::hidden(std::string_view) {
     ++hidden_;
-    return "(xx)";
+    return {};
 }
 
 std::string Drawing::type_of(std::string_view type_and_word) {
