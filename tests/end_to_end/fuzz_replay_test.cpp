@@ -10,8 +10,8 @@
 
 #include "blocks/commands.h"
 #include "drawing/grammar.h"
-#include "support/run_case.h"
 #include "drawing/score_checks.h"
+#include "support/run_case.h"
 
 // What the fuzzers check, on their kept inputs and on a fixed sample of drawn
 // scores, with every compiler and every limit.
