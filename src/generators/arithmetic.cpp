@@ -1,5 +1,6 @@
 #include "generators/arithmetic.h"
 
+#include <cfloat>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -13,6 +14,16 @@
 // conversions of the language.
 //
 // Example: Round(2.5) is 3, Round(-2.5) is -2, Round(1e12) is 2147483647.
+//
+// The library is compiled with one set of options, so what this source refuses is
+// refused for all of it.
+
+#if FLT_EVAL_METHOD != 0
+#error "Scores would differ: float sums are kept in a wider type here (32-bit x86: -msse2 -mfpmath=sse)"
+#endif
+#if defined(__FAST_MATH__) || __FINITE_MATH_ONLY__ || __ASSOCIATIVE_MATH__ || __RECIPROCAL_MATH__
+#error "Scores would differ: -ffast-math, -Ofast and their parts reorder sums and lose infinities"
+#endif
 
 namespace vorn {
 

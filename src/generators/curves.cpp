@@ -1,5 +1,7 @@
 #include "generators/curves.h"
 
+#include <musl/portable_math.h>
+
 #include <cmath>
 #include <numbers>
 
@@ -28,11 +30,11 @@ double shape(std::uint32_t curve, double x, float exponent) {
         case 2:
             return std::sqrt(x);
         case 3:
-            return std::pow(x, static_cast<double>(exponent));
+            return portable::pow(x, static_cast<double>(exponent));
         case 4:
-            return std::sin(std::numbers::pi / 2 * x);
+            return portable::sin(std::numbers::pi / 2 * x);
         case 5:
-            return x - (std::sin(std::numbers::pi / 2 * x) - x);
+            return x - (portable::sin(std::numbers::pi / 2 * x) - x);
         default:
             return x;
     }

@@ -1,7 +1,8 @@
 #include "generators/distributions.h"
 
+#include <musl/portable_math.h>
+
 #include <algorithm>
-#include <cmath>
 
 #include "generators/random.h"
 
@@ -46,7 +47,7 @@ float triangular(float low, float span) {
 
 // The exponential distribution by inversion of its distribution function.
 float expone_left() {
-    return static_cast<float>(std::min(1.0, std::log(static_cast<double>(draw_above_zero())) / -DECAY));
+    return static_cast<float>(std::min(1.0, portable::log(static_cast<double>(draw_above_zero())) / -DECAY));
 }
 
 // The normal distribution as a sum of twelve uniform draws, whose mean is 6 and
@@ -63,15 +64,15 @@ float bilex() {
     while (x == 0.0F || x == 2.0F) x = 2.0F * unit_draw();
     const double sign = x > 1.0F ? -1.0 : 1.0;
     if (x > 1.0F) x = 2.0F - x;
-    const double value = std::log(static_cast<double>(x)) * sign / BILATERAL_DECAY;
+    const double value = portable::log(static_cast<double>(x)) * sign / BILATERAL_DECAY;
     return static_cast<float>(std::clamp(value, -0.5, 0.5) + 0.5);
 }
 
 // The beta distribution by rejection (M. D. Jöhnk, 1964).
 float beta() {
     while (true) {
-        const double first = std::pow(draw_above_zero(), BETA_EXPONENT);
-        const double second = std::pow(draw_above_zero(), BETA_EXPONENT);
+        const double first = portable::pow(draw_above_zero(), BETA_EXPONENT);
+        const double second = portable::pow(draw_above_zero(), BETA_EXPONENT);
         if (first + second <= 1.0) return static_cast<float>(first / (first + second));
     }
 }

@@ -1,5 +1,7 @@
 #include "output/pitch_conversion.h"
 
+#include <musl/portable_math.h>
+
 #include <cmath>
 
 #include "generators/arithmetic.h"
@@ -43,7 +45,7 @@ double octave_point(float pitch, double classes) {
 
 double hertz(float pitch) {
     const SplitPitch parts = split(pitch);
-    return std::pow(2.0, parts.octave + parts.pitch_class / 12.0) * LOWEST_C;
+    return portable::pow(2.0, parts.octave + parts.pitch_class / 12.0) * LOWEST_C;
 }
 
 }  // namespace
@@ -61,13 +63,15 @@ std::int32_t cpc_to_bin(std::int32_t index, float pitch, std::uint64_t sample_ra
 }
 
 float amp_to_db(std::int32_t amplitude) {
-    return static_cast<float>(std::log(static_cast<double>(amplitude)) / NEPERS_PER_DECIBEL);
+    return static_cast<float>(portable::log(static_cast<double>(amplitude)) / NEPERS_PER_DECIBEL);
 }
 
-std::int32_t db_to_amp(std::int32_t decibels) { return to_int32(std::exp(decibels * NEPERS_PER_DECIBEL)); }
+std::int32_t db_to_amp(std::int32_t decibels) {
+    return to_int32(portable::exp(decibels * NEPERS_PER_DECIBEL));
+}
 
 float st_to_tr(float semitones) {
-    return static_cast<float>(std::pow(RATIO_OF_SEMITONE, static_cast<double>(semitones)));
+    return static_cast<float>(portable::pow(RATIO_OF_SEMITONE, static_cast<double>(semitones)));
 }
 
 }  // namespace vorn

@@ -5,6 +5,9 @@
 #include <cmath>
 #include <limits>
 
+#include "generators/distributions.h"
+#include "generators/random.h"
+
 namespace vorn {
 namespace {
 
@@ -130,6 +133,21 @@ TEST(Conversions, SaturateAtTheEndsOfTheType) {
 TEST(Conversions, NotANumberIsZero) {
     EXPECT_EQ(to_int32(std::nan("")), 0);
     EXPECT_EQ(to_uint64(std::nan("")), 0u);
+}
+
+// --- how the library is compiled ---
+
+// A fused multiplication would add the product before it is rounded: then most of
+// these values differ in their last digit.
+TEST(Compilation, AProductIsRoundedBeforeItIsAdded) {
+    constexpr float LOW = 60.1f, HIGH = 73.4f;
+    for (std::uint32_t seed = 1; seed <= 100; ++seed) {
+        srand(seed);
+        volatile float product = (HIGH - LOW) * UNIT;
+        product = product * static_cast<float>(rand());
+        srand(seed);
+        EXPECT_EQ(mk_rval(0, LOW, HIGH), LOW + product) << seed;
+    }
 }
 
 }  // namespace
