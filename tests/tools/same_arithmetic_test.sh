@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# What makes arithmetic the same on every machine: options under which scores would
+# differ do not compile, and the compiler says why; every source of the library is
+# compiled without fused multiplications; and no function that C libraries round
+# differently is taken from one.
+set -uo pipefail
+cd "$(dirname "$0")/../.." || exit 1
+library=${VORN_LIBRARY:?names libvorn_core.a}
+compiler=${CXX:-c++}
+status=0
+
+compile() {
+    "$compiler" -std=c++20 -fsyntax-only -Isrc "$@" src/generators/arithmetic.cpp 2>&1
+}
+
+compile -O2 || { echo "$compiler does not compile the source at all"; exit 1; }
+
+# The older unit of 32-bit x86 is asked for where there is one.
+refused="-ffast-math -Ofast -ffinite-math-only"
+"$compiler" -mfpmath=387 -fsyntax-only -x c++ /dev/null 2>/dev/null && refused+=" -mfpmath=387"
+for option in $refused; do
+    if said=$(compile "$option"); then
+        echo "$option compiles"
+        status=1
+    elif ! grep -q 'error.*Scores would differ' <<<"$said"; then
+        printf '%s does not say why:\n%s\n' "$option" "$said"
+        status=1
+    fi
+done
+
+commands=$(grep -E '"command":.*/(src|third_party)/' "$(dirname "$library")/compile_commands.json")
+[ -n "$commands" ] || { echo "no compile commands beside $library"; exit 1; }
+if grep -v -e '-ffp-contract=off' <<<"$commands"; then
+    echo "compiled without -ffp-contract=off"
+    status=1
+fi
+
+symbols=$(nm -A -u "$library" 2>/dev/null)
+[ -n "$symbols" ] || { echo "no symbols in $library"; exit 1; }
+if grep -E ' U (log|log2|log10|log1p|exp|exp2|expm1|pow|sin|cos|tan|asin|acos|atan|atan2|sinh|cosh|tanh|hypot|cbrt)[fl]?$' \
+    <<<"$symbols"; then
+    echo "taken from the platform: use <musl/portable_math.h>"
+    status=1
+fi
+exit $status
