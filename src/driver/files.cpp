@@ -91,9 +91,12 @@ std::FILE* open_for_writing(const char* name, const char* mode) {
 }
 
 bool cut_older_text(std::FILE* stream, const char* name) {
-    if (!S_ISREG(identity(stream).st_mode)) return true;
+    if (stream == nullptr) return true;
     const int descriptor = fileno(stream);
-    if (ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)) == 0) return true;
+    struct stat file = {};
+    const bool known = fstat(descriptor, &file) == 0;
+    if (known && !S_ISREG(file.st_mode)) return true;
+    if (known && ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)) == 0) return true;
     report_unwritten(name);
     return false;
 }

@@ -27,10 +27,11 @@ bool is_regular(std::FILE* stream) {
     return fstat(fileno(stream), &found) == 0 && S_ISREG(found.st_mode);
 }
 
-// False: something did not find room.
+// False: something did not find room. Where the last of it did not, closing
+// succeeds, but there is no text.
 bool close_memory() {
     const bool complete = std::ferror(held.memory) == 0;
-    return std::fclose(held.memory) == 0 && complete;
+    return std::fclose(held.memory) == 0 && complete && held.text != nullptr;
 }
 
 }  // namespace

@@ -29,7 +29,8 @@ char cleaned(int byte) {
 }
 
 // One line of at most LINE_SIZE - 1 bytes; a longer one comes in pieces, each
-// counted as a line. False, with the text untouched, when nothing is left.
+// counted as a line. False when nothing is left, the text then untouched, and
+// when the stream fails, the line then cut.
 bool read_line(Reader& reader) {
     int byte = getc_unlocked(reader.stream);
     if (byte == EOF) return false;
@@ -41,7 +42,7 @@ bool read_line(Reader& reader) {
     reader.text[length] = 0;
     reader.pos = 0;
     ++reader.line;
-    return true;
+    return byte != EOF || !std::ferror(reader.stream);
 }
 
 // Whether the line is a conditional's "#if(" or "#endif"; pos is then behind the "#".

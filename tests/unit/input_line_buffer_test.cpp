@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -98,6 +99,28 @@ TEST(GetBuff, AReadErrorIsNoEndOfInput) {
     score.reader.stream = std::fopen("/dev/null", "w");
     ASSERT_NE(score.reader.stream, nullptr);
     EXPECT_EQ(get_buff(score.reader), vorn::error::PREMATURE_END);
+    EXPECT_EQ(get_buff(score.reader), vorn::error::PREMATURE_END);
+    std::fclose(score.reader.stream);
+    score.reader.stream = text;
+}
+
+// Gives "p2 1", fails once, and would go on with "5".
+ssize_t fail_in_the_middle(void* reads, char* bytes, std::size_t) {
+    int& count = *static_cast<int*>(reads);
+    if (++count == 2) {
+        errno = EIO;
+        return -1;
+    }
+    const std::string part = count == 1 ? "p2 1" : "5\n";
+    part.copy(bytes, part.size());
+    return static_cast<ssize_t>(part.size());
+}
+
+TEST(GetBuff, AReadErrorIsNoEndOfALine) {
+    ScoreText score("");
+    std::FILE* const text = score.reader.stream;
+    int reads = 0;
+    score.reader.stream = fopencookie(&reads, "r", {fail_in_the_middle, nullptr, nullptr, nullptr});
     EXPECT_EQ(get_buff(score.reader), vorn::error::PREMATURE_END);
     std::fclose(score.reader.stream);
     score.reader.stream = text;
