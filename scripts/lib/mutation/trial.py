@@ -1,0 +1,69 @@
+"""What comes of one change: "killed by" a test, one of the outcomes below otherwise."""
+
+import os
+
+from mutation.build import LIBRARY
+from mutation.tests import all_tests, in_order, passes, temporary_folder
+
+NOT_COMPILED = "does not compile"
+SAME_CODE = "same machine code"
+SURVIVES = "survives"
+CORE = "vorn_core"
+
+
+class Trial:
+    """One change, tried in a temporary folder."""
+
+    def __init__(self, build, top, name, text):
+        self.build, self.top, self.name, self.text = build, top, name, text
+        self.scratch = None
+
+    def run(self):
+        with temporary_folder() as self.scratch:
+            return self.outcome()
+
+    def outcome(self):
+        self.write(self.text)
+        changed = self.core_objects(CORE)
+        if None in changed.values():
+            return NOT_COMPILED
+        if not self.build.link(LIBRARY, changed, os.path.join(self.scratch, LIBRARY)):
+            return NOT_COMPILED
+        for test in in_order(all_tests(self.build.folder), self.name):
+            program = self.test_program(test)
+            if program is None or not passes(program, self.top, self.scratch, self.scratch):
+                return f"killed by {test}"
+        return SAME_CODE if self.is_same_code() else SURVIVES
+
+    def write(self, text):
+        path = os.path.join(self.scratch, "src", self.name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+
+    def core_objects(self, part, options=()):
+        return {target: self.build.compile(target, self.scratch, self.name, options)
+                for target in self.build.dependents(self.name, part)}
+
+    def test_program(self, test):
+        """As built or, where it includes the changed header, built anew; None if it cannot be."""
+        changed = self.core_objects(test)
+        if not changed:
+            return os.path.join(self.build.folder, "tests", test)
+        result = os.path.join(self.scratch, test)
+        linked = None not in changed.values() and self.build.link("tests/" + test, changed, result)
+        return result if linked else None
+
+    def is_same_code(self):
+        """Whether the optimizer makes the same of the change as of what was there."""
+        changed = self.bytes_of_core()
+        with open(os.path.join(self.top, "src", self.name), encoding="utf-8") as file:
+            self.write(file.read())
+        return changed == self.bytes_of_core()
+
+    def bytes_of_core(self):
+        found = []
+        for path in self.core_objects(CORE, ["-O2"]).values():
+            with open(path, "rb") as file:
+                found.append(file.read())
+        return found
