@@ -1,7 +1,6 @@
 # What makes a fault harder to use: the stack is guarded, addresses are drawn at
 # each start, the tables of the loader are read-only before main begins, and calls
-# of the C library know the size of what they fill. Sanitizers do such work
-# themselves; what runs in WebAssembly has neither such a stack nor such a loader.
+# of the C library know the size of what they fill. Sanitizers do such work themselves.
 
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)

@@ -1,16 +1,24 @@
 #include "driver/interrupts.h"
 
+#ifndef __wasi__
 #include <signal.h>
 #include <unistd.h>
 
 #include <initializer_list>
 
 #include "driver/temporary_file.h"
+#endif
 
 // An interrupted run leaves no temporary file behind.
 // The handler calls only what is safe in one: unlink, signal, raise.
 
 namespace vorn {
+
+#ifdef __wasi__
+
+void remove_temporary_file_on_interrupt() {}  // no signal reaches a program there
+
+#else
 
 namespace {
 
@@ -34,5 +42,7 @@ void remove_temporary_file_on_interrupt() {
     // A file-size limit is a write that fails, and is reported as one.
     signal(SIGXFSZ, SIG_IGN);
 }
+
+#endif
 
 }  // namespace vorn
