@@ -7,6 +7,15 @@ has_package() {
         ninja-build) command -v ninja ;;
         clang) command -v clang++ ;;
         libclang-rt-14-dev) compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' ;;
+        clang-14) command -v clang++-14 ;;
+        lld-14) command -v wasm-ld-14 ;;
+        nodejs) command -v node ;;
+        g++-*-linux-gnu) command -v "${1#g++-}-g++" ;;
+        qemu-user) command -v qemu-s390x ;;
+        wasi-libc) [ -e /usr/lib/wasm32-wasi/libc.a ] ;;
+        libc++-14-dev-wasm32) [ -e /usr/lib/wasm32-wasi/libc++.a ] ;;
+        libc++abi-14-dev-wasm32) [ -e /usr/lib/wasm32-wasi/libc++abi.a ] ;;
+        libclang-rt-14-dev-wasm32) compgen -G '/usr/lib/llvm-14/lib/clang/*/lib/wasi/*.a' ;;
         libgtest-dev) compgen -G '/usr/include/gtest/gtest.h' || compgen -G '/usr/local/include/gtest/gtest.h' ;;
         libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
         libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;
