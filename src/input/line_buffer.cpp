@@ -42,6 +42,9 @@ bool read_line(Reader& reader) {
     reader.text[length] = 0;
     reader.pos = 0;
     ++reader.line;
+    if (reader.observer != nullptr) {
+        reader.observer->on_line({reader.line, reader.text, static_cast<std::size_t>(length)});
+    }
     return byte != EOF || !std::ferror(reader.stream);
 }
 

@@ -117,15 +117,8 @@ std::size_t blanks_before(const char* text, std::int32_t pos, bool on_terminal, 
     return size;
 }
 
-// The echo of a line with its caret, on standard error and in the log.
-void echo_line(const char* text, std::int32_t pos) {
-    put_buff(std_err, text, pos);
-    if (MKLOG && fllog != nullptr) put_buff(fllog, text, pos);
-}
-
-}  // namespace
-
-void write_message(const char* format, std::initializer_list<MessageValue> values) {
+// Puts the message into the buffer; one that fills it goes on at the buffer's beginning.
+void compose(const char* format, std::initializer_list<MessageValue> values) {
     const MessageValue* value = values.begin();
     for (const char* at = format; *at != 0;) {
         const char* percent = std::strchr(at, '%');
@@ -143,31 +136,76 @@ void write_message(const char* format, std::initializer_list<MessageValue> value
         }
         at = percent + 2;
     }
+}
+
+// Tells the observer, if there is one, of the message in the buffer.
+void tell(Severity severity, int number, const MessagePlace& where) {
+    if (where.observer == nullptr) return;
+    where.observer->on_message({severity, number, MESSAGES.data, MESSAGES.used, where.place, where.line_text,
+                                where.directive_offset});
+}
+
+MessagePlace place_of(std::uint64_t line, const char* text, std::int32_t pos, Observer* observer) {
+    MessagePlace where(observer);
+    where.place = {line, pos};
+    where.line_text = text;
+    return where;
+}
+
+// The echo of a line with its caret, on standard error and in the log.
+void echo_line(const char* text, std::int32_t pos) {
+    put_buff(std_err, text, pos);
+    if (MKLOG && fllog != nullptr) put_buff(fllog, text, pos);
+}
+
+}  // namespace
+
+void write_message(const char* format, std::initializer_list<MessageValue> values) {
+    compose(format, values);
     flush_messages();
+}
+
+void write_told_message(Severity severity, const MessagePlace& place, const char* format,
+                        std::initializer_list<MessageValue> values) {
+    compose(format, values);
+    tell(severity, 0, place);
+    flush_messages();
+}
+
+void tell_error(Observer* observer, const char* text) {
+    compose("%s", {text});
+    tell(Severity::ERROR, 0, observer);
+    MESSAGES.used = 0;
 }
 
 void print_text(const char* text, std::size_t size) { write_text(text, size); }
 
-void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos) {
+void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos, Observer* observer) {
     if (number == error::ALREADY_PRINTED) return;
     if (number < FIRST_LINE_FORM) {
-        Mprintf("\nERROR: %s\n\n", error_text(number));
-        return;
+        compose("\nERROR: %s\n\n", {error_text(number)});
+    } else if (number != error::PRINTED_ECHO_LEFT) {
+        compose("\n\nERROR: Line %d:%s\n", {line, error_text(number)});
     }
-    if (number != error::PRINTED_ECHO_LEFT) {
-        Mprintf("\n\nERROR: Line %d:%s\n", line, error_text(number));
-    }
-    echo_line(text, pos);
+    tell(Severity::ERROR, number, place_of(line, text, pos, observer));
+    flush_messages();
+    if (number >= FIRST_LINE_FORM) echo_line(text, pos);
 }
 
-void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos) {
-    if (SUPRESS) return;
+void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos, Observer* observer) {
+    if (SUPRESS && observer == nullptr) return;
     if (number < FIRST_LINE_FORM) {
-        Mprintf("\nWARNING: %s", warning_text(number));
+        compose("\nWARNING: %s", {warning_text(number)});
+    } else {
+        compose("\n\nWARNING: Line %d:%s\n", {line, warning_text(number)});
+    }
+    tell(Severity::WARNING, number, place_of(line, text, pos, observer));
+    if (SUPRESS) {
+        MESSAGES.used = 0;
         return;
     }
-    Mprintf("\n\nWARNING: Line %d:%s\n", line, warning_text(number));
-    echo_line(text, pos);
+    flush_messages();
+    if (number >= FIRST_LINE_FORM) echo_line(text, pos);
 }
 
 void put_buff(std::FILE* stream, const char* text, std::int32_t pos) {

@@ -41,6 +41,31 @@ void Mprintf(const char* format, const Values&... values) {
 // A text of `size` bytes, which is no format.
 void print_text(const char* text, std::size_t size);
 
+// Where a message belongs, and who is told of it.
+struct MessagePlace {
+    MessagePlace(Observer* watcher = nullptr) : observer(watcher) {}
+    MessagePlace(const WatchedLine& watched) : observer(watched.observer), place{watched.number, 0} {}
+    MessagePlace(const Reader& reader)
+        : observer(reader.observer), place{reader.line, reader.pos}, line_text(reader.text) {}
+
+    Observer* observer;
+    LinePlace place;
+    const char* line_text = nullptr;
+    std::int64_t directive_offset = -1;
+};
+
+// A message without a number, as Mprintf prints it. The observer gets it whole.
+void write_told_message(Severity severity, const MessagePlace& place, const char* format,
+                        std::initializer_list<MessageValue> values);
+
+template <typename... Values>
+void print_error(const MessagePlace& place, const char* format, const Values&... values) {
+    write_told_message(Severity::ERROR, place, format, {MessageValue(values)...});
+}
+
+// Tells the observer of an error that has been printed some other way.
+void tell_error(Observer* observer, const char* text);
+
 // The message that is being composed. Written by write_message only.
 struct MessageBuffer {
     std::size_t used = 0;  // bytes waiting in data; 0 between two messages
@@ -52,15 +77,18 @@ constexpr int FIRST_LINE_FORM = 10;  // numbers below it are printed without lin
 
 // Prints error `number`: 3 to 9 plain, from 10 with line number and echo;
 // 999 prints nothing, 1000 only the echo.
-void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos);
+void error_no(int number, std::uint64_t line, const char* text, std::int32_t pos,
+              Observer* observer = nullptr);
 inline void error_no(int number, const Reader& reader) {
-    error_no(number, reader.line, reader.text, reader.pos);
+    error_no(number, reader.line, reader.text, reader.pos, reader.observer);
 }
 
-// Prints warning `number` unless SUPRESS: up to 9 short, from 10 with line number and echo.
-void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos);
+// Prints warning `number` unless SUPRESS: up to 9 short, from 10 with line number and
+// echo. The observer is told either way.
+void warning_no(int number, std::uint64_t line, const char* text, std::int32_t pos,
+                Observer* observer = nullptr);
 inline void warning_no(int number, const Reader& reader) {
-    warning_no(number, reader.line, reader.text, reader.pos);
+    warning_no(number, reader.line, reader.text, reader.pos, reader.observer);
 }
 
 // Writes the text (a line feed shown as "L") and, below it, a caret under pos.

@@ -26,6 +26,8 @@ struct Reader {
     Observer* observer = nullptr;  // who is told what is read; null: nobody
 };
 
+inline LinePlace place(const Reader& reader) { return {reader.line, reader.pos}; }
+
 // Which line a routine works on that needs no more of the reader, and who is told.
 struct WatchedLine {
     WatchedLine(std::uint64_t line, Observer* watcher = nullptr) : number(line), observer(watcher) {}

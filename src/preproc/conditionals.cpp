@@ -40,7 +40,7 @@ bool matches(const char* text, std::int32_t pos, const char* word) {
 }
 
 // A macro call and then a constant at pos give way to their text.
-int expand_value(char* text, std::int32_t& pos, std::uint64_t line) {
+int expand_value(char* text, std::int32_t& pos, const WatchedLine& line) {
     if (text[pos] == '$') {
         ExpansionBudget budget;
         ++pos;
@@ -109,7 +109,7 @@ bool is_endif(const char* text, std::int32_t pos) { return matches(text, pos, "e
 
 int do_if_interface(Reader& reader) { return do_if(reader); }
 
-int get_if(char* text, std::int32_t& pos, std::uint64_t line, float& value) {
+int get_if(char* text, std::int32_t& pos, const WatchedLine& line, float& value) {
     if (!is_if(text, pos)) return error::BAD_IF;
     pos += IF_LENGTH;
     skip_blanks(text, pos);
@@ -123,7 +123,7 @@ int get_if(char* text, std::int32_t& pos, std::uint64_t line, float& value) {
 
 int do_if(Reader& reader) {
     // A malformed condition is not reported, the value before it decides: kept on purpose.
-    (void)get_if(reader.text, reader.pos, reader.line, IF_VALUE);
+    (void)get_if(reader.text, reader.pos, WatchedLine(reader), IF_VALUE);
     const int start_level = IF_MATCH++;
     if (IF_VALUE != 0) return 0;
     IN_IF0 = 1;

@@ -18,7 +18,7 @@ extern unsigned char IN_IF0;  // 1: a false block is being skipped
 // "if(" value ")", of which pos stands on the "i". The value may be a call of a macro
 // or constant, which is then expanded in the line. `value` is stored as soon as it
 // is read, also when the ")" is then missing. Leaves pos behind the ")".
-[[nodiscard]] int get_if(char* text, std::int32_t& pos, std::uint64_t line, float& value);
+[[nodiscard]] int get_if(char* text, std::int32_t& pos, const WatchedLine& line, float& value);
 
 // Reads the condition; when it is zero, moves behind the matching "#endif".
 [[nodiscard]] int do_if(Reader& reader);

@@ -48,57 +48,61 @@ bool get_time_variable(TimeVariable& variable, const char* text, std::int32_t po
 }
 
 // Puts the value in the place of the reference that starts at `start`, and pos on it.
-int replace_reference(const char* label, char* text, std::int32_t start, std::int32_t& pos,
-                      std::uint64_t line, double value) {
-    if (const int result = vexpand_in_buff(label, text, start, line, value)) return result;
+int replace_reference(SpliceKind kind, const char* label, char* text, std::int32_t start, std::int32_t& pos,
+                      const WatchedLine& line, double value) {
+    if (const int result = vexpand_in_buff(kind, label, text, start, line, value)) return result;
     pos = start;
     return 0;
 }
 
-int expand_time_variable(char* text, std::int32_t& pos, std::uint64_t line) {
+int expand_time_variable(char* text, std::int32_t& pos, const WatchedLine& line) {
     const std::int32_t start = pos - 1;
     ++pos;
     TimeVariable variable;
     if (!get_time_variable(variable, text, pos)) return error::BAD_TIME_VARIABLE;
-    return replace_reference(variable.label, text, start, pos, line, variable.value);
+    return replace_reference(SpliceKind::TIME_VARIABLE, variable.label, text, start, pos, line,
+                             variable.value);
 }
 
-int expand_equation(char* text, std::int32_t& pos, std::uint64_t line) {
+int expand_equation(char* text, std::int32_t& pos, const WatchedLine& line) {
     const std::int32_t start = pos - 1;
     double value = 0;
     if (const int result = parse_vequation(value, text, pos, line)) return result;
-    return replace_reference("equation", text, start, pos, line, value);
+    return replace_reference(SpliceKind::EQUATION, "equation", text, start, pos, line, value);
 }
 
-int expand_name(char* text, std::int32_t& pos, std::uint64_t line) {
+int expand_name(char* text, std::int32_t& pos, const WatchedLine& line) {
     const std::int32_t start = pos - 1;
     const Constant* constant = nullptr;
     const int result = find_vname(constant, text, pos, line);
     if (result != FOUND) return result;
-    return replace_reference(constant->name, text, start, pos, line, constant->value);
+    return replace_reference(SpliceKind::CONSTANT, constant->name, text, start, pos, line, constant->value);
 }
 
 }  // namespace
 
-int expand_variables(char* text, std::int32_t& pos, std::uint64_t line) {
+int expand_variables(char* text, std::int32_t& pos, const WatchedLine& line) {
     if (text[pos] == '@') return expand_time_variable(text, pos, line);
     if (text[pos] == '[') return expand_equation(text, pos, line);
     return expand_name(text, pos, line);
 }
 
-int find_vname(const Constant*& constant, const char* text, std::int32_t& pos, std::uint64_t line) {
+int find_vname(const Constant*& constant, const char* text, std::int32_t& pos, const WatchedLine& line) {
     const Name name = read_name(text, pos);
     constant = find_var(name);
     return constant != nullptr ? FOUND : report_unknown("constant", name, line);
 }
 
-int vexpand_in_buff(const char* label, char* text, std::int32_t pos, std::uint64_t line, double value) {
-    if (!SUPRESS) Mprintf("\n\tExpanding const \"%s\" (%f) into line %d...", label, value, line);
+int vexpand_in_buff(SpliceKind kind, const char* label, char* text, std::int32_t pos, const WatchedLine& line,
+                    double value) {
+    if (!SUPRESS) Mprintf("\n\tExpanding const \"%s\" (%f) into line %d...", label, value, line.number);
     char digits[CONSTANT_TEXT_SIZE];
     FtoA(digits, value);
     std::int32_t end = pos;
     skip_vname_or_eq(text, end);
-    return splice(text, pos, end, digits) ? 0 : error::EXPANSION_TOO_LONG;
+    if (!splice(text, pos, end, digits)) return error::EXPANSION_TOO_LONG;
+    tell_splice(line, kind, label, pos, end, digits);
+    return 0;
 }
 
 void skip_vname_or_eq(const char* text, std::int32_t& pos) {

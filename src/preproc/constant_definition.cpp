@@ -40,11 +40,16 @@ int get_vdefine(const char* text, std::int32_t& pos) { return skip_keyword(text,
 int get_vdata(Constant& constant, Reader& reader) {
     if (const int result = skip_wc(reader)) return result;
     const int result =
-        read_defined_name(constant.name, CONSTANT_NAME_ERRORS, reader.text, reader.pos, reader.line);
+        read_defined_name(constant.name, CONSTANT_NAME_ERRORS, reader.text, reader.pos, WatchedLine(reader));
     if (result > 0) return result;
     skip_blanks(reader.text, reader.pos);
     if (reader.text[reader.pos] == '$') return error::MACRO_IN_CONSTANT;
-    return get_df(constant.value, reader.text, reader.pos) ? 0 : error::BAD_REAL;
+    const LinePlace begin = place(reader);
+    if (!get_df(constant.value, reader.text, reader.pos)) return error::BAD_REAL;
+    if (reader.observer != nullptr) {
+        reader.observer->on_constant({constant.name, constant.value, begin, reader.pos});
+    }
+    return 0;
 }
 
 int parse_var(Reader& reader) {

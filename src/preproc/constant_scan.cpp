@@ -20,7 +20,7 @@ namespace {
 int scan_reference(Reader& reader) {
     const bool in_first_column = reader.pos == 0;
     ++reader.pos;
-    if (const int result = expand_variables(reader.text, reader.pos, reader.line)) return result;
+    if (const int result = expand_variables(reader.text, reader.pos, WatchedLine(reader))) return result;
     if (in_first_column && reader.text[reader.pos] != 0) ++reader.pos;
     return 0;
 }

@@ -56,9 +56,9 @@ bool starts_number(char c, const ConstantEquation& equation) {
     return is_digit(c) || c == '.' || (equation.behind_operator && (c == '+' || c == '-'));
 }
 
-double random_term(std::uint64_t line) {
+double random_term(const WatchedLine& line) {
     const float value = static_cast<float>(rand() % RANDOM_STEPS) / RANDOM_STEPS;
-    if (!SUPRESS) Mprintf("\n\tLine %d: '?' evaluated at = %f", line, double{value});
+    if (!SUPRESS) Mprintf("\n\tLine %d: '?' evaluated at = %f", line.number, double{value});
     return double{value};
 }
 
@@ -66,7 +66,7 @@ int get_number(double& term, const char* text, std::int32_t& pos) {
     return get_df(term, text, pos) ? 0 : error::BAD_REAL;
 }
 
-int get_constant(double& term, const char* text, std::int32_t& pos, std::uint64_t line) {
+int get_constant(double& term, const char* text, std::int32_t& pos, const WatchedLine& line) {
     const Constant* constant = nullptr;
     const int result = find_vname(constant, text, pos, line);
     if (result != FOUND) return result;
@@ -83,14 +83,14 @@ int get_time(double& term, const char* text, std::int32_t& pos) {
     return 0;
 }
 
-int get_random(double& term, std::int32_t& pos, std::uint64_t line) {
+int get_random(double& term, std::int32_t& pos, const WatchedLine& line) {
     ++pos;
     term = random_term(line);
     return 0;
 }
 
 int get_term(double& term, const ConstantEquation& equation, const char* text, std::int32_t& pos,
-             std::uint64_t line) {
+             const WatchedLine& line) {
     const char c = text[pos];
     if (starts_number(c, equation)) return get_number(term, text, pos);
     if (is_letter(c)) return get_constant(term, text, pos, line);
@@ -99,7 +99,7 @@ int get_term(double& term, const ConstantEquation& equation, const char* text, s
     return c == 0 ? error::EQUATION_UNENDED : error::BAD_EQUATION_CHARACTER;
 }
 
-int get_item(ConstantEquation& equation, const char* text, std::int32_t& pos, std::uint64_t line) {
+int get_item(ConstantEquation& equation, const char* text, std::int32_t& pos, const WatchedLine& line) {
     if (is_operator(text[pos]) && !starts_number(text[pos], equation)) {
         add_operator(equation, text[pos++]);
         return 0;
@@ -145,7 +145,7 @@ int evaluate(double& value, const ConstantEquation& equation) {
 
 }  // namespace
 
-int parse_vequation(double& value, const char* text, std::int32_t& pos, std::uint64_t line) {
+int parse_vequation(double& value, const char* text, std::int32_t& pos, const WatchedLine& line) {
     ConstantEquation equation;
     ++pos;
     skip_blanks(text, pos);

@@ -81,7 +81,7 @@ int read_arguments(OwnedMacro& arguments, const Macro& macro, const char* text, 
 // Expands every call in a body. What an expansion inserts is scanned again, but a
 // call with which it begins is stepped over: kept on purpose, for the line's own
 // scan meets it later.
-int expand_calls(const Macro* arguments, char* body, std::uint64_t line, ExpansionBudget& budget) {
+int expand_calls(const Macro* arguments, char* body, const WatchedLine& line, ExpansionBudget& budget) {
     for (std::int32_t pos = 0; body[pos] != 0;) {
         if (body[pos++] != '$') continue;
         std::int32_t inserted = 0;
@@ -92,7 +92,7 @@ int expand_calls(const Macro* arguments, char* body, std::uint64_t line, Expansi
 }
 
 // Turns the working copy's body into what a call with these arguments inserts.
-int expand_body(Macro& working, const Macro* arguments, std::uint64_t line, ExpansionBudget& budget) {
+int expand_body(Macro& working, const Macro* arguments, const WatchedLine& line, ExpansionBudget& budget) {
     std::unique_ptr<char[]> body(new (std::nothrow) char[LINE_SIZE]);
     if (body == nullptr) return error::OUT_OF_MEMORY;
     std::memcpy(body.get(), working.body, std::strlen(working.body) + 1);  // a body fits a line
@@ -105,7 +105,7 @@ int expand_body(Macro& working, const Macro* arguments, std::uint64_t line, Expa
     return 0;
 }
 
-int expand_with_arguments(Macro& working, const char* text, std::int32_t& pos, std::uint64_t line,
+int expand_with_arguments(Macro& working, const char* text, std::int32_t& pos, const WatchedLine& line,
                           ExpansionBudget& budget) {
     OwnedMacro arguments;
     if (const int result = read_arguments(arguments, working, text, pos)) return result;
@@ -123,8 +123,8 @@ const Macro* find_called(const Macro* arguments, const Name& name, bool& too_dee
 
 }  // namespace
 
-int expand(const Macro* arguments, char* text, std::int32_t& pos, std::uint64_t line, ExpansionBudget& budget,
-           std::int32_t& inserted) {
+int expand(const Macro* arguments, char* text, std::int32_t& pos, const WatchedLine& line,
+           ExpansionBudget& budget, std::int32_t& inserted) {
     const std::int32_t start = pos - 1;
     const Name name = read_name(text, pos);
     bool too_deep = false;
@@ -136,22 +136,24 @@ int expand(const Macro* arguments, char* text, std::int32_t& pos, std::uint64_t 
     if (working->argument_count > 0) {
         if (const int result = expand_with_arguments(*working, text, pos, line, budget)) return result;
     }
-    if (const int result = expand_in_buff(*working, text, start, line)) return result;
+    if (const int result = expand_in_buff(*working, text, start, line, budget.depth == 0)) return result;
     pos = start;
     inserted = static_cast<std::int32_t>(std::strlen(working->body));
     return 0;
 }
 
-int expand_macro(char* text, std::int32_t& pos, std::uint64_t line, ExpansionBudget& budget) {
+int expand_macro(char* text, std::int32_t& pos, const WatchedLine& line, ExpansionBudget& budget) {
     std::int32_t inserted = 0;
     return expand(nullptr, text, pos, line, budget, inserted);
 }
 
-int expand_in_buff(const Macro& macro, char* text, std::int32_t pos, std::uint64_t line) {
-    if (!SUPRESS) Mprintf("\n\tExpanding macro \"%s\" into line %d...", macro.name, line);
+int expand_in_buff(const Macro& macro, char* text, std::int32_t pos, const WatchedLine& line, bool in_line) {
+    if (!SUPRESS) Mprintf("\n\tExpanding macro \"%s\" into line %d...", macro.name, line.number);
     std::int32_t end = pos;
     skip_name(text, end);
-    return splice(text, pos, end, macro.body) ? 0 : error::EXPANSION_TOO_LONG;
+    if (!splice(text, pos, end, macro.body)) return error::EXPANSION_TOO_LONG;
+    if (in_line) tell_splice(line, SpliceKind::MACRO, macro.name, pos, end, macro.body);
+    return 0;
 }
 
 // Also a macro without formal arguments takes a group behind its name with it:

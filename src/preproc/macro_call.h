@@ -21,15 +21,17 @@ struct ExpansionBudget {
 // up among `arguments` (null: none) and then among the macros. Returns 0 with pos at
 // the inserted text and `inserted` its length, or an error number with pos where
 // reading stopped.
-[[nodiscard]] int expand(const Macro* arguments, char* text, std::int32_t& pos, std::uint64_t line,
+[[nodiscard]] int expand(const Macro* arguments, char* text, std::int32_t& pos, const WatchedLine& line,
                          ExpansionBudget& budget, std::int32_t& inserted);
 
 // The same for a call in the line itself.
-[[nodiscard]] int expand_macro(char* text, std::int32_t& pos, std::uint64_t line, ExpansionBudget& budget);
+[[nodiscard]] int expand_macro(char* text, std::int32_t& pos, const WatchedLine& line,
+                               ExpansionBudget& budget);
 
-// Replaces the call whose "$" stands at pos by the record's body and says so;
-// 89 when the text would not fit.
-[[nodiscard]] int expand_in_buff(const Macro& macro, char* text, std::int32_t pos, std::uint64_t line);
+// Replaces the call whose "$" stands at pos by the record's body and says so; the
+// observer is told where the text is the line itself. 89 when it would not fit.
+[[nodiscard]] int expand_in_buff(const Macro& macro, char* text, std::int32_t pos, const WatchedLine& line,
+                                 bool in_line);
 
 // Moves over a call: "$", name, and a parenthesised group directly behind the name.
 void skip_name(const char* text, std::int32_t& pos);

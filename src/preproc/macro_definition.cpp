@@ -97,7 +97,7 @@ struct BodyText {
 
 // What follows the last character of a line within a body.
 int go_to_next_line(BodyText& body, Reader& reader) {
-    if (!body.append('\n')) return report_too_long("macro body", reader.line);
+    if (!body.append('\n')) return report_too_long("macro body", WatchedLine(reader));
     body.in_line = false;
     const int result = get_buff(reader);
     return result == END_OF_INPUT ? error::MISSING_MACRO_END : result;
@@ -109,7 +109,7 @@ int read_body(BodyText& body, Reader& reader) {
             if (const int result = go_to_next_line(body, reader)) return result;
             continue;
         }
-        if (!body.append(c)) return report_too_long("macro body", reader.line);
+        if (!body.append(c)) return report_too_long("macro body", WatchedLine(reader));
         body.track(c, peek(reader.text, reader.pos));
         ++reader.pos;
     }
@@ -139,7 +139,7 @@ int get_define(const char* text, std::int32_t& pos) { return skip_keyword(text, 
 
 int get_name(Macro& macro, Reader& reader) {
     if (const int result = skip_wc(reader)) return result;
-    return read_defined_name(macro.name, MACRO_NAME_ERRORS, reader.text, reader.pos, reader.line);
+    return read_defined_name(macro.name, MACRO_NAME_ERRORS, reader.text, reader.pos, WatchedLine(reader));
 }
 
 // ["(" formal {[separator] formal} ")"], the "(" directly behind the name: a
@@ -160,13 +160,18 @@ int get_body(Macro& macro, Reader& reader) {
     if (const int result = skip_wc(reader)) return result;
     if (reader.text[reader.pos] != '#') return error::MACRO_WITHOUT_BODY;
     ++reader.pos;
+    const LinePlace begin = place(reader);
     BodyText body;
     if (const int result = read_body(body, reader)) return result;
     macro.body = copy_text(body.text, body.length);
-    return macro.body == nullptr ? error::OUT_OF_MEMORY : 0;
+    if (macro.body == nullptr) return error::OUT_OF_MEMORY;
+    if (reader.observer != nullptr) {
+        reader.observer->on_macro({macro.name, macro.argument_count, macro.body, begin});
+    }
+    return 0;
 }
 
-int do_undefine(const char* text, std::int32_t& pos, std::uint64_t line) {
+int do_undefine(const char* text, std::int32_t& pos, const WatchedLine& line) {
     if (const int result = skip_keyword(text, pos, "undef")) return result;
     skip_blanks(text, pos);
     const std::int32_t start = pos;
@@ -183,7 +188,7 @@ int parse_macro(Reader& reader) {
     switch (reader.text[reader.pos]) {
         case 'i': {
             float value = 0;
-            return get_if(reader.text, reader.pos, reader.line, value);
+            return get_if(reader.text, reader.pos, WatchedLine(reader), value);
         }
         case 'e':
             // Without effect on the open "#if": kept on purpose.
@@ -192,7 +197,7 @@ int parse_macro(Reader& reader) {
         case 'd':
             return define_macro(reader);
         default:
-            return do_undefine(reader.text, reader.pos, reader.line);
+            return do_undefine(reader.text, reader.pos, WatchedLine(reader));
     }
 }
 

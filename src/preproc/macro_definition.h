@@ -20,6 +20,6 @@ namespace vorn {
 [[nodiscard]] int get_body(Macro& macro, Reader& reader);
 
 // "undef" NAME
-[[nodiscard]] int do_undefine(const char* text, std::int32_t& pos, std::uint64_t line);
+[[nodiscard]] int do_undefine(const char* text, std::int32_t& pos, const WatchedLine& line);
 
 }  // namespace vorn

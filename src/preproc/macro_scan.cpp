@@ -37,7 +37,7 @@ constexpr std::int32_t BLIND_COLUMN = 85;  // where a ">" goes unnoticed
 struct LineScan {
     char* text;
     std::int32_t& pos;
-    std::uint64_t line;
+    WatchedLine line;
     DefinitionMarks& marks;
     ExpansionBudget budget = {};
     CommentScan comment = {};
@@ -109,7 +109,7 @@ int scan_line(LineScan& scan) {
 int parse_macros(Reader& reader, DefinitionMarks& marks) {
     marks.plain = std::strpbrk(reader.text, SPECIAL_CHARACTERS) == nullptr;
     if (!marks.plain) {
-        LineScan scan{.text = reader.text, .pos = reader.pos, .line = reader.line, .marks = marks};
+        LineScan scan{.text = reader.text, .pos = reader.pos, .line = WatchedLine(reader), .marks = marks};
         if (const int result = scan_line(scan)) return result;
     }
     reader.pos = 0;

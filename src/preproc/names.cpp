@@ -42,7 +42,7 @@ char* copy_text(const char* start, std::size_t length) {
 char* copy_text(const char* text) { return copy_text(text, std::strlen(text)); }
 
 int read_defined_name(char*& copy, const NameErrors& errors, const char* text, std::int32_t& pos,
-                      std::uint64_t line) {
+                      const WatchedLine& line) {
     if (!is_letter(text[pos])) return errors.no_letter;
     const Name name = read_name(text, pos);
     if (name.length > MAX_NAME_LENGTH) return report_too_long(errors.kind, line);
@@ -50,18 +50,20 @@ int read_defined_name(char*& copy, const NameErrors& errors, const char* text, s
     return copy == nullptr ? errors.no_memory : 0;
 }
 
-int report_too_long(const char* part, std::uint64_t line) {
-    Mprintf("\n\nERROR: Line %d: The %s has exceeded the", line, part);
-    Mprintf(" maximum number\nof characters allowed (%d).\n", LINE_SIZE);
+int report_too_long(const char* part, const WatchedLine& line) {
+    print_error(line,
+                "\n\nERROR: Line %d: The %s has exceeded the maximum number\nof characters allowed (%d).\n",
+                line.number, part, LINE_SIZE);
     return error::PRINTED_ECHO_LEFT;
 }
 
-int report_unknown(const char* kind, const Name& name, std::uint64_t line) {
+int report_unknown(const char* kind, const Name& name, const WatchedLine& line) {
     char copy[LINE_SIZE];
     const std::size_t length = std::min(name.length, sizeof copy - 1);
     std::memcpy(copy, name.start, length);
     copy[length] = 0;
-    Mprintf("\n\nERROR: Line %d: There is no %s \"%s\" in your input file!\n", line, kind, copy);
+    print_error(line, "\n\nERROR: Line %d: There is no %s \"%s\" in your input file!\n", line.number, kind,
+                copy);
     return error::PRINTED_ECHO_LEFT;
 }
 

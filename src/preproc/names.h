@@ -38,12 +38,12 @@ struct NameErrors {
     int no_memory;
 };
 [[nodiscard]] int read_defined_name(char*& copy, const NameErrors& errors, const char* text,
-                                    std::int32_t& pos, std::uint64_t line);
+                                    std::int32_t& pos, const WatchedLine& line);
 
 // Prints that a `part` ("macro body") has exceeded its limit; returns 1000.
-int report_too_long(const char* part, std::uint64_t line);
+int report_too_long(const char* part, const WatchedLine& line);
 
 // Prints that no `kind` ("macro", "constant") has that name; returns 1000.
-int report_unknown(const char* kind, const Name& name, std::uint64_t line);
+int report_unknown(const char* kind, const Name& name, const WatchedLine& line);
 
 }  // namespace vorn

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "input/reader.h"
-
 // The one place where the preprocessor changes the length of a text, and so the
 // one place that keeps it within its buffer:
 //
@@ -19,6 +17,12 @@ bool splice(char* text, std::int32_t start, std::int32_t end, const char* insert
     std::memmove(text + start + length, text + end, rest + 1);
     std::copy_n(inserted, length, text + start);
     return true;
+}
+
+void tell_splice(const WatchedLine& line, SpliceKind kind, const char* name, std::int32_t start,
+                 std::int32_t end, const char* inserted) {
+    if (line.observer == nullptr) return;
+    line.observer->on_splice({kind, line.number, start, end, inserted, std::strlen(inserted), name});
 }
 
 }  // namespace vorn
