@@ -34,6 +34,7 @@ int do_direct_output(Reader& reader) {
         output_char(fout, '\n');
         output_bytes(fout, rest, size);
     }
+    if (reader.observer != nullptr) reader.observer->on_direct_line(rest, place(reader));
     reader.pos += static_cast<std::int32_t>(size);
     return 0;
 }

@@ -68,6 +68,7 @@ int end_block(Reader& reader, bool command_pending) {
 }
 
 int do_header(Reader& reader) {
+    if (reader.observer != nullptr) reader.observer->on_header(place(reader));
     const int result = do_p1(reader);
     if (result == SKIPPED_BLOCK) warning_no(warning::BLOCK_SKIPPED, reader);
     return result;

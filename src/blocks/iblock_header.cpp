@@ -75,7 +75,7 @@ int read_pfield_count(Reader& reader) {
     int count = 0;
     if (!get_i(count, reader.text, reader.pos)) return error::BAD_PFIELD_COUNT;
     if (count < MIN_PFIELD_COUNT || count > MAX_PFIELD_COUNT) {
-        Mprintf("\n\nERROR: Bad number of p-fields (3 - %d)\n", MAX_PFIELD_COUNT);
+        print_error(reader, "\n\nERROR: Bad number of p-fields (3 - %d)\n", MAX_PFIELD_COUNT);
         return error::PRINTED_ECHO_LEFT;
     }
     if (count >= MANY_PFIELDS) warning_no(warning::MANY_PFIELDS, reader);
@@ -99,7 +99,7 @@ int read_length(Reader& reader) {
     result = get_amount(reader.text, reader.pos);
     if (result != 0) return result;
     if (BEATS > MAX_BEATS) {
-        Mprintf("\n\nERROR: Line %d: Maximum number of beats = %f\n", reader.line, MAX_BEATS);
+        print_error(reader, "\n\nERROR: Line %d: Maximum number of beats = %f\n", reader.line, MAX_BEATS);
         return error::PRINTED_ECHO_LEFT;
     }
     if (BEATS > LONG_DURATION) warning_no(warning::LONG_DURATION, reader);

@@ -95,7 +95,7 @@ int do_items(Reader& reader, Statement& statement) {
 
 int complete_statement(const Reader& reader, Statement& statement, std::uint64_t events_before) {
     if (!WROTE_DATA) {
-        Mprintf("\nERROR: P%d is blank ... OY!\n\n", P_NO);
+        print_error(reader, "\nERROR: P%d is blank ... OY!\n\n", P_NO);
         return error::ALREADY_PRINTED;
     }
     const int result = fill_to_end(reader, statement);
@@ -141,6 +141,7 @@ bool is_pfield(const char* text, std::int32_t pos) { return text[pos] == 'p' && 
 
 int read_pfield_statement(Reader& reader) {
     if (IN_LOOP) warning_no(warning::LOOP_TERMINATED, reader);
+    const LinePlace begin = place(reader);
     ++reader.pos;
     int result = read_pfield_number(reader);
     if (result != 0) return result;
@@ -149,6 +150,9 @@ int read_pfield_statement(Reader& reader) {
     if (result > 0) return result;
     DID_P[P_NO] = 1;
     if (P_NO == 2) EVENTS = static_cast<std::uint64_t>(EVENT_NO);
+    if (reader.observer != nullptr) {
+        reader.observer->on_pfield({P_NO, IN_TYPE, OUT_TYPE, begin, place(reader), EVENTS});
+    }
     return 0;
 }
 

@@ -115,6 +115,7 @@ int finish_long_form(Reader& reader, float start_time) {
 }  // namespace
 
 int get_tempo_change(Reader& reader) {
+    const LinePlace begin = place(reader);
     if (const int failed = good_cmd_format(reader.text, reader.pos)) return failed;
     ++reader.pos;
     float first = 0.0F;
@@ -122,7 +123,11 @@ int get_tempo_change(Reader& reader) {
     const bool is_short = reader.text[reader.pos] == ')';
     const int failed = is_short ? finish_short_form(reader, first) : finish_long_form(reader, first);
     if (failed != 0) return failed;
-    check_tempos();
+    if (reader.observer != nullptr) {
+        const int index = is_short || first == 0.0F ? 0 : TOT_TEMPOS - 1;
+        reader.observer->on_tempo(TEMPO_LIST[index], index, begin);
+    }
+    check_tempos(reader);
     return 0;
 }
 

@@ -23,6 +23,19 @@ namespace vorn {
 
 namespace {
 
+// What a header gives a block; a skipped one has read none of it.
+void describe_block(Block& block) {
+    block.start_beat = SBEAT;
+    block.start_seconds = STIME;
+    block.length = ETIME;
+    block.pfields = MAX_PFIELDS;
+    block.output_types = OUTS;
+    block.decimals = RE_FW;
+    block.fft_sizes = FFT_SZ;
+    block.sample_rate = SRATE;
+    block.events = note_list;
+}
+
 enum class Written { BLOCK, NOTHING, OUT_OF_MEMORY };
 
 Written write_score(int block_number) {
@@ -49,6 +62,17 @@ Written write_midi() {
     return Written::BLOCK;
 }
 
+void tell_block(const Reader& reader, const LinePlace& begin, int block_number) {
+    Block block;
+    block.number = block_number;
+    block.instrument = I_NO;
+    block.is_midi = MKMIDI != 0;
+    block.begin = begin;
+    block.end = place(reader);
+    if (I_NO >= 0) describe_block(block);
+    reader.observer->on_block(block);
+}
+
 void report_block(int block_number) {
     ListStats stats;
     GetListStats(note_list, stats);
@@ -62,8 +86,11 @@ void report_block(int block_number) {
 }  // namespace
 
 int do_iblock(Reader& reader, int& block_number) {
+    const LinePlace begin = place(reader);
+    const bool is_block = reader.text[reader.pos] == 'i';  // else the score ends here
     const int result = parse_iblock(reader);
     if (result > 0) return result;
+    if (is_block && reader.observer != nullptr) tell_block(reader, begin, block_number);
     const bool score = !MKMIDI && note_list != nullptr;
     const Written written = score ? write_score(block_number) : write_midi();
     free_output_settings();

@@ -34,12 +34,14 @@ namespace {
 
 constexpr const char* OUTPUT_MODES[] = {"w", "wb"};  // indexed by MKMIDI
 
-bool report_unopened(const char* name) {
-    Mprintf("\nERROR: Can't open \"%s\".\n\n", name);
+bool report_unopened(const char* name, Observer* observer) {
+    print_error(observer, "\nERROR: Can't open \"%s\".\n\n", name);
     return false;
 }
 
-void report_unwritten(const char* name) { Mprintf("\nERROR: Can't write \"%s\".\n\n", name); }
+void report_unwritten(const char* name, Observer* observer) {
+    print_error(observer, "\nERROR: Can't write \"%s\".\n\n", name);
+}
 
 // What identifies a file; of no stream and of a stream in memory, nothing does.
 struct stat identity(std::FILE* stream) {
@@ -62,9 +64,9 @@ bool is_same_file(const struct stat& a, const struct stat& b) {
 bool is_same_file(std::FILE* a, std::FILE* b) { return is_same_file(identity(a), identity(b)); }
 
 // A directory opens for reading but has no text.
-bool open_input() {
-    if (!S_ISDIR(identity(in_fname).st_mode)) fin = std::fopen(in_fname, "r");
-    return fin != nullptr || report_unopened(in_fname);
+bool open_input(Observer* observer) {
+    if (!S_ISDIR(identity(in_fname).st_mode)) fin = open_source(observer, in_fname, nullptr);
+    return fin != nullptr || report_unopened(in_fname, observer);
 }
 
 // Whether opening `name` for writing would destroy the score description.
@@ -73,9 +75,9 @@ bool is_input_file(const char* name) {
 }
 
 // The input under another name is as much of a clash as the name itself.
-bool check_same_files() {
+bool check_same_files(Observer* observer) {
     const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname);
-    if (clash) report_name_clash();
+    if (clash) report_name_clash(observer);
     return !clash;
 }
 
@@ -90,41 +92,41 @@ std::FILE* open_for_writing(const char* name, const char* mode) {
     return stream;
 }
 
-bool cut_older_text(std::FILE* stream, const char* name) {
+bool cut_older_text(std::FILE* stream, const char* name, Observer* observer) {
     if (stream == nullptr) return true;
     const int descriptor = fileno(stream);
     struct stat file = {};
     const bool known = fstat(descriptor, &file) == 0;
     if (known && !S_ISREG(file.st_mode)) return true;
     if (known && ftruncate(descriptor, lseek(descriptor, 0, SEEK_CUR)) == 0) return true;
-    report_unwritten(name);
+    report_unwritten(name, observer);
     return false;
 }
 
-bool open_output_file() {
+bool open_output_file(Observer* observer) {
     std::FILE* const stream = open_for_writing(out_fname, OUTPUT_MODES[MKMIDI]);
-    if (stream == nullptr) return report_unopened(out_fname);
+    if (stream == nullptr) return report_unopened(out_fname, observer);
     if (open_output(fout, stream)) return true;
     std::fclose(stream);
-    Mprintf("\nERROR: %s\n\n", error_text(error::OUT_OF_MEMORY));
+    print_error(observer, "\nERROR: %s\n\n", error_text(error::OUT_OF_MEMORY));
     return false;
 }
 
-bool open_extra_file(std::FILE*& stream, int wanted, const char* name) {
+bool open_extra_file(std::FILE*& stream, int wanted, const char* name, Observer* observer) {
     if (!wanted) return true;
     stream = open_for_writing(name, "w");
-    return stream != nullptr || report_unopened(name);
+    return stream != nullptr || report_unopened(name, observer);
 }
 
-bool open_copy() {
-    ftmp = open_temporary_file();
+bool open_copy(Observer* observer) {
+    ftmp = open_temporary_file(observer);
     return ftmp != nullptr;
 }
 
 // Two outputs in one file would overwrite each other, and one in the input or the
 // temporary file would change the score. Only now that all exist can that be told of
 // files that the run has made.
-bool check_separate_files() {
+bool check_separate_files(Observer* observer) {
     std::FILE* const streams[] = {fin, fout.stream, fecho, ftmp, fllog};
     bool clash = false;
     for (std::size_t at = 1; at < std::size(streams); ++at) {
@@ -132,24 +134,24 @@ bool check_separate_files() {
             clash = clash || is_same_file(streams[at], streams[other]);
         }
     }
-    if (clash) report_name_clash();
+    if (clash) report_name_clash(observer);
     return !clash;
 }
 
 // Closes a stream that was written; false and a message when something is missing.
-bool close_written(std::FILE*& stream, const char* name) {
+bool close_written(std::FILE*& stream, const char* name, Observer* observer) {
     if (stream == nullptr) return true;
     const bool failed = std::ferror(stream) != 0;
     const bool written = std::fclose(stream) == 0 && !failed;
     stream = nullptr;
-    if (!written) report_unwritten(name);
+    if (!written) report_unwritten(name, observer);
     return written;
 }
 
-bool close_output_file() {
+bool close_output_file(Observer* observer) {
     if (fout.stream == nullptr) return true;
     const bool written = close_output(fout);
-    if (!written) report_unwritten(out_fname);
+    if (!written) report_unwritten(out_fname, observer);
     return written;
 }
 
@@ -173,51 +175,52 @@ void close_input() {
 
 }  // namespace
 
-bool open_files() {
-    const bool opened = open_input() && check_same_files() && open_output_file() &&
-                        open_extra_file(fecho, MKEXP, exp_fname) && open_copy() &&
-                        open_extra_file(fllog, MKLOG, log_fname) && check_separate_files() &&
-                        (hold_log() || report_unopened(log_fname));
+bool open_files(Observer* observer) {
+    const bool opened = open_input(observer) && check_same_files(observer) && open_output_file(observer) &&
+                        open_extra_file(fecho, MKEXP, exp_fname, observer) && open_copy(observer) &&
+                        open_extra_file(fllog, MKLOG, log_fname, observer) &&
+                        check_separate_files(observer) &&
+                        (hold_log() || report_unopened(log_fname, observer));
     if (!opened) {
-        cut_older_texts();
-        close_files();
+        cut_older_texts(observer);
+        close_files(observer);
     }
     return opened;
 }
 
-bool accept_include(std::FILE* included) {
+bool accept_include(std::FILE* included, const MessagePlace& place) {
     const bool clash = is_same_file(included, ftmp) || leave_unwritten(included);
-    if (clash) Mprintf("%s", NAME_CLASH);
+    if (clash) print_error(place, "%s", NAME_CLASH);
     return !clash;
 }
 
-bool cut_older_texts() {
+bool cut_older_texts(Observer* observer) {
     const bool logged = release_log();
-    if (!logged) report_unwritten(log_fname);
-    bool cut = cut_older_text(fout.stream, out_fname);
-    cut = cut_older_text(fecho, exp_fname) && cut;
-    return cut_older_text(fllog, log_fname) && cut && logged;
+    if (!logged) report_unwritten(log_fname, observer);
+    bool cut = cut_older_text(fout.stream, out_fname, observer);
+    cut = cut_older_text(fecho, exp_fname, observer) && cut;
+    return cut_older_text(fllog, log_fname, observer) && cut && logged;
 }
 
-int reopen_temporary_file() {
+int reopen_temporary_file(Observer* observer) {
     if (std::ferror(fin)) {  // its text is cut, and nothing tells where
-        report_unopened(in_fname);
+        report_unopened(in_fname, observer);
         return error::ALREADY_PRINTED;
     }
     close_input();
-    if (!close_written(ftmp, tmp_fname)) return error::ALREADY_PRINTED;
+    if (!close_written(ftmp, tmp_fname, observer)) return error::ALREADY_PRINTED;
     fin = std::fopen(tmp_fname, "r");
     return fin == nullptr ? error::TEMPORARY_FILE : 0;
 }
 
-bool close_files() {
+bool close_files(Observer* observer) {
     close_input();
-    bool written = close_output_file();
-    written = close_written(fecho, exp_fname) && written;
+    bool written = close_output_file(observer);
+    written = close_written(fecho, exp_fname, observer) && written;
     if (ftmp != nullptr) std::fclose(ftmp);
     ftmp = nullptr;
     remove_temporary_file();
-    return close_written(fllog, log_fname) && written;
+    return close_written(fllog, log_fname, observer) && written;
 }
 
 void reset_files() {

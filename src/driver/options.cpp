@@ -22,14 +22,24 @@ const char* exp_fname = nullptr;
 
 namespace {
 
+constexpr const char* USAGE =
+    "  Usage: vorn [options] infile outfile\n"
+    "  Options:\n"
+    "  -l <logfile>  screen ouput (text)\n"
+    "  -m            outfile is a MIDI file (format 1)\n"
+    "  -s            suppress non-error messages\n"
+    "  -t            verbose tempo information\n"
+    "  -x <expfile>  macro expansions (text)\n\n";
+
 // The arguments that are left, from the one being looked at.
 struct Arguments {
     const char* const* next;
     const char* const* end;
+    Observer* observer;
 };
 
-bool refuse_usage() {
-    print_usage();
+bool refuse_usage(Observer* observer) {
+    print_usage(observer);
     return false;
 }
 
@@ -45,8 +55,10 @@ const char* take_name(Arguments& arguments) {
 bool take_file_option(Arguments& arguments, int& flag, const char*& name, const char* missing) {
     flag = 1;
     name = take_name(arguments);
-    if (name == nullptr) std::fprintf(std_out, "\nError: %s\n", missing);
-    return name != nullptr;
+    if (name != nullptr) return true;
+    std::fprintf(std_out, "\nError: %s\n", missing);
+    tell_error(arguments.observer, missing);
+    return false;
 }
 
 bool take_flag(Arguments& arguments, int& flag) {
@@ -68,7 +80,7 @@ bool take_option(Arguments& arguments) {
         case 't':
             return take_flag(arguments, SHOW_TEMPOS);
         default:
-            return refuse_usage();
+            return refuse_usage(arguments.observer);
     }
 }
 
@@ -78,38 +90,34 @@ bool same_name(const char* a, const char* b) {
 
 }  // namespace
 
-bool get_options(int argc, const char* const* argv) {
-    if (argc < 2) return refuse_usage();
-    Arguments arguments{argv + 1, argv + argc};
+bool get_options(int argc, const char* const* argv, Observer* observer) {
+    if (argc < 2) return refuse_usage(observer);
+    Arguments arguments{argv + 1, argv + argc, observer};
     while (arguments.next != arguments.end && **arguments.next == '-') {
         if (!take_option(arguments)) return false;
     }
-    if (arguments.end - arguments.next != 2) return refuse_usage();
+    if (arguments.end - arguments.next != 2) return refuse_usage(observer);
     in_fname = arguments.next[0];
     out_fname = arguments.next[1];
     return true;
 }
 
-bool check_fnames() {
+bool check_fnames(Observer* observer) {
     const bool clash = same_name(in_fname, out_fname) || same_name(log_fname, out_fname) ||
                        same_name(log_fname, in_fname) || same_name(exp_fname, out_fname) ||
                        same_name(exp_fname, in_fname) || same_name(log_fname, exp_fname);
-    if (clash) report_name_clash();
+    if (clash) report_name_clash(observer);
     return !clash;
 }
 
-void report_name_clash() { std::fputs(NAME_CLASH, std_err); }
+void report_name_clash(Observer* observer) {
+    std::fputs(NAME_CLASH, std_err);
+    tell_error(observer, NAME_CLASH);
+}
 
-void print_usage() {
+void print_usage(Observer* observer) {
     print_version();
-    Mprintf(
-        "  Usage: vorn [options] infile outfile\n"
-        "  Options:\n"
-        "  -l <logfile>  screen ouput (text)\n"
-        "  -m            outfile is a MIDI file (format 1)\n"
-        "  -s            suppress non-error messages\n"
-        "  -t            verbose tempo information\n"
-        "  -x <expfile>  macro expansions (text)\n\n");
+    print_error(observer, USAGE);
 }
 
 void reset_options() { in_fname = out_fname = log_fname = exp_fname = nullptr; }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "input/observer.h"
+
 // The command line.
 
 namespace vorn {
@@ -11,16 +13,16 @@ extern const char* exp_fname;  // expansion file (-x), or null
 
 // Reads the command line into the flags and file names. False when the run must
 // stop, the message then already printed.
-[[nodiscard]] bool get_options(int argc, const char* const* argv);
+[[nodiscard]] bool get_options(int argc, const char* const* argv, Observer* observer = nullptr);
 
 // Whether all file names differ, compared as texts; false with the message printed.
-[[nodiscard]] bool check_fnames();
+[[nodiscard]] bool check_fnames(Observer* observer = nullptr);
 
 // Reports on standard error that a file name has been given twice.
-void report_name_clash();
+void report_name_clash(Observer* observer);
 constexpr const char* NAME_CLASH = "\nERROR: You can't use a filename multiple times!\n\n";
 
-void print_usage();
+void print_usage(Observer* observer = nullptr);
 
 void reset_options();
 

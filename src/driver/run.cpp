@@ -31,35 +31,35 @@ enum class LoopEnd { NONE, END_OF_INPUT, MIDI_BLOCK };
 
 // Releases lists, closes files, removes the temporary file. False, with the
 // message printed, when a file could not be written in full.
-bool clean_up() {
+bool clean_up(Observer* observer) {
     FreeListNodes(note_list);
     free_output_settings();
     free_macro_list();
     free_variable_list();
-    const bool written = close_files();
+    const bool written = close_files(observer);
     MKLOG = 0;
     return written;
 }
 
 int fail(int error, const Reader& reader) {
     error_no(error, reader);
-    clean_up();
+    clean_up(reader.observer);
     return 1;
 }
 
-int succeed() {
-    if (!clean_up()) return 1;
+int succeed(Observer* observer) {
+    if (!clean_up(observer)) return 1;
     Mprintf("\n");
     return 0;
 }
 
 // Copies the input with its include files into the temporary file and reopens
 // that as the input. Returns 0 or an error number.
-int resolve_includes() {
+int resolve_includes(Observer* observer) {
     int count = 0;
-    const int result = parse_includes(fin, ftmp, count, accept_include);
-    if (!cut_older_texts() || result > 0) return error::ALREADY_PRINTED;
-    return reopen_temporary_file();
+    const int result = parse_includes(fin, ftmp, count, accept_include, {observer, in_fname});
+    if (!cut_older_texts(observer) || result > 0) return error::ALREADY_PRINTED;
+    return reopen_temporary_file(observer);
 }
 
 // Whether the run ends behind the block that was just read. What stands behind
@@ -93,7 +93,7 @@ int convert_blocks(Reader& reader, LoopEnd& end) {
 int convert_score(Observer* observer) {
     Reader reader;
     reader.observer = observer;
-    int result = resolve_includes();
+    int result = resolve_includes(reader.observer);
     if (result != 0) return fail(result, reader);
     reader.stream = fin;
     LoopEnd end = LoopEnd::NONE;
@@ -103,11 +103,11 @@ int convert_score(Observer* observer) {
         if (!MKMIDI) output_text(fout, "\ne\n");
         Mprintf("\n\nGlobal cumulative duration of all i-blocks = %f (secs)\n", CUM_TIME);
     }
-    return succeed();
+    return succeed(reader.observer);
 }
 
 int run(int argc, const char* const* argv, Observer* observer) {
-    if (!get_options(argc, argv) || !check_fnames() || !open_files()) return 1;
+    if (!get_options(argc, argv, observer) || !check_fnames(observer) || !open_files(observer)) return 1;
     print_info(in_fname, out_fname, log_fname, exp_fname);
     return convert_score(observer);
 }

@@ -9,6 +9,7 @@
 #include <sys/random.h>
 #include <unistd.h>
 
+#include "input/messages.h"
 #include "input/run_flags.h"
 
 // A new file under a name that nobody can foresee:
@@ -68,20 +69,24 @@ int make_file(const char* folder) {
     return -1;
 }
 
+std::FILE* refuse(const char* message, Observer* observer) {
+    std::fputs(message, std_err);
+    tell_error(observer, message);
+    return nullptr;
+}
+
 }  // namespace
 
-std::FILE* open_temporary_file() {
+std::FILE* open_temporary_file(Observer* observer) {
     const char* const folder = temporary_folder();
     if (std::strlen(folder) + std::strlen(PREFIX) + CHANCE_LENGTH >= TMP_NAME_SIZE) {
-        std::fputs("\nERROR: The name of the temporary folder (TMPDIR) is too long.\n\n", std_err);
-        return nullptr;
+        return refuse("\nERROR: The name of the temporary folder (TMPDIR) is too long.\n\n", observer);
     }
     const int descriptor = make_file(folder);
     std::FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, "w");
     if (stream != nullptr) return stream;
     if (descriptor >= 0) close(descriptor);
-    std::fputs("\nERROR: Can't open temporary file\n\n", std_err);
-    return nullptr;
+    return refuse("\nERROR: Can't open temporary file\n\n", observer);
 }
 
 void remove_temporary_file() {

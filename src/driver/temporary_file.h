@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "input/observer.h"
+
 // The temporary file: the score description with its includes in their places.
 
 namespace vorn {
@@ -11,7 +13,7 @@ extern char tmp_fname[TMP_NAME_SIZE];  // name of the temporary file; empty whil
 
 // Makes the file in the folder that TMPDIR names, else in the system's, for its
 // owner alone, and opens it for writing. Null with the message printed.
-[[nodiscard]] std::FILE* open_temporary_file();
+[[nodiscard]] std::FILE* open_temporary_file(Observer* observer);
 
 void remove_temporary_file();
 

@@ -29,8 +29,9 @@ constexpr double SPAN_TOLERANCE = 5.0;  // beats that a span may reach beyond th
 // The end of the span is compared with the last event's beat as counted from
 // the start of the score, not of the function: kept on purpose.
 void warn_of_short_span(const Progress& progress, const Reader& reader) {
-    if (SUPRESS || !(progress.time - SPAN_TOLERANCE > progress.last_beat)) return;
+    if (!(progress.time - SPAN_TOLERANCE > progress.last_beat)) return;
     warning_no(warning::DURATION_ALTERED, reader);
+    if (SUPRESS) return;
     Mprintf("Old duration = %f, New duration = %f\n", progress.time, progress.last_beat);
 }
 

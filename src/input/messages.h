@@ -63,6 +63,11 @@ void print_error(const MessagePlace& place, const char* format, const Values&...
     write_told_message(Severity::ERROR, place, format, {MessageValue(values)...});
 }
 
+template <typename... Values>
+void print_warning(const MessagePlace& place, const char* format, const Values&... values) {
+    write_told_message(Severity::WARNING, place, format, {MessageValue(values)...});
+}
+
 // Tells the observer of an error that has been printed some other way.
 void tell_error(Observer* observer, const char* text);
 

@@ -119,7 +119,6 @@ struct PfieldStatement {
     int number = 0;            // 2: P2
     int input_type = 0;        // the last one that it chose, as a command code
     int output_type = 0;       // as a command code
-    bool is_cut = false;       // the block was full before the data ended
     LinePlace begin;           // of its "p"
     LinePlace end;             // of what comes next
     std::uint64_t events = 0;  // of the block so far
@@ -178,5 +177,10 @@ public:
 protected:
     ~Observer() = default;
 };
+
+// Opens an input as the observer does, and without one by its name.
+inline std::FILE* open_source(Observer* observer, const char* name, const char* includer) {
+    return observer != nullptr ? observer->open_source(name, includer) : std::fopen(name, "r");
+}
 
 }  // namespace vorn

@@ -6,7 +6,6 @@
 
 #include "generators/arithmetic.h"
 #include "generators/curves.h"
-#include "input/messages.h"
 #include "input/run_flags.h"
 
 // Beats to seconds through a table of tempo definitions.
@@ -77,11 +76,11 @@ float to_tempo(float beats, float beat) {
     return seconds;
 }
 
-int check_tempos() {
+int check_tempos(const MessagePlace& place) {
     float previous_end = 0.0F;
     for (int k = 0; k < TOT_TEMPOS; ++k) {
         if (previous_end > TEMPO_LIST[k].start_time)
-            Mprintf("\nWARNING: Tempo #%d conflicts with previous tempo's end time!", k + 1);
+            print_warning(place, "\nWARNING: Tempo #%d conflicts with previous tempo's end time!", k + 1);
         previous_end = TEMPO_LIST[k].end_time;
     }
     return TOT_TEMPOS;

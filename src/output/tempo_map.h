@@ -1,5 +1,7 @@
 #pragma once
 
+#include "input/messages.h"
+
 // The tempo map: spans of beats over which the tempo moves along a curve.
 // The table is searched in the order in which it was written.
 
@@ -32,7 +34,7 @@ int curtempo(float beat);
 
 // Prints a warning (also under SUPRESS) for each definition that starts before
 // the one written before it ends; returns TOT_TEMPOS.
-int check_tempos();
+int check_tempos(const MessagePlace& place = {});
 
 bool good_tempo(float tempo);  // 1 to 4000
 bool good_time(float time);    // 0 to 10000

@@ -73,8 +73,14 @@ std::int64_t reading_budget(std::FILE* in) {
 
 class IncludeCopy {
 public:
-    IncludeCopy(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include)
-        : in_(in), out_(out), count_(count), may_include_(may_include), budget_(reading_budget(in)) {}
+    IncludeCopy(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include,
+                const WatchedSource& source)
+        : in_(in),
+          out_(out),
+          count_(count),
+          may_include_(may_include),
+          source_(source),
+          whole_budget_(reading_budget(in)) {}
     int run();
 
 private:
@@ -83,6 +89,9 @@ private:
     bool has_failed() const { return is_endless() || std::ferror(in_) != 0; }
     void write(int c) { write_failed_ |= putc_unlocked(c, out_) == EOF; }
     void copy(int c);
+    std::int64_t offset() const { return whole_budget_ - budget_; }  // of what is read next
+    MessagePlace place() const;
+    void tell(SourceChange change) const;
     int do_directive();
     bool read_keyword_rest();
     int read_file_name();
@@ -93,8 +102,12 @@ private:
     std::FILE* out_;
     int& count_;
     IncludeCheck may_include_;
-    std::int64_t budget_;  // characters that may still be read; negative once one more was wanted
+    const WatchedSource& source_;
+    const std::int64_t whole_budget_;
+    std::int64_t budget_ =
+        whole_budget_;  // characters that may still be read; negative once one more was wanted
     bool write_failed_ = false;
+    std::int64_t hash_offset_ = -1;  // of the "#" that is looked at
     CommentTracker comment_;
     char name_[MAX_INCLUDE_NAME + 1] = {};
 };
@@ -104,7 +117,21 @@ void IncludeCopy::copy(int c) {
     comment_.track(c);
 }
 
+MessagePlace IncludeCopy::place() const {
+    MessagePlace place(source_.observer);
+    place.directive_offset = hash_offset_;
+    return place;
+}
+
+// From here on the copy goes on with this file as it stands.
+void IncludeCopy::tell(SourceChange change) const {
+    if (source_.observer == nullptr) return;
+    source_.observer->on_source(
+        {change, source_.name, source_.depth, ftello(out_), offset(), source_.directive_offset});
+}
+
 int IncludeCopy::run() {
+    tell(SourceChange::BEGIN);
     for (int c = read(); c != EOF && !write_failed_; c = read()) {
         if (c == '#' && !comment_.in_comment()) {
             if (const int result = do_directive()) return result;
@@ -113,13 +140,15 @@ int IncludeCopy::run() {
         }
     }
     if (!is_endless()) return 0;
-    Mprintf("\nERROR: A device or pipe has more than %d characters.\n\n", MAX_ENDLESS_LENGTH);
+    print_error(source_.observer, "\nERROR: A device or pipe has more than %d characters.\n\n",
+                MAX_ENDLESS_LENGTH);
     return error::ALREADY_PRINTED;
 }
 
 // "include" white space "|" name "|", behind the "#". At the end of the input
 // the missing character is written too, as the byte 255.
 int IncludeCopy::do_directive() {
+    hash_offset_ = offset() - 1;
     const int second = read();
     if (second != 'i') {
         write('#');
@@ -138,6 +167,7 @@ int IncludeCopy::do_directive() {
     if (!read_keyword_rest()) {
         comment_.end_line_comment();
         comment_.remember('i');
+        tell(SourceChange::SKIP);
         return 0;
     }
     if (const int result = read_file_name()) return result;
@@ -158,15 +188,16 @@ int IncludeCopy::read_file_name() {
     int c = read();
     while (c != EOF && is_space(static_cast<char>(c))) c = read();
     if (c != '|' && !has_failed()) {
-        Mprintf("\n\nInclude filename must be preceeded by a |.\n");
+        print_error(place(), "\n\nInclude filename must be preceeded by a |.\n");
         return 1;
     }
     int length = 0;
     int count = 0;
     for (c = read(); c != '|' && c != EOF; c = read()) {
         if (++count > MAX_INCLUDE_NAME) {
-            Mprintf("\nERROR: Include filename has exceeded maximum");
-            Mprintf("\nlength of %d characters.\n\n", MAX_INCLUDE_NAME);
+            print_error(place(),
+                        "\nERROR: Include filename has exceeded maximum\nlength of %d characters.\n\n",
+                        MAX_INCLUDE_NAME);
             return error::ALREADY_PRINTED;
         }
         if (c != '\n') name_[length++] = static_cast<char>(c);
@@ -176,8 +207,8 @@ int IncludeCopy::read_file_name() {
 }
 
 // Opens a file whose bytes can be read; null for a directory, too.
-std::FILE* open_readable(const char* name) {
-    std::FILE* stream = std::fopen(name, "r");
+std::FILE* open_readable(const char* name, const WatchedSource& includer) {
+    std::FILE* stream = open_source(includer.observer, name, includer.name);
     if (stream == nullptr) return nullptr;
     const int first = std::getc(stream);
     if (std::ferror(stream)) {
@@ -189,18 +220,20 @@ std::FILE* open_readable(const char* name) {
 }
 
 int IncludeCopy::copy_included(std::FILE* included) {
-    if (may_include_ != nullptr && !may_include_(included)) return error::ALREADY_PRINTED;
+    if (may_include_ != nullptr && !may_include_(included, place())) return error::ALREADY_PRINTED;
     Mprintf("\n\tOpening include file \"%s\"...", name_);
-    if (const int result = parse_includes(included, out_, count_, may_include_)) return result;
+    const WatchedSource source = {source_.observer, name_, source_.depth + 1, hash_offset_};
+    if (const int result = parse_includes(included, out_, count_, may_include_, source)) return result;
+    tell(SourceChange::RESUME);
     if (!std::ferror(included)) return 0;
-    Mprintf("\nERROR: Can't open \"%s\".\n\n", name_);
+    print_error(place(), "\nERROR: Can't open \"%s\".\n\n", name_);
     return error::ALREADY_PRINTED;
 }
 
 int IncludeCopy::include_file() {
-    std::FILE* included = open_readable(name_);
+    std::FILE* included = open_readable(name_, source_);
     if (included == nullptr) {
-        Mprintf("\nBad include file name: \"%s\"\n\n", name_);
+        print_error(place(), "\nBad include file name: \"%s\"\n\n", name_);
         return error::ALREADY_PRINTED;
     }
     const int result = copy_included(included);
@@ -214,12 +247,15 @@ int IncludeCopy::include_file() {
 }  // namespace
 
 // The count is a budget for the whole run, never lowered: kept on purpose.
-int parse_includes(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include) {
+int parse_includes(std::FILE* in, std::FILE* out, int& count, IncludeCheck may_include,
+                   const WatchedSource& source) {
     if (++count > MAX_INCLUDE_FILES) {
-        Mprintf("\n\nToo many embedded include files! (Max = %d)\n", MAX_INCLUDE_FILES);
+        MessagePlace place(source.observer);
+        place.directive_offset = source.directive_offset;
+        print_error(place, "\n\nToo many embedded include files! (Max = %d)\n", MAX_INCLUDE_FILES);
         return 1;
     }
-    return IncludeCopy(in, out, count, may_include).run();
+    return IncludeCopy(in, out, count, may_include, source).run();
 }
 
 }  // namespace vorn

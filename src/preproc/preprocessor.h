@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "input/messages.h"
 #include "input/reader.h"
 
 // The preprocessor's entry points: what the line buffer, the driver and the
@@ -35,15 +36,23 @@ bool is_endif(const char* text, std::int32_t pos);  // "endif" at pos
 // --- called by the driver ---
 
 // Whether a file that an include directive has opened may be copied; false with
-// the message printed.
-using IncludeCheck = bool (*)(std::FILE* included);
+// the message printed and told to whom the place says.
+using IncludeCheck = bool (*)(std::FILE* included, const MessagePlace& place);
+
+// A file whose includes are resolved, and who is told where its bytes go.
+struct WatchedSource {
+    Observer* observer = nullptr;
+    const char* name = nullptr;
+    int depth = 0;                      // 0 the input itself
+    std::int64_t directive_offset = 0;  // of the "#" that names it in the including file
+};
 
 // Copies the stream with every include file spliced in. Returns 0 or a positive
 // number, the message then already printed; a read error of `in` itself and a write
 // error of `out`, which ends the copying, are left in the streams. `count` is the
 // run's include counter; without a check every file may be copied.
 [[nodiscard]] int parse_includes(std::FILE* in, std::FILE* out, int& count,
-                                 IncludeCheck may_include = nullptr);
+                                 IncludeCheck may_include = nullptr, const WatchedSource& source = {});
 
 bool ifdef_match();  // every "#if" has met its "#endif"
 void free_macro_list();

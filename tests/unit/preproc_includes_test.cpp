@@ -227,7 +227,9 @@ TEST_F(Includes, FileThatTheCheckRefusesIsNotCopied) {
     folder.write("main", "x#include |a|y");
     std::FILE* const in = std::fopen("main", "r");
     std::FILE* const out = std::fopen("copy", "w");
-    EXPECT_EQ(vorn::parse_includes(in, out, count, [](std::FILE*) { return false; }), 999);
+    EXPECT_EQ(
+        vorn::parse_includes(in, out, count, [](std::FILE*, const vorn::MessagePlace&) { return false; }),
+        999);
     std::fclose(in);
     std::fclose(out);
     EXPECT_EQ(folder.read("copy"), "x");
