@@ -159,7 +159,6 @@ void Recorder::on_pfield(const PfieldStatement& statement) {
     FieldRecord field;
     field.number = statement.number;
     field.input_type = statement.input_type;
-    field.is_cut = statement.is_cut;
     field.statement = run_.map.find(statement.begin);
     fields_.push_back(field);
 }

@@ -32,7 +32,6 @@ struct FieldRecord {
     int output_type = 0;
     std::uint32_t decimals = 0;
     std::int32_t fft_size = 0;
-    bool is_cut = false;
     FileSpan statement;  // from the "p" on; file -1: not known
 };
 
