@@ -46,6 +46,6 @@ FURTHER = [
     case_of_folder("pieces/waltz", ALL_FILES),
     case_of_folder("pieces/machine", "in.vorn out.sco"),
     case_of_text("many events", "i1 = 5 0 -60000 {\np2 .01\np3 1\np4 ra(-60000 1 [1 2])\np5 9\n}\n", ALL_FILES),
-    case_of_text("a long score", "i1 = 3 0 1 {p2 1 p3 1}\n" * 1000, ALL_FILES),
+    case_of_text("long lines", ("i1 = 3 0 1 {p2 1 p3 1 ;" + 900 * "." + "\n}\n") * 10, ALL_FILES),
     case_of_text("many notes", "i1 = 5 0 -60000 {\np2 .01\np3 1\np4 60\np5 9\n}\n", "-m in.vorn out.mid"),
 ]
