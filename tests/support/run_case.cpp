@@ -134,15 +134,15 @@ std::map<std::string, std::string> WorkFolder::files() const {
     return all;
 }
 
-RunResult run_without_limit(const WorkFolder& folder, const Arguments& arguments) {
+RunResult run_without_limit(const WorkFolder& folder, const Arguments& arguments, Observer* observer) {
     RunResult result;
     MemoryStream out;
     MemoryStream err;
     const std::vector<const char*> argv = argument_vector(arguments);
     {
         const InFolder in_folder(folder.path());
-        result.status =
-            vorn::run_program(static_cast<int>(argv.size()) - 1, argv.data(), {out.stream(), err.stream()});
+        result.status = vorn::run_program(static_cast<int>(argv.size()) - 1, argv.data(),
+                                          {out.stream(), err.stream(), observer});
     }
     result.out = out.take();
     result.err = err.take();
@@ -150,10 +150,10 @@ RunResult run_without_limit(const WorkFolder& folder, const Arguments& arguments
     return result;
 }
 
-RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments) {
+RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments, Observer* observer) {
     unsetenv("TMPDIR");  // expectations name the system's folder
     alarm(TIME_LIMIT);
-    RunResult result = run_without_limit(folder, arguments);
+    RunResult result = run_without_limit(folder, arguments, observer);
     alarm(0);
     return result;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "input/observer.h"
+
 // Runs Vorn on given files and arguments, in this process or as a program of
 // its own, and returns everything that it leaves behind. Example:
 //
@@ -46,9 +48,9 @@ struct RunResult {
 using Arguments = std::vector<std::string>;  // without the program's own name
 
 // All run with the folder as the current one, so that messages show plain names.
-RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments);
-RunResult run_without_limit(const WorkFolder& folder,
-                            const Arguments& arguments);  // in this process, no alarm
+RunResult run_in_process(const WorkFolder& folder, const Arguments& arguments, Observer* observer = nullptr);
+RunResult run_without_limit(const WorkFolder& folder, const Arguments& arguments,
+                            Observer* observer = nullptr);  // in this process, no alarm
 RunResult run_as_program(const WorkFolder& folder, const Arguments& arguments);
 
 // The text with the build's date and time in the banner as "DATE, TIME" and the

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "output/event_list.h"
+#include "support/case_folder.h"
+
+// What an observer is told, over all cases and in a few scores of its own. The
+// recorder builds the temporary copy and each expanded line again from the notices.
+
+namespace vorn::test {
+namespace {
+
+const std::filesystem::path CASES = VORN_CASES;
+
+struct Span {
+    SourceSpan told;
+    std::string name;
+};
+
+struct Told {
+    Message told;
+    std::string text;
+};
+
+// The byte as readers see it.
+char cleaned(char c) {
+    if (c == '\n' || c == '\r' || static_cast<unsigned char>(c) == 255) return ' ';
+    return c == 0 ? 0x1A : c;
+}
+
+std::size_t sounding_events(const ListNode* tail) {
+    std::size_t count = 0;
+    const ListNode* node = tail;
+    if (tail == nullptr) return 0;
+    do {
+        node = node->next;
+        count += node->dur > 0;
+    } while (node != tail);
+    return count;
+}
+
+class Recorder : public Observer {
+public:
+    void on_source(const SourceSpan& span) override { spans.push_back({span, span.name}); }
+
+    void on_line(const SourceLine& line) override {
+        EXPECT_EQ(line.number, ++lines);
+        current.assign(line.text, line.length);
+        copy += current;
+    }
+
+    void on_splice(const Splice& splice) override {
+        EXPECT_EQ(splice.line, lines);
+        ASSERT_LE(0, splice.start);
+        ASSERT_LE(splice.start, splice.end);
+        ASSERT_LE(static_cast<std::size_t>(splice.end), current.size());
+        const auto start = static_cast<std::size_t>(splice.start);
+        const auto size = static_cast<std::size_t>(splice.end) - start;
+        replaced.push_back(current.substr(start, size));
+        current.replace(start, size, std::string(splice.inserted, splice.inserted_length));
+        ++splices;
+    }
+
+    void on_message(const Message& message) override {
+        messages.push_back({message, std::string(message.text, message.length)});
+        if (message.line_text != nullptr && message.place.line > 0) {
+            EXPECT_EQ(message.line_text, current) << "the replayed line";
+        }
+    }
+
+    void on_block(const Block& block) override {
+        ++blocks;
+        last_block = block;
+        sounding += sounding_events(block.events);
+    }
+    void on_pfield(const PfieldStatement& statement) override { statements.push_back(statement); }
+    void on_setting(const Setting& setting) override { settings.push_back(setting); }
+    void on_constant(const ConstantDefinition& constant) override {
+        constants.push_back(std::string(constant.name) + "=" +
+                            current.substr(static_cast<std::size_t>(constant.begin.pos),
+                                           static_cast<std::size_t>(constant.end - constant.begin.pos)));
+    }
+    void on_direct_line(const char* text, const LinePlace&) override { direct.push_back(text); }
+    void on_end(int status, double) override { ended_with = status; }
+
+    std::vector<Span> spans;
+    std::vector<Told> messages;
+    std::vector<std::string> replaced;
+    std::vector<std::string> constants;
+    std::vector<std::string> direct;
+    std::vector<PfieldStatement> statements;
+    std::vector<Setting> settings;
+    std::string current;
+    std::string copy;
+    std::uint64_t lines = 0;
+    std::size_t splices = 0;
+    std::size_t blocks = 0;
+    std::size_t sounding = 0;
+    Block last_block;
+    int ended_with = -1;
+};
+
+// The bytes of the copy are those of the files that the spans name.
+void expect_mapped(const Recorder& recorder, const Texts& files) {
+    for (std::size_t k = 0; k < recorder.spans.size(); ++k) {
+        const Span& span = recorder.spans[k];
+        const auto file = files.find(std::filesystem::path(span.name).lexically_normal().string());
+        if (file == files.end()) continue;
+        const auto begin = static_cast<std::size_t>(span.told.copy_offset);
+        std::size_t end = recorder.copy.size();
+        if (k + 1 < recorder.spans.size()) {
+            end = std::min(end, static_cast<std::size_t>(recorder.spans[k + 1].told.copy_offset));
+        }
+        for (std::size_t at = begin; at < end; ++at) {
+            const std::size_t from = static_cast<std::size_t>(span.told.file_offset) + at - begin;
+            const char byte = from < file->second.size() ? cleaned(file->second[from]) : ' ';
+            ASSERT_EQ(recorder.copy[at], byte) << span.name << " at " << from;
+        }
+    }
+}
+
+// Every told text that is printed stands in `err`, in this order.
+void expect_printed(const Recorder& recorder, const std::string& err, bool suppressed) {
+    std::size_t at = 0;
+    for (const Told& message : recorder.messages) {
+        if (suppressed && message.told.severity == Severity::WARNING && message.told.number != 0) continue;
+        const std::size_t found = err.find(message.text, at);
+        if (found == std::string::npos) {
+            ADD_FAILURE() << "not printed: " << message.text;
+            return;
+        }
+        at = found + message.text.size();
+    }
+}
+
+TEST(Observer, ChangesNoByteOfAnyCaseAndRebuildsItsLines) {
+    std::size_t splices = 0;
+    std::size_t spans = 0;
+    for (const std::string& name : find_cases(CASES)) {
+        SCOPED_TRACE(name);
+        const Case a_case = load_case(CASES, name);
+        const WorkFolder folder;
+        write_inputs(a_case, folder);
+        Recorder recorder;
+        const RunResult result = run_in_process(folder, a_case.arguments, &recorder);
+        EXPECT_EQ(problems(a_case, result), "");
+        EXPECT_EQ(recorder.ended_with, result.status);
+        expect_mapped(recorder, a_case.inputs);
+        const auto& arguments = a_case.arguments;
+        const bool suppressed = std::any_of(arguments.begin(), arguments.end(),
+                                            [](const std::string& word) { return word.starts_with("-s"); });
+        expect_printed(recorder, result.out + result.err, suppressed);
+        if (result.status != 0) {
+            EXPECT_FALSE(recorder.messages.empty()) << "refused unsaid";
+        }
+        splices += recorder.splices;
+        spans += recorder.spans.size();
+    }
+    EXPECT_GT(splices, 100U);
+    EXPECT_GT(spans, 1000U);
+}
+
+RunResult run_score(Recorder& recorder, const Texts& files, const Arguments& options = {}) {
+    const WorkFolder folder;
+    for (const auto& [name, text] : files) folder.write(name, text);
+    Arguments arguments = options;
+    arguments.insert(arguments.end(), {"in.vorn", "out.sco"});
+    return run_in_process(folder, arguments, &recorder);
+}
+
+TEST(Observer, TellsNestedIncludesThatBeginWithinLines) {
+    Recorder recorder;
+    const Texts files = {
+        {"in.vorn", "rs(1) #include |a|; main\nrs(2)\n"}, {"a", "rs(3) #include |b| ;a"}, {"b", "rs(4)\n"}};
+    run_score(recorder, files);
+    std::vector<std::string> spans;
+    for (const Span& span : recorder.spans) {
+        spans.push_back(span.name + " " + std::to_string(span.told.depth) + " " +
+                        std::to_string(span.told.copy_offset) + " " + std::to_string(span.told.file_offset));
+    }
+    EXPECT_EQ(spans, (std::vector<std::string>{"in.vorn 0 0 0", "a 1 6 0", "b 2 12 0", "a 1 18 18",
+                                               "in.vorn 0 21 18"}));
+    EXPECT_EQ(recorder.copy, "rs(1) rs(3) rs(4)  ;a; main rs(2) ");
+    EXPECT_EQ(recorder.settings.size(), 4U);
+    expect_mapped(recorder, files);
+}
+
+TEST(Observer, TellsOfARefusedIncludeWhereItsDirectiveStands) {
+    Recorder recorder;
+    EXPECT_EQ(run_score(recorder, {{"in.vorn", "; x\n #include |none|"}}).status, 1);
+    ASSERT_EQ(recorder.messages.size(), 1U);
+    EXPECT_EQ(recorder.messages[0].text, "\nBad include file name: \"none\"\n\n");
+    EXPECT_EQ(recorder.messages[0].told.directive_offset, 5);
+}
+
+TEST(Observer, TellsOfABlockItsStatementsAndWhatSetsThem) {
+    Recorder recorder;
+    const RunResult result = run_score(recorder, {{"in.vorn",
+                                                   "#const A 0.244792\n> f1 0 8\n i3 = 4, 2, -3 {\n"
+                                                   "p2 re 1\np3 re 1\n p4(hz) no c4 r e4 } ;\n"}});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(recorder.constants, (std::vector<std::string>{"A=0.244792"}));
+    EXPECT_EQ(recorder.direct, (std::vector<std::string>{" f1 0 8 "}));
+    ASSERT_EQ(recorder.statements.size(), 3U);
+    EXPECT_EQ(recorder.statements[2].input_type, 10);
+    EXPECT_EQ(recorder.statements[2].output_type, 4);
+    EXPECT_EQ(recorder.statements[2].begin.line, 6U);
+    EXPECT_EQ(recorder.statements[2].begin.pos, 1);
+    EXPECT_EQ(recorder.blocks, 1U);
+    EXPECT_EQ(recorder.last_block.instrument, 3);
+    EXPECT_EQ(recorder.last_block.begin.line, 3U);
+    EXPECT_EQ(recorder.last_block.begin.pos, 1);
+    EXPECT_EQ(recorder.last_block.end.pos, 20);
+    EXPECT_EQ(recorder.last_block.length, -3);
+    EXPECT_EQ(recorder.sounding, 2U) << "two notes and a rest";
+}
+
+TEST(Observer, IsToldOfSuppressedWarnings) {
+    Recorder recorder;
+    const RunResult result = run_score(recorder, {{"in.vorn", "rd(2)\n"}}, {"-s"});
+    ASSERT_EQ(recorder.messages.size(), 1U);
+    EXPECT_EQ(recorder.messages[0].told.number, 26);
+    EXPECT_EQ(recorder.messages[0].told.severity, Severity::WARNING);
+    EXPECT_EQ(result.err.find("WARNING"), std::string::npos);
+}
+
+TEST(Observer, OpensWhatIsRead) {
+    class Shelf : public Recorder {
+    public:
+        std::FILE* open_source(const char* name, const char* includer) override {
+            asked.push_back(std::string(name) + " by " + (includer != nullptr ? includer : "nobody"));
+            return std::fopen(includer != nullptr ? "in.vorn.other" : name, "r");
+        }
+        std::vector<std::string> asked;
+    } shelf;
+    run_score(shelf, {{"in.vorn", "#include |x|"}, {"in.vorn.other", "rs(5)\n"}});
+    EXPECT_EQ(shelf.asked, (std::vector<std::string>{"in.vorn by nobody", "x by in.vorn"}));
+    EXPECT_EQ(shelf.copy, "rs(5) ");
+}
+
+}  // namespace
+}  // namespace vorn::test
