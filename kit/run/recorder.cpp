@@ -1,6 +1,7 @@
 #include "kit/run/recorder.h"
 
-#include <cstring>
+#include <algorithm>
+#include <cmath>
 
 #include "input/errors.h"
 #include "output/event_list.h"
@@ -44,21 +45,12 @@ bool is_same(const RunMessage& a, const RunMessage& b) {
            a.span.begin == b.span.begin && a.place.line == b.place.line && a.text == b.text;
 }
 
-void append_event(EventTable& table, const ListNode& event, std::size_t columns) {
+void append_event(EventTable& table, const ListNode& event, double exact_start, std::size_t columns) {
     table.start.push_back(event.start);
+    table.exact_start.push_back(exact_start);
     table.duration.push_back(event.dur);
     table.beat.push_back(event.beat);
     table.values.insert(table.values.end(), event.pf, event.pf + columns);
-}
-
-// The ring begins behind its tail.
-void copy_events(BlockRecord& block, const ListNode* tail) {
-    if (tail == nullptr) return;
-    const ListNode* event = tail;
-    do {
-        event = event->next;
-        append_event(block.events, *event, block.columns());
-    } while (event != tail);
 }
 
 }  // namespace
@@ -153,7 +145,39 @@ void Recorder::on_direct_line(const char* text, const LinePlace& begin) {
     run_.direct_lines.push_back({text, run_.map.find(begin), run_.blocks.size()});
 }
 
-void Recorder::on_header(const LinePlace&) { fields_.clear(); }
+void Recorder::on_header(const LinePlace&) {
+    fields_.clear();
+    starts_.clear();
+}
+
+// Behind P2 each event still has its interval. Of the events of a chord the longest
+// counts, as in the engine.
+void Recorder::sum_intervals(const ListNode* tail) {
+    if (tail == nullptr) return;
+    starts_.push_back({tail->next, tail->next->start});
+    double interval = std::fabs(tail->next->dur);
+    for (const ListNode* event = tail->next; event != tail;) {
+        event = event->next;
+        const double own = std::fabs(event->dur);
+        const bool in_chord = event->code != 0;
+        starts_.push_back({event, starts_.back().seconds + (in_chord ? 0 : interval)});
+        interval = in_chord ? std::max(interval, own) : own;
+    }
+}
+
+// The ring begins behind its tail. Events that a chord has added since P2 start with
+// the one before them.
+void Recorder::copy_events(BlockRecord& block, const ListNode* tail) const {
+    if (tail == nullptr) return;
+    std::size_t next = 0;
+    const ListNode* event = tail;
+    do {
+        event = event->next;
+        if (next < starts_.size() && starts_[next].event == event) ++next;
+        const double exact_start = next > 0 ? starts_[next - 1].seconds : double{event->start};
+        append_event(block.events, *event, exact_start, block.columns());
+    } while (event != tail);
+}
 
 void Recorder::on_pfield(const PfieldStatement& statement) {
     FieldRecord field;
@@ -161,6 +185,7 @@ void Recorder::on_pfield(const PfieldStatement& statement) {
     field.input_type = statement.input_type;
     field.statement = run_.map.find(statement.begin);
     fields_.push_back(field);
+    if (statement.number == 2 && options_.keep_events) sum_intervals(statement.events);
 }
 
 void Recorder::on_block(const Block& block) {
@@ -186,6 +211,7 @@ void Recorder::on_block(const Block& block) {
         if (options_.keep_events) copy_events(record, block.events);
     }
     fields_.clear();
+    starts_.clear();
     run_.blocks.push_back(std::move(record));
 }
 

@@ -26,16 +26,26 @@ public:
     std::FILE* open_source(const char* name, const char* includer) override;
 
 private:
+    // Seconds from the block's start, before anything was cut to single precision.
+    struct ExactStart {
+        const ListNode* event;
+        double seconds;
+    };
+
     std::string resolve(const std::string& name) const;
     FileSpan span_between(const LinePlace& begin, std::int32_t end) const;
+    void sum_intervals(const ListNode* tail);
+    void copy_events(BlockRecord& block, const ListNode* tail) const;
     void place_message(RunMessage& record, const Message& message) const;
 
     ScoreRun& run_;
     const RunOptions& options_;
     Sources& sources_;
-    int opened_ = -1;                  // the file that was opened last
-    std::vector<int> open_files_;      // by depth: the file that is copied there
-    std::vector<FieldRecord> fields_;  // of the block that is being read
+    int opened_ = -1;              // the file that was opened last
+    std::vector<int> open_files_;  // by depth: the file that is copied there
+    // Of the block that is being read:
+    std::vector<FieldRecord> fields_;
+    std::vector<ExactStart> starts_;  // of the events that P2 has made, in their order
 };
 
 }  // namespace vorn::kit

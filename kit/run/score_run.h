@@ -38,7 +38,8 @@ struct FieldRecord {
 // Events by columns; row n of `values` begins at n * (pfields - 3) and holds P4 and above.
 // Times in seconds; a duration of 0 or less is a rest.
 struct EventTable {
-    std::vector<float> start;
+    std::vector<float> start;         // as the score has it, summed in single precision
+    std::vector<double> exact_start;  // the same intervals summed in double precision
     std::vector<float> duration;
     std::vector<float> beat;
     std::vector<float> values;

@@ -151,7 +151,7 @@ int read_pfield_statement(Reader& reader) {
     DID_P[P_NO] = 1;
     if (P_NO == 2) EVENTS = static_cast<std::uint64_t>(EVENT_NO);
     if (reader.observer != nullptr) {
-        reader.observer->on_pfield({P_NO, IN_TYPE, OUT_TYPE, begin, place(reader), EVENTS});
+        reader.observer->on_pfield({P_NO, IN_TYPE, OUT_TYPE, begin, place(reader), EVENTS, note_list});
     }
     return 0;
 }

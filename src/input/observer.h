@@ -116,12 +116,13 @@ struct MacroDefinition {
 
 // A p-field statement that has been read and filled to the block's end.
 struct PfieldStatement {
-    int number = 0;            // 2: P2
-    int input_type = 0;        // the last one that it chose, as a command code
-    int output_type = 0;       // as a command code
-    LinePlace begin;           // of its "p"
-    LinePlace end;             // of what comes next
-    std::uint64_t events = 0;  // of the block so far
+    int number = 0;                    // 2: P2
+    int input_type = 0;                // the last one that it chose, as a command code
+    int output_type = 0;               // as a command code
+    LinePlace begin;                   // of its "p"
+    LinePlace end;                     // of what comes next
+    std::uint64_t count = 0;           // events of the block so far
+    const ListNode* events = nullptr;  // the ring's tail; null: none. Behind P2 `dur` is the start interval
 };
 
 // An instrument block that has been read, before anything of it is written: rests
