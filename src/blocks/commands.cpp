@@ -1,7 +1,6 @@
 #include "blocks/commands.h"
 
 #include <iterator>
-#include <string_view>
 
 #include "blocks/block_state.h"
 #include "blocks/command_codes.h"
@@ -114,8 +113,7 @@ const ChainEntry* find_entry(char first) {
     return nullptr;
 }
 
-// Whether the two characters at pos, in lower case, are one of the names,
-// which are written one behind the other.
+// Whether the two characters at pos, in lower case, are one of the names.
 bool is_one_of(std::string_view names, const char* text, std::int32_t pos) {
     const char name[] = {to_lower(text[pos]), to_lower(peek(text, pos))};
     for (std::size_t at = 0; at < names.size(); at += 2) {
@@ -160,16 +158,15 @@ bool get_command(int& code, const char* text, std::int32_t& pos) {
 }
 
 bool is_gcommand(const char* text, std::int32_t pos) {
-    return text[pos] == '>' || text[pos] == '#' || is_one_of("pfrsrdsrte", text, pos);
+    return text[pos] == '>' || text[pos] == '#' || is_one_of(GLOBAL_COMMANDS, text, pos);
 }
 
 bool is_command(const char* text, std::int32_t pos) {
-    return text[pos] == '#' || is_one_of("dbdvexhoinmomsnooppfrardrerhrsrwses2", text, pos) ||
-           is_dx_call(text, pos);
+    return text[pos] == '#' || is_one_of(STATEMENT_COMMANDS, text, pos) || is_dx_call(text, pos);
 }
 
 bool is_output_specifier(const char* text, std::int32_t pos) {
-    return is_one_of("bnindbhzodopretrxx", text, pos);
+    return is_one_of(OUTPUT_SPECIFIERS, text, pos);
 }
 
 }  // namespace vorn

@@ -1,11 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 // The two-letter command vocabulary, shared by global commands, block commands,
 // input types, output types and data-defining functions.
 
 namespace vorn {
+
+// The names of each kind of command, in lower case, of two letters each and one
+// behind the other; ">" and "#" and the second name of "ex" are not among them.
+inline constexpr std::string_view GLOBAL_COMMANDS = "pfrsrdsrte";
+inline constexpr std::string_view STATEMENT_COMMANDS = "dbdvexhoinmomsnooppfrardrerhrsrwses2";
+inline constexpr std::string_view OUTPUT_SPECIFIERS = "bnindbhzodopretrxx";
 
 // Reads one command. True with pos behind it; an unknown second letter can end
 // in true with code and pos untouched, so set code to NO_COMMAND before. False:
