@@ -20,6 +20,7 @@ has_package() {
         libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
         libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;
         nlohmann-json3-dev) [ -f /usr/include/nlohmann/json.hpp ] ;;
+        librsvg2-bin) command -v rsvg-convert ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
         python3-mido) /usr/bin/python3 -c 'import mido' ;;
         *) command -v "$1" ;;
