@@ -15,5 +15,6 @@ enum class Outcome : int {
 };
 
 void add_check(CLI::App& app, Outcome& outcome);
+void add_midi(CLI::App& app, Outcome& outcome);
 
 }  // namespace vorn::kit

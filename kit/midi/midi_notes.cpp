@@ -95,7 +95,7 @@ bool make_note(MidiNote& note, const BlockRecord& block, std::size_t row, const 
         return false;
     }
     if (std::fabs(key - nearest) > 0.01) ++losses.rounded;
-    const double start = block.events.start[row];
+    const double start = block.events.exact_start[row];
     note.key = static_cast<std::uint8_t>(nearest);
     note.start = to_tick(start, timing);
     note.end = std::max(to_tick(start + double{block.events.duration[row]}, timing), note.start + 1);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "kit/command/system_sources.h"
+#include "kit/run/score_run.h"
+
+namespace vorn::kit {
+
+// The score of a command line: runs it, and tells its mistakes on standard error.
+class ScoreInput {
+public:
+    ScoreInput(const std::string& argument, bool relative);
+
+    bool is_well() const { return run_.status == 0; }
+    const ScoreRun& run() const { return run_; }
+    const SystemSources& sources() const { return sources_; }
+
+private:
+    SystemSources sources_;
+    ScoreRun run_;
+};
+
+}  // namespace vorn::kit
