@@ -1,5 +1,7 @@
 #include "kit/command/vornkit.h"
 
+#include <memory>
+
 #include "kit/command/subcommands.h"
 
 // The command line: one application, one subcommand a task. A wrong use is told
@@ -8,6 +10,15 @@
 namespace vorn::kit {
 
 namespace {
+
+// Help with the examples first; they stand in the footer of each command.
+class ExamplesFirst : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        return Formatter::make_footer(app) + Formatter::make_usage(app, std::move(name));
+    }
+    std::string make_footer(const CLI::App*) const override { return {}; }
+};
 
 using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
@@ -28,6 +39,8 @@ int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outco
 int run_vornkit(int argc, const char* const* argv) {
     CLI::App app("vornkit: check, see, hear and vary scores for Vorn", "vornkit");
     Outcome outcome = Outcome::WELL;
+    app.formatter(std::make_shared<ExamplesFirst>());
+    app.footer("Example: vornkit check piece.vorn");
     app.require_subcommand(1);
     for (const AddSubcommand add : SUBCOMMANDS) add(app, outcome);
     return parse(app, argc, argv, outcome);

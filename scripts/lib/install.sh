@@ -21,6 +21,7 @@ has_package() {
         libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;
         nlohmann-json3-dev) [ -f /usr/include/nlohmann/json.hpp ] ;;
         librsvg2-bin) command -v rsvg-convert ;;
+        timgm6mb-soundfont) [ -f /usr/share/sounds/sf2/TimGM6mb.sf2 ] ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
         python3-mido) /usr/bin/python3 -c 'import mido' ;;
         *) command -v "$1" ;;

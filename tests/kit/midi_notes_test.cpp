@@ -1,0 +1,148 @@
+#include "kit/midi/midi_notes.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "kit/midi/midi_bytes.h"
+#include "tests/kit/table_sources.h"
+
+// What becomes of the events of a score in a MIDI file: keys, velocities, ticks.
+
+namespace vorn::kit::test {
+
+namespace {
+
+MidiNotes notes_of(const std::string& score, const MidiOptions& options = {}) {
+    return midi_notes(run_text(score), options);
+}
+
+std::string block(const std::string& header, const std::string& p4, const std::string& p5) {
+    return header + " {\np2 1\np3 1\np4 " + p4 + "\np5 " + p5 + "\n}\n";
+}
+
+TEST(MidiNotes, ATenthOfASecondDoesNotDriftInTenThousand) {
+    const MidiNotes notes = notes_of("i1 = 5 0 -10001 {\np2 .1\np3 1\np4 16000\np5 60\n}\n");
+    ASSERT_EQ(notes.tracks.size(), 1U);
+    ASSERT_EQ(notes.tracks[0].notes.size(), 10001U);
+    EXPECT_EQ(notes.tracks[0].notes.back().start, 1000U * TICKS_PER_QUARTER);
+    EXPECT_EQ(notes.tracks[0].notes[1].start, 48U);  // .1 of 480
+}
+
+TEST(MidiNotes, EachInstrumentHasATrackAndAChannelButTheDrums) {
+    std::string score;
+    for (int instrument = 1; instrument <= 11; ++instrument) {
+        score += block("i" + std::to_string(instrument) + " = 5 0 -1", "16000", "60");
+    }
+    const MidiNotes notes = notes_of(score + block("i3 = 5 4 -1", "16000", "62"));
+    ASSERT_EQ(notes.tracks.size(), 11U);
+    EXPECT_EQ(notes.tracks[8].channel, 9);
+    EXPECT_EQ(notes.tracks[9].channel, 11);
+    EXPECT_EQ(notes.tracks[2].instrument, 3);
+    EXPECT_EQ(notes.tracks[2].notes.size(), 2U);  // both of its blocks
+}
+
+TEST(MidiNotes, ChannelsAndProgramsAreTakenAsAsked) {
+    MidiOptions options;
+    options.channels[3] = 10;
+    options.programs[3] = 33;
+    const MidiNotes notes = notes_of(block("i3 = 5 0 -1", "16000", "60"), options);
+    EXPECT_EQ(notes.tracks[0].channel, 10);
+    EXPECT_EQ(notes.tracks[0].program, 33);
+}
+
+// "c4" is key 60, however the pitch is written.
+TEST(MidiNotes, MiddleCIsKeySixty) {
+    for (const char* pitch : {"no c4", "op 8.00", "60", "8.00", "261.6256"}) {
+        const MidiNotes notes = notes_of(block("i1 = 5 0 -1", "16000", pitch));
+        ASSERT_EQ(notes.tracks[0].notes.size(), 1U) << pitch;
+        EXPECT_EQ(notes.tracks[0].notes[0].key, 60) << pitch;
+    }
+}
+
+TEST(MidiNotes, ThePitchIsWhereTheOutputTypeSaysOrTheOptions) {
+    const std::string score = "i1 = 5 0 -1 {\np2 1\np3 1\np4(hz) no a4\np5 80\n}\n";
+    EXPECT_EQ(notes_of(score).tracks[0].notes[0].key, 69);
+    MidiOptions options;
+    options.roles = {5, 4};
+    EXPECT_EQ(notes_of(score, options).tracks[0].notes[0].key, 80);
+}
+
+// 127 / 32767 of the amplitude, as with -m: 16000 is 62.01.
+TEST(MidiNotes, AmplitudesAreVelocitiesAsWithTheFirstBlock) {
+    const MidiNotes notes = notes_of(block("i1 = 5 0 -4", "32767 16000 200 0", "60 61 62 63"));
+    ASSERT_EQ(notes.tracks[0].notes.size(), 4U);
+    EXPECT_EQ(notes.tracks[0].notes[0].velocity, 127);
+    EXPECT_EQ(notes.tracks[0].notes[1].velocity, 62);
+    EXPECT_EQ(notes.tracks[0].notes[2].velocity, 1);
+    EXPECT_EQ(notes.tracks[0].notes[3].velocity, 1);  // 0 would end the note
+    EXPECT_TRUE(notes.remarks.empty());
+}
+
+// The loudest is 127; 20 decibels less are 127 / sqrt(10) = 40.2.
+TEST(MidiNotes, DecibelsAreScaledByTheLoudestAndItIsSaid) {
+    const MidiNotes notes = notes_of(block("i1 = 5 0 -2", "80 60", "60 62"));
+    EXPECT_EQ(notes.tracks[0].notes[0].velocity, 127);
+    EXPECT_EQ(notes.tracks[0].notes[1].velocity, 40);
+    ASSERT_EQ(notes.remarks.size(), 1U);
+    EXPECT_NE(notes.remarks[0].find("80 decibels"), std::string::npos);
+}
+
+TEST(MidiNotes, OneTempoMakesBeatsTheTicks) {
+    const MidiNotes notes = notes_of("te(90)\n" + block("i1 = 5 2 -3", "16000", "60 62 64"));
+    EXPECT_EQ(notes.tempo, 90);
+    EXPECT_EQ(notes.tracks[0].notes[0].start, 2U * TICKS_PER_QUARTER);
+    EXPECT_EQ(notes.tracks[0].notes[2].start, 4U * TICKS_PER_QUARTER);
+}
+
+TEST(MidiNotes, AMovingTempoCountsSecondsAndSaysSo) {
+    const MidiNotes notes = notes_of("te(0 4 60 120 f)\n" + block("i1 = 5 0 -3", "16000", "60 62 64"));
+    EXPECT_EQ(notes.tempo, 60);
+    ASSERT_EQ(notes.remarks.size(), 1U);
+    EXPECT_NE(notes.remarks[0].find("counts seconds"), std::string::npos);
+    EXPECT_EQ(notes.tracks[0].notes[1].start, 1U * TICKS_PER_QUARTER);  // a beat at 60
+}
+
+TEST(MidiNotes, AKeyStruckAgainEndsThereAndTheLongerEndStays) {
+    const MidiNotes notes =
+        notes_of("i1 = 5 0 -2 {\np2 1\np3 1004 1001\np4 16000\np5 60\n}\n");  // 0..4 and 1..2
+    ASSERT_EQ(notes.tracks[0].notes.size(), 2U);
+    EXPECT_EQ(notes.tracks[0].notes[0].end, 1U * TICKS_PER_QUARTER);
+    EXPECT_EQ(notes.tracks[0].notes[1].end, 4U * TICKS_PER_QUARTER);
+    EXPECT_EQ(notes.remarks.size(), 1U);
+}
+
+TEST(MidiNotes, WhatIsNoKeyIsLeftOutAndCounted) {
+    const MidiNotes notes = notes_of(block("i1 = 5 0 -3", "16000", "-1 60 -5"));
+    EXPECT_EQ(notes.tracks[0].notes.size(), 1U);
+    ASSERT_EQ(notes.remarks.size(), 1U);
+    EXPECT_EQ(notes.remarks[0].substr(0, 7), "2 notes");
+}
+
+TEST(MidiNotes, RestsAndSkippedBlocksHaveNoNotes) {
+    const MidiNotes notes = notes_of(
+        "i-2 = 5 0 -1 { p2 1 p3 1 p4 1 p5 60 }\ni1 = 5 0 -3 {\np2 1 -1 1\np3 1 1 -1\np4 9000\np5 60\n}\n");
+    ASSERT_EQ(notes.tracks.size(), 1U);
+    EXPECT_EQ(notes.tracks[0].notes.size(), 1U);
+}
+
+// Two notes of the same key, one behind the other: the end of the first comes first.
+TEST(MidiBytes, AnEndGoesBeforeABeginningOfTheSameTick) {
+    const std::string bytes = midi_bytes(notes_of(block("i1 = 5 0 -2", "32767", "60")), "t");
+    const std::string on("\x90\x3c\x7f", 3);
+    const std::string off("\x80\x3c\x40", 3);
+    const std::string quarter("\x83\x60", 2);  // 480
+    EXPECT_NE(
+        bytes.find(std::string("\x00", 1) + on + quarter + off + std::string("\x00", 1) + on + quarter + off),
+        std::string::npos);
+}
+
+TEST(MidiBytes, AScoreWithoutNotesIsAWholeFile) {
+    const std::string bytes = midi_bytes(notes_of("> f1 0 8 10 1\n"), "empty");
+    EXPECT_EQ(bytes.substr(0, 14), std::string("MThd\0\0\0\6\0\1\0\1\1\xe0", 14));
+    EXPECT_EQ(bytes.substr(bytes.size() - 4), std::string("\0\xff\x2f\0", 4));
+}
+
+}  // namespace
+
+}  // namespace vorn::kit::test
