@@ -32,6 +32,7 @@ QUICK = [
         "part.inc": b"#define COUNT #3#\n#include |inner/more.inc|\n> a line\n",
         "inner/more.inc": b"#const BEATS ~[2 + 1]\n"}),
 ]
+# None draws from a set marked "*" by SE: without memory for its marks it repeats elements, untold, on purpose.
 FURTHER = [
     case_of_folder("preproc_includes/nested", ALL_FILES),
     case_of_folder("midi_runs/log", "-m -l run.log in.vorn out.mid"),
@@ -42,7 +43,7 @@ FURTHER = [
     case_of_folder("driver_log/error", ALL_FILES),
     case_of_folder("generators_statement/every_function", "-t " + ALL_FILES),
     case_of_folder("examples/clockwork", ALL_FILES),
-    case_of_folder("examples/midi_bells", "-m -x run.exp in.vorn out.mid"),
+    case_of_folder("examples/midi_chorale", "-m -x run.exp in.vorn out.mid"),
     case_of_folder("pieces/waltz", ALL_FILES),
     case_of_folder("pieces/machine", "in.vorn out.sco"),
     case_of_text("many events", "i1 = 5 0 -60000 {\np2 .01\np3 1\np4 ra(-60000 1 [1 2])\np5 9\n}\n", ALL_FILES),

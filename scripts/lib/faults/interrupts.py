@@ -13,6 +13,7 @@ START = 0.01  # seconds in which a run opens its files
 
 IGNORED = {signal.SIGCHLD, signal.SIGCONT, signal.SIGURG, signal.SIGWINCH, signal.SIGXFSZ}
 STOPPING = {signal.SIGSTOP, signal.SIGTSTP, signal.SIGTTIN, signal.SIGTTOU}
+LASTING = (IGNORED | STOPPING) - {signal.SIGXFSZ}  # which ends a run that has not yet begun to ignore it
 # They tell that the program is broken, so it does nothing more, and nothing runs behind the last.
 LEAVING = {signal.SIGILL, signal.SIGTRAP, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGSEGV,
            signal.SIGSYS, signal.SIGKILL}
@@ -45,7 +46,7 @@ def faults(seconds, seed):
         for moment in (chance.uniform(0, START), chance.uniform(0, seconds), chance.uniform(0, seconds)):
             yield Fault(kind_of(number), f"{signal.strsignal(number)} after {moment:.4f} s",
                         {"disturb": sending(number, moment)}, may_leave=number in LEAVING,
-                        ends_by=0 if number in IGNORED | STOPPING else int(number))
+                        ends_by=0 if number in LASTING else int(number))
 
 
 def planned(program, seed):

@@ -9,7 +9,8 @@ from faults import runs
 # Every message that a run may end with when its machine fails it.
 TOLD = re.compile(r'ERROR: Can\'t (open|write) ".*"\.\n|ERROR: Can\'t open temporary file\n'
                   r"|ERROR: Ouch! Can't open the temporary file \(huh\?\)\.\n|ERROR: .*Yikes, (out of|not enough) memory.*\n"
-                  r'|ERROR: Line \d+:Premature end-of-file!\n|Bad include file name: ".*"\n')
+                  r'|ERROR: Line \d+:(Premature end-of-file!|misplaced "<" \(or memory error\)\.)\n'
+                  r'|Bad include file name: ".*"\n')
 TEMPORARY_NAME = re.compile(r'"[^"]*/vorn[A-Za-z0-9]{6}"')
 
 NO_EFFECT = "no effect"
