@@ -1,5 +1,6 @@
 #include "blocks/commands.h"
 
+#include <array>
 #include <iterator>
 
 #include "blocks/block_state.h"
@@ -68,6 +69,23 @@ constexpr ChainEntry ENTRIES[] = {
     {'d', 0},  {'e', 2},  {'h', 3},  {'i', 5},  {'m', 6},  {'n', 8},  {'o', 9},
     {'p', 11}, {'s', 12}, {'r', 15}, {'t', 21}, {'x', 23}, {'b', 24},
 };
+
+// A link's name begins with the letter of the last entry up to it.
+struct LinkName {
+    char text[2];
+};
+
+constexpr std::array<LinkName, std::size(CHAIN)> make_names() {
+    std::array<LinkName, std::size(CHAIN)> names = {};
+    for (const ChainEntry& entry : ENTRIES) {
+        for (auto link = static_cast<std::size_t>(entry.link); link < names.size(); ++link) {
+            names[link] = {{entry.first, CHAIN[link].second}};
+        }
+    }
+    return names;
+}
+
+constexpr std::array<LinkName, std::size(CHAIN)> NAMES = make_names();
 
 constexpr std::int32_t MAX_SUFFIX_DIGIT = 7;
 
@@ -155,6 +173,13 @@ bool get_command(int& code, const char* text, std::int32_t& pos) {
         return read_suffix(link->suffix, text, pos);
     }
     return true;
+}
+
+std::string_view command_name(int code) {
+    for (std::size_t link = 0; link < NAMES.size(); ++link) {
+        if (CHAIN[link].code == code) return {NAMES[link].text, std::size(NAMES[link].text)};
+    }
+    return {};
 }
 
 bool is_gcommand(const char* text, std::int32_t pos) {

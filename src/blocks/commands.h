@@ -28,4 +28,7 @@ inline constexpr std::string_view OUTPUT_SPECIFIERS = "bnindbhzodopretrxx";
 // Whether an output specifier starts at pos.
 [[nodiscard]] bool is_output_specifier(const char* text, std::int32_t pos);
 
+// The name of a command or type of two letters; empty for the other codes.
+[[nodiscard]] std::string_view command_name(int code);
+
 }  // namespace vorn

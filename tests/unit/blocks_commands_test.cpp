@@ -54,6 +54,12 @@ TEST_F(Commands, EveryNameHasItsCode) {
     }
 }
 
+TEST_F(Commands, EveryCodeHasItsName) {
+    for (const Named& command : EVERY_COMMAND) EXPECT_EQ(command_name(command.code), command.name);
+    EXPECT_EQ(command_name(CODE_DIRECT), "");
+    EXPECT_EQ(command_name(NO_COMMAND), "");
+}
+
 TEST_F(Commands, LettersOfEitherCase) {
     EXPECT_EQ(read("RD"), CODE_RD);
     EXPECT_EQ(read("Rd"), CODE_RD);
