@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+#include "input/observer.h"
+
+// Messages that the engine gives without a number are told apart by their words.
+
+namespace vorn::kit {
+
+// The code of a message without a number: "Einclude", "Wtempo"; of words that are not
+// known "Eother" or "Wother". The text is as RunMessage has it.
+[[nodiscard]] std::string_view unnumbered_code(Severity severity, std::string_view text);
+
+}  // namespace vorn::kit
