@@ -40,7 +40,7 @@ p4 60 62 64 }
               "That copy was written and could then not be read again: "
               "something has removed it or taken its rights away.",
      .cure = "Run Vorn once more, or let TMPDIR name a folder of your own.",
-     .unprovoked = "It depends on the disk, not on what the score says."},
+     .unprovoked = "No score can show this: it depends on the disk, not on what the score says."},
     {.code = "E11",
      .cause = "Behind the `i` of a block stands its instrument, a whole number from -32768 to 32767. "
               "Here stands something else: a name, a plus sign or a number too large.",
@@ -126,7 +126,7 @@ p3 1 }
      .cause = "The score could not be read to its end, since the disk reported an error. "
               "What had been read until then may well be right.",
      .cure = "Copy the score to another disk, and look whether the copy is complete.",
-     .unprovoked = "It takes a disk that fails while it is read."},
+     .unprovoked = "No score can show this: it takes a disk that fails while it is read."},
     {.code = "E34",
      .cause = "The number of the instrument is followed by `=`, and something else stands there. "
               "An instrument number has no decimals, so that a `.` leads here as well.",

@@ -10,7 +10,7 @@ constexpr Explanation TABLE[] = {
     {.code = "E113",
      .cause = "A word that begins like `#endif` was read as one and is another.",
      .cure = "Write `#endif`, alone on its line.",
-     .unprovoked = "Vorn looks for the whole word before it reads it, so that no score gets this far."},
+     .unprovoked = "Vorn looks for the whole word before it reads it, so that no score can show this."},
     {.code = "E114",
      .cause = "Behind `#if` its value follows in parentheses, without a blank between. "
               "Here stands something else. "

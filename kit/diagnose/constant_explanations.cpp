@@ -22,7 +22,7 @@ i1 = 4, 0, 4 { p2 1  p3 1  p4 ~ROOT ~FIFTH }
     {.code = "E102",
      .cause = "The machine has no memory left for another constant.",
      .cure = "Close other programs and try again.",
-     .unprovoked = "It takes a machine whose memory is used up."},
+     .unprovoked = "No score can show this: it takes a machine whose memory is used up."},
     {.code = "E103",
      .cause = "The value of a constant is a number, another constant or an equation. "
               "Here a macro is called, and on such a line macros are not expanded.",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,31 +17,29 @@
 namespace vorn::kit {
 
 struct Explanation {
-    std::string_view code;        // "E27", "W10", "Einclude", "L1"
-    std::string_view title = {};  // empty: the engine's words for the number
-    std::string_view cause;       // what is wrong and what probably happened
-    std::string_view cure;        // what to write
-    std::string_view score = {};  // a score that provokes the code; empty: none can, see `unprovoked`
-    std::string_view cured = {};  // the same score without the mistake; may be empty
+    std::string_view code;             // "E27", "W10", "Einclude", "L1"
+    std::string_view title = {};       // empty: the engine's words for the number
+    std::string_view cause;            // what is wrong and what probably happened
+    std::string_view cure;             // what to write; empty for a reserved number
+    std::string_view score = {};       // a score that provokes the code; empty: none can, see `unprovoked`
+    std::string_view cured = {};       // the same score without the mistake; may be empty
     std::string_view unprovoked = {};  // why no score shows it
 };
 
 using ExplanationTable = std::span<const Explanation>;
 
-// The explanation of a code as code_in_full() writes it; null when there is none.
-[[nodiscard]] const Explanation* find_explanation(std::string_view code);
+// The explanation of a code as code_in_full() writes it. A number that the engine keeps
+// and nothing raises is explained as such; `code` must then outlive what is returned.
+[[nodiscard]] std::optional<Explanation> find_explanation(std::string_view code);
 
-// All of them, errors first, each kind by number and then by name.
-[[nodiscard]] std::vector<const Explanation*> all_explanations();
+// All but those: errors first, then warnings, each kind by number and then by name.
+[[nodiscard]] std::vector<Explanation> all_explanations();
 
 // The message in a line: the engine's words for a number, the title otherwise.
 [[nodiscard]] std::string title_of(const Explanation& explanation);
 
-// A code as people type it, in the form of the tables: "e27" and "27" are "E27".
+// A code as people type it, in the form of the tables: "e27", "27" and "[E27]" are "E27".
 [[nodiscard]] std::string code_in_full(std::string_view typed);
-
-// Whether the engine keeps a text for this number that nothing raises.
-[[nodiscard]] bool is_reserved(std::string_view code);
 
 // The few codes that come nearest to one that does not exist, by number or by letters.
 [[nodiscard]] std::vector<std::string> nearest_codes(std::string_view code);

@@ -1,5 +1,8 @@
 #include "kit/diagnose/from_messages.h"
 
+#include "kit/diagnose/plain_words.h"
+#include "kit/diagnose/unnumbered.h"
+
 // The engine's messages as diagnostics: the same words, at the place in the
 // composer's own file.
 
@@ -8,17 +11,8 @@ namespace vorn::kit {
 namespace {
 
 std::string code_of(const RunMessage& message) {
+    if (message.number == 0) return std::string(unnumbered_code(message.severity, message.text));
     return (message.severity == Severity::ERROR ? "E" : "W") + std::to_string(message.number);
-}
-
-// Line ends within a text are layout of the terminal that it was made for.
-std::string on_one_line(const std::string& text) {
-    std::string line;
-    for (const char c : text) {
-        const bool doubled = (c == ' ' || c == '\n') && !line.empty() && line.back() == ' ';
-        if (!doubled) line += c == '\n' ? ' ' : c;
-    }
-    return line;
 }
 
 Diagnostic from_message(const RunMessage& message) {

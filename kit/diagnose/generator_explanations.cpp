@@ -64,7 +64,8 @@ p2 1  p3 1
 p4 no se(T 1 [c4 e4 g4]) }
 )"},
     {.code = "E40",
-     .cause = "A generator begins with its time, and here stands something else: perhaps a `t` in lower case.",
+     .cause =
+         "A generator begins with its time, and here stands something else: perhaps a `t` in lower case.",
      .cure = "Write a number of beats, a minus and a number of events, or `T` for the whole block: "
              "`ra(8 ...`, `ra(-5 ...`, `ra(T ...`.",
      .score = R"(i1 = 4, 0, 4 {

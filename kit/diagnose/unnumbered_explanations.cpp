@@ -8,7 +8,7 @@ namespace {
 
 constexpr Explanation TABLE[] = {
     {.code = "Ebar",
-     .title = "Include filename must be preceded by a |.",
+     .title = "The name of an include file stands without bars",
      .cause = "The name of an include file stands between two bars. "
               "Behind `#include` another character comes first.",
      .cure = "Write `#include |drums.vorn|`, on a line of its own.",
@@ -17,7 +17,7 @@ i1 = 3, 0, 4 {
 p2 1  p3 1 }
 )"},
     {.code = "Ebeats",
-     .title = "Maximum number of beats = 10000",
+     .title = "A block is too long",
      .cause = "The block is longer than 10000 beats. "
               "Perhaps the numbers of the header are in another order: how many p-fields, the first beat, "
               "the length.",
@@ -31,7 +31,7 @@ p2 1
 p3 1 }
 )"},
     {.code = "Eblank",
-     .title = "A p-field is blank",
+     .title = "A p-field has no value",
      .cause = "A statement ends without having given a value. "
               "It is empty or has settings only, or the block has no room for any: "
               "a block of 0 beats has no event.",
@@ -60,13 +60,13 @@ i1 = 4, 0, 4 {
 p2 1  p3 1  p4 ~ROOT }
 )"},
     {.code = "Eendless",
-     .title = "A device or pipe has more than 100000000 characters",
+     .title = "A text does not end",
      .cause = "The score or one of its include files is no file of a certain length, "
-              "but goes on and on. Vorn stops reading it at this limit.",
+              "but goes on and on. Vorn stops reading it after 100,000,000 characters.",
      .cure = "Save the text as a file first. A file may have any length.",
-     .unprovoked = "It depends on where the text comes from, not on what it says."},
+     .unprovoked = "No score can show this: it depends on where the text comes from, not on what it says."},
     {.code = "Einclude",
-     .title = "Bad include file name",
+     .title = "An include file cannot be read",
      .cause = "The file between the bars cannot be read: it is not there, or may not be opened. "
               "Its name is looked up in the folder in which the command runs, "
               "and not beside the score, unless `--relative` asks for that.",
@@ -76,11 +76,11 @@ i1 = 3, 0, 4 {
 p2 1  p3 1 }
 )"},
     {.code = "Elong",
-     .title = "A name or the body of a macro has more than 4095 characters",
+     .title = "A name or the body of a macro is too long",
      .cause = "Mostly the `#` that ends the body of a macro is missing, "
               "so that much of the score was taken for the body.",
      .cure = "Write the `#` where the body ends. Divide a body that is really so long.",
-     .unprovoked = "It takes more than 4095 characters, and so a longer score than can be shown here."},
+     .unprovoked = "It takes more than 4095 characters, which are too many to be shown here."},
     {.code = "Emacro",
      .title = "There is no macro of this name",
      .cause = "A `$` and a name stand for the body of a macro, and no line above defines it. "
@@ -97,13 +97,14 @@ i1 = 4, 0, 4 {
 p2 1  p3 1  p4 $ROOT }
 )"},
     {.code = "Enames",
-     .title = "You can't use a filename multiple times!",
+     .title = "Two files of a run are the same",
      .cause = "Two of the files that a run reads and writes are the same one. "
               "Writing it would destroy what is still to be read.",
      .cure = "Give each file a name of its own, and include no file that the run writes.",
-     .unprovoked = "It depends on the names of the files, not on what the score says."},
+     .unprovoked =
+         "No score can show this: it depends on the names of the files, not on what the score says."},
     {.code = "Enesting",
-     .title = "Too many embedded include files! (Max = 12)",
+     .title = "There are too many include files",
      .cause = "A run opens at most 12 files, the score among them, whether they stand inside each other or "
               "side by side. Mostly a file includes itself, directly or by way of another one.",
      .cure = "Take out the include that leads back. If there really are so many files, join some of them.",
@@ -112,20 +113,20 @@ i1 = 3, 0, 4 {
 p2 1  p3 1 }
 )"},
     {.code = "Eopen",
-     .title = "Can't open a file",
+     .title = "A file cannot be opened",
      .cause = "A file of the run cannot be opened, or not be read to its end. "
               "It may be misspelt, be a folder, or have no right for you to use it.",
      .cure = "Look at the name, and from which folder it is counted.",
-     .unprovoked = "It depends on the files, not on what the score says."},
+     .unprovoked = "No score can show this: it depends on the files, not on what the score says."},
     {.code = "Eother",
      .title = "An error of which nothing more is known",
      .cause = "The message says all there is.",
      .cure = "Look at the place that it names.",
      .unprovoked = "No message is known that would be told so."},
     {.code = "Epath",
-     .title = "Include filename has exceeded maximum length of 255 characters.",
-     .cause = "Mostly the second bar behind the name of the include file is missing, "
-              "so that the score was taken for the name.",
+     .title = "The name of an include file is too long",
+     .cause = "The name between the bars has more than 255 characters. "
+              "Mostly the second bar is missing, so that the score was taken for the name.",
      .cure = "Write the second bar: `#include |drums.vorn|`.",
      .score = R"(#include |drums.vorn
 ; The drums play throughout. Above them stand two voices, of which the second
@@ -135,7 +136,7 @@ i1 = 5, 0, 16 { p2 1  p3 1  p4 no c4 d e f g  p5 db 70 }
 i2 = 5, 8, 8 { p2 .5  p3 1  p4 no c4 d e f g  p5 db 70 }
 )"},
     {.code = "Epfields",
-     .title = "Bad number of p-fields (3 - 128)",
+     .title = "A block has too few or too many p-fields",
      .cause = "The first number behind the `=` says how many p-fields the block has, from 3 to 128. "
               "P1, the instrument, counts, and each block has at least P2 and P3, its starts and durations. "
               "Perhaps the numbers of the header are in another order.",
@@ -149,24 +150,24 @@ p2 1
 p3 1 }
 )"},
     {.code = "Etemporary",
-     .title = "Can't make the temporary file",
+     .title = "The temporary file cannot be made",
      .cause = "Vorn keeps a copy of the score while it runs, in the folder that the environment variable "
               "TMPDIR names, or else in /tmp. That folder is not there, is full, or may not be written to. "
               "Its name may also be too long.",
      .cure = "Let TMPDIR name a folder of your own.",
-     .unprovoked = "It depends on the disk, not on what the score says."},
+     .unprovoked = "No score can show this: it depends on the disk, not on what the score says."},
     {.code = "Eusage",
      .title = "The command line of vorn is not complete",
      .cause = "`vorn` takes options and then exactly two names, of the score and of what is written. "
               "An option is unknown, or a name is missing.",
      .cure = "Write `vorn piece.vorn piece.sco`. `vorn` alone lists the options.",
-     .unprovoked = "It is about the command line, not about the score."},
+     .unprovoked = "No score can show this: it is about the command line, not about the score."},
     {.code = "Ewrite",
-     .title = "Can't write a file",
+     .title = "A file cannot be written to its end",
      .cause = "What the run yields could not be written to its end. Mostly the disk is full. "
               "What has been written is not complete.",
      .cure = "Make room on the disk, or write to another one.",
-     .unprovoked = "It depends on the disk, not on what the score says."},
+     .unprovoked = "No score can show this: it depends on the disk, not on what the score says."},
     {.code = "Wother",
      .title = "A warning of which nothing more is known",
      .cause = "The message says all there is.",
