@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "input/message_table.h"
+#include "kit/diagnose/explanation.h"
+#include "kit/diagnose/from_messages.h"
+#include "tests/kit/table_sources.h"
+
+// Every message that can occur is explained, and the score of each explanation
+// does provoke it.
+
+namespace vorn::kit {
+namespace {
+
+constexpr int HIGHEST_NUMBER = 1000;
+const std::set<int> RESERVED_ERRORS = {4, 10, 31, 56, 83, 90, 92, 93, 94, 95, 101, 154, 200};
+const std::set<int> RESERVED_WARNINGS = {23, 25};
+
+// One that no short score provokes, which its explanation says.
+const std::set<std::string_view> UNPROVOKED = {"E9",     "E33",    "E102",  "E113",   "Eendless",
+                                               "Elong",  "Enames", "Eopen", "Eother", "Etemporary",
+                                               "Eusage", "Ewrite", "Wother"};
+
+ScoreRun run_score_text(std::string_view text) {
+    test::TableSources sources{{"score.vorn", std::string(text)}};
+    return run_score("score.vorn", {}, sources);
+}
+
+std::vector<std::string> codes_of(const ScoreRun& run) {
+    std::vector<std::string> codes;
+    for (const Diagnostic& diagnostic : from_messages(run)) codes.push_back(diagnostic.code);
+    return codes;
+}
+
+bool has(const std::vector<std::string>& codes, std::string_view code) {
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
+}
+
+std::string first_error(const std::vector<std::string>& codes) {
+    for (const std::string& code : codes) {
+        if (code[0] == 'E') return code;
+    }
+    return {};
+}
+
+void expect_explained(const char* kind, const char* (*text_of)(int), const std::set<int>& reserved) {
+    int explained = 0;
+    for (int number = 1; number <= HIGHEST_NUMBER; ++number) {
+        if (std::string_view(text_of(number)) == text_of(0)) continue;
+        const std::string code = kind + std::to_string(number);
+        const std::optional<Explanation> explanation = find_explanation(code);
+        ASSERT_TRUE(explanation) << code;
+        EXPECT_EQ(explanation->cure.empty(), reserved.contains(number)) << code;
+        EXPECT_EQ(explanation->title, "") << code;
+        ++explained;
+    }
+    EXPECT_GT(explained, 15);
+}
+
+TEST(Explanations, CoverEveryNumberThatIsNotReserved) {
+    expect_explained("E", error_text, RESERVED_ERRORS);
+    expect_explained("W", warning_text, RESERVED_WARNINGS);
+}
+
+TEST(Explanations, ReservedNumbersSayThatNothingRaisesThem) {
+    for (const char* const code : {"E4", "E83", "E200", "W23"}) {
+        EXPECT_NE(find_explanation(code)->cause.find("nothing raises it"), std::string_view::npos) << code;
+    }
+    EXPECT_FALSE(find_explanation("E1"));
+    EXPECT_FALSE(find_explanation("E1000"));
+    EXPECT_FALSE(find_explanation("L4"));
+    EXPECT_FALSE(find_explanation("E"));
+    EXPECT_FALSE(find_explanation(""));
+}
+
+TEST(Explanations, ScoresProvokeTheirCode) {
+    for (const Explanation& explanation : all_explanations()) {
+        if (explanation.score.empty()) continue;
+        const ScoreRun run = run_score_text(explanation.score);
+        const std::vector<std::string> codes = codes_of(run);
+        if (explanation.code[0] == 'E') {
+            EXPECT_EQ(first_error(codes), explanation.code) << explanation.score;
+            EXPECT_EQ(run.status, 1) << explanation.code;
+        } else {
+            EXPECT_TRUE(has(codes, explanation.code)) << explanation.code << "\n" << explanation.score;
+        }
+    }
+}
+
+TEST(Explanations, MendedScoresAreWell) {
+    int mended = 0;
+    for (const Explanation& explanation : all_explanations()) {
+        if (explanation.cured.empty()) continue;
+        const ScoreRun run = run_score_text(explanation.cured);
+        const std::vector<std::string> codes = codes_of(run);
+        EXPECT_EQ(run.status, 0) << explanation.code << "\n" << explanation.cured;
+        EXPECT_FALSE(has(codes, explanation.code)) << explanation.code << "\n" << explanation.cured;
+        EXPECT_NE(explanation.cured, explanation.score) << explanation.code;
+        ++mended;
+    }
+    EXPECT_GT(mended, 100);
+}
+
+TEST(Explanations, SayWhyNoScoreIsShown) {
+    std::set<std::string_view> unprovoked;
+    for (const Explanation& explanation : all_explanations()) {
+        EXPECT_NE(explanation.score.empty(), explanation.unprovoked.empty()) << explanation.code;
+        if (explanation.score.empty()) unprovoked.insert(explanation.code);
+    }
+    EXPECT_EQ(unprovoked, UNPROVOKED);
+}
+
+TEST(Explanations, AreWholeSentences) {
+    for (const Explanation& explanation : all_explanations()) {
+        EXPECT_TRUE(explanation.cause.ends_with('.')) << explanation.code;
+        EXPECT_TRUE(explanation.cure.ends_with('.')) << explanation.code;
+        EXPECT_EQ(explanation.cause.find("  "), std::string_view::npos) << explanation.code;
+        EXPECT_FALSE(title_of(explanation).empty()) << explanation.code;
+        EXPECT_EQ(title_of(explanation).find('\n'), std::string::npos) << explanation.code;
+    }
+}
+
+TEST(Explanations, AreListedByKindThenNumberThenName) {
+    const std::vector<Explanation> all = all_explanations();
+    std::vector<std::string_view> codes;
+    for (const Explanation& explanation : all) codes.push_back(explanation.code);
+    EXPECT_EQ((std::set<std::string_view>(codes.begin(), codes.end()).size()), codes.size());
+    const auto place = [&](std::string_view code) { return std::find(codes.begin(), codes.end(), code); };
+    EXPECT_EQ(codes.front(), "E3");
+    EXPECT_LT(place("E9"), place("E11"));
+    EXPECT_LT(place("E500"), place("Ebar"));
+    EXPECT_LT(place("Ewrite"), place("W1"));
+    EXPECT_EQ(codes.back(), "Wtempo");
+}
+
+TEST(Explanations, TitlesAreTheEnginesWordsOnOneLine) {
+    EXPECT_EQ(title_of(*find_explanation("E27")), "Data is out of bounds.");
+    EXPECT_EQ(title_of(*find_explanation("E49")), "Multiple ':'s!");
+    EXPECT_EQ(title_of(*find_explanation("E115")),
+              "\"#if\" Statement expects a floating-point value within ()s.");
+    EXPECT_EQ(title_of(*find_explanation("E114")),
+              "Error in \"#if\" Statement. (N.B. #if and #endif must be isolated to their own lines with no "
+              "other data than whitespace.)");
+}
+
+TEST(Explanations, CodesAreReadAsPeopleTypeThem) {
+    EXPECT_EQ(code_in_full("27"), "E27");
+    EXPECT_EQ(code_in_full("e27"), "E27");
+    EXPECT_EQ(code_in_full("[W10]"), "W10");
+    EXPECT_EQ(code_in_full("einclude"), "Einclude");
+    EXPECT_EQ(code_in_full("EINCLUDE"), "Einclude");
+    EXPECT_EQ(code_in_full("l1"), "L1");
+    EXPECT_EQ(code_in_full(""), "");
+    EXPECT_EQ(code_in_full("[]"), "");
+}
+
+TEST(Explanations, NearestCodesAreThoseOfLikeNumbersOrLetters) {
+    using Codes = std::vector<std::string>;
+    EXPECT_EQ(nearest_codes("E66"), (Codes{"E65", "E64", "E63"}));
+    EXPECT_EQ(nearest_codes("W17"), (Codes{"W15", "W19", "W14"}));
+    EXPECT_EQ(nearest_codes("Einculde"), Codes{"Einclude"});
+    EXPECT_EQ(nearest_codes("E9999"), Codes{});
+    EXPECT_EQ(nearest_codes("Xylophone"), Codes{});
+    EXPECT_EQ(nearest_codes(""), Codes{});
+}
+
+}  // namespace
+}  // namespace vorn::kit
