@@ -1,7 +1,9 @@
 #include "kit/command/vornkit.h"
 
+#include <cstdio>
 #include <memory>
 
+#include "kit/command/console.h"
 #include "kit/command/subcommands.h"
 
 // The command line: one application, one subcommand a task. A wrong use is told
@@ -34,6 +36,9 @@ int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outco
     }
 }
 
+// Whether all that went to standard output has arrived there.
+bool is_output_written() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
+
 }  // namespace
 
 int run_vornkit(int argc, const char* const* argv) {
@@ -43,7 +48,10 @@ int run_vornkit(int argc, const char* const* argv) {
     app.footer("Example: vornkit check piece.vorn");
     app.require_subcommand(1);
     for (const AddSubcommand add : SUBCOMMANDS) add(app, outcome);
-    return parse(app, argc, argv, outcome);
+    const int status = parse(app, argc, argv, outcome);
+    if (status == static_cast<int>(Outcome::WRONG_USE) || is_output_written()) return status;
+    complain("cannot write all to standard output");
+    return static_cast<int>(Outcome::WRONG_USE);
 }
 
 }  // namespace vorn::kit

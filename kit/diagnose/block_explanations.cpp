@@ -114,8 +114,8 @@ p2 1  p3 1 }
      .cause = "The block asks for more events than a score can hold: at most 50,000,000, and at most "
               "400,000,000 values, which are its events times its p-fields. "
               "Mostly a length or a number of repeats has some digits too many. "
-              "A loop within which nothing can be repeated is refused in these words, too. "
-              "Only then may the memory of the machine really be used up.",
+              "A loop that a generator fills may hold 100,000,000. "
+              "A block below these limits has used up the memory of the machine.",
      .cure = "Look at the length of the block and at what repeats in it. "
              "A very long piece can be divided into several blocks.",
      .score = R"(i1 = 40, 0, -50000000 {

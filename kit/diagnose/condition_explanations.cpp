@@ -14,7 +14,7 @@ constexpr Explanation TABLE[] = {
     {.code = "E114",
      .cause = "Behind `#if` its value follows in parentheses, without a blank between. "
               "Here stands something else. "
-              "Any other word that begins with `#i` and is not `#include` leads to this message, too.",
+              "Another word that begins with `#i` leads to this message, too.",
      .cure = "Write `#if(1)`, alone on its line.",
      .score = R"(#if (1)
 i1 = 3, 0, 4 { p2 1  p3 1 }

@@ -72,9 +72,8 @@ p5 ex(T 1 [p4 / 2]) }
 )"},
     {.code = "E60",
      .cause = "The equation divides by a p-field, and in one of the events that p-field is 0.",
-     .cure =
-         "Keep the 0 out of that p-field, or add something before dividing: the equation is computed from "
-         "left to right.",
+     .cure = "Keep the 0 out of that p-field, or divide by another one that is computed from it: "
+             "after `p5 ex(T 1 [p4 + 1])` p6 may divide by p5.",
      .score = R"(i1 = 5, 0, 4 {
 p2 1  p3 1  p4 60 0
 p5 ex(T 1 [10 / p4]) }

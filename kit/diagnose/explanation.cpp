@@ -1,9 +1,9 @@
 #include "kit/diagnose/explanation.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
-#include <iterator>
 #include <tuple>
 
 #include "input/message_table.h"
@@ -25,6 +25,13 @@ constexpr std::size_t MAX_NUMBERS_APART = 10;
 constexpr std::size_t MAX_LETTERS_APART = 3;
 constexpr std::size_t FAR_APART = 1000;
 constexpr std::string_view KINDS = "EWL";  // in the order in which they are listed
+
+auto tables() {
+    return std::array{block_explanations(),    statement_explanations(), generator_explanations(),
+                      equation_explanations(), tempo_explanations(),     macro_explanations(),
+                      constant_explanations(), condition_explanations(), unnumbered_explanations(),
+                      warning_explanations()};
+}
 
 // "E27" -> 27; NO_NUMBER for "Einclude".
 int number_of(std::string_view code) {
@@ -71,8 +78,10 @@ std::size_t distance_between(std::string_view a, std::string_view b) {
 }  // namespace
 
 std::optional<Explanation> find_explanation(std::string_view code) {
-    for (const Explanation& explanation : all_explanations()) {
-        if (explanation.code == code) return explanation;
+    for (const ExplanationTable table : tables()) {
+        for (const Explanation& explanation : table) {
+            if (explanation.code == code) return explanation;
+        }
     }
     if (!words_of(code).empty()) return reserved(code);
     return std::nullopt;
@@ -80,12 +89,7 @@ std::optional<Explanation> find_explanation(std::string_view code) {
 
 std::vector<Explanation> all_explanations() {
     std::vector<Explanation> all;
-    for (const ExplanationTable table :
-         {block_explanations(), statement_explanations(), generator_explanations(), equation_explanations(),
-          tempo_explanations(), macro_explanations(), constant_explanations(), condition_explanations(),
-          unnumbered_explanations(), warning_explanations()}) {
-        std::copy(table.begin(), table.end(), std::back_inserter(all));
-    }
+    for (const ExplanationTable table : tables()) all.insert(all.end(), table.begin(), table.end());
     std::sort(all.begin(), all.end(),
               [](const Explanation& a, const Explanation& b) { return rank(a) < rank(b); });
     return all;

@@ -169,8 +169,7 @@ p4 60 64 67 }
     {.code = "E61",
      .cause = "`ho` holds one value for a time. "
               "Behind that value something else than its `)` follows.",
-     .cure = "Write `ho(T 60)`. `ho` has no weight: that a `1` stands before the value is a habit from the "
-             "other generators.",
+     .cure = "Write the time and the value: `ho(T 60)`. Unlike the other generators `ho` has no weight.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
 p4 ho(T 1 60) }

@@ -159,6 +159,7 @@ p4 60 }
               "A statement reads plain numbers (`re`) until it names another input type, "
               "so that a letter is refused. "
               "Under `in`, a value begins with a digit or a sign. "
+              "`P3` and `I1` are taken for values, since `p` and `i` are written in lower case. "
               "A new block or a `te` is refused in these words while the block above is still open. "
               "So is the 51st tempo of a score; there are at most 50.",
      .cure = "Name the input type before the values: `no` for note names, `op` for octave and pitch "

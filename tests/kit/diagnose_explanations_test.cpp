@@ -3,9 +3,16 @@
 #include <algorithm>
 #include <set>
 
+#include "blocks/iblock_header.h"
+#include "generators/s2.h"
 #include "input/message_table.h"
+#include "input/reader.h"
 #include "kit/diagnose/explanation.h"
 #include "kit/diagnose/from_messages.h"
+#include "output/event_list.h"
+#include "output/tempo_map.h"
+#include "output/value_queue.h"
+#include "preproc/includes.h"
 #include "tests/kit/table_sources.h"
 
 // Every message that can occur is explained, and the score of each explanation
@@ -164,6 +171,38 @@ TEST(Explanations, NearestCodesAreThoseOfLikeNumbersOrLetters) {
     EXPECT_EQ(nearest_codes("E9999"), Codes{});
     EXPECT_EQ(nearest_codes("Xylophone"), Codes{});
     EXPECT_EQ(nearest_codes(""), Codes{});
+}
+
+// "50000000" as "50,000,000", from six digits on.
+std::string as_written(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t at = digits.size() - 3; number >= 100'000 && at > 0 && at < digits.size(); at -= 3) {
+        digits.insert(at, ",");
+    }
+    return digits;
+}
+
+TEST(Explanations, TellTheLimitsOfTheEngine) {
+    const std::pair<const char*, std::uint64_t> limits[] = {
+        {"E27", MAX_TEMPOS},
+        {"E32", MAX_EVENTS},
+        {"E32", MAX_VALUES},
+        {"E32", MAX_QUEUED},
+        {"E35", MAX_PFIELD_COUNT},
+        {"E39", MAX_SET_ELEMENTS},
+        {"E45", MAX_QUEUED},
+        {"E89", LINE_SIZE - 1},
+        {"Ebeats", MAX_BEATS},
+        {"Eendless", MAX_ENDLESS_LENGTH},
+        {"Enesting", MAX_INCLUDE_FILES},
+        {"Epath", MAX_INCLUDE_NAME},
+        {"Epfields", MAX_PFIELD_COUNT},
+    };
+    for (const auto& [code, limit] : limits) {
+        const Explanation explanation = *find_explanation(code);
+        const std::string text = std::string(explanation.cause) + " " + std::string(explanation.cure);
+        EXPECT_NE(text.find(" " + as_written(limit)), std::string::npos) << code << " " << as_written(limit);
+    }
 }
 
 }  // namespace
