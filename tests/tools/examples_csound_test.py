@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """Every example under examples/ that an orchestra belongs to is turned into a score,
 which a real Csound then performs without a word of complaint. The orchestra is
-<name>.orc beside <name>.vorn, or <name>.csd, whose <CsScore> is filled with the
-score. An example without an orchestra must be one for MIDI, that is, its case in
-tests/cases/examples/ must have the option -m."""
+<name>.orc beside <name>.vorn. An example without an orchestra must be one for MIDI,
+that is, its case in tests/cases/examples/ must have the option -m."""
 
 import os
 import pathlib
@@ -31,20 +30,6 @@ def make_score(example, score):
     return [] if result.returncode == 0 else [f"{example} is refused:\n{result.stderr}"]
 
 
-def performance_of(example, score, work):
-    """The arguments that let Csound perform the score, or nothing."""
-    orchestra, template = example.with_suffix(".orc"), example.with_suffix(".csd")
-    if orchestra.exists():
-        return [orchestra, score]
-    if not template.exists():
-        return []
-    whole = work / template.name
-    filled = re.sub(r"(<CsScore>).*?(</CsScore>)", lambda found: found[1] + "\n" + score.read_text() + found[2],
-                    template.read_text(), flags=re.DOTALL)
-    whole.write_text(filled)
-    return [whole]
-
-
 def is_for_midi(example):
     arguments = pathlib.Path("tests/cases/examples") / example.stem / "args"
     return arguments.exists() and any(word.startswith("-m") for word in arguments.read_text().split())
@@ -61,14 +46,13 @@ def uneven_events(example, score):
 
 
 def complaints(example, work):
-    score = work / "score.sco"
+    score, orchestra = work / "score.sco", example.with_suffix(".orc")
     wrong = make_score(example, score) or uneven_events(example, score)
-    if wrong or (is_for_midi(example) and not example.with_suffix(".orc").exists()):
+    if wrong or (is_for_midi(example) and not orchestra.exists()):
         return wrong
-    performance = performance_of(example, score, work)
-    if not performance:
+    if not orchestra.exists():
         return [f"{example} has no orchestra and is not for MIDI"]
-    result = run("csound", "-n", "-d", "-m7", *performance)
+    result = run("csound", "-n", "-d", "-m7", orchestra, score)
     said = CONTROL.sub("", result.stdout + result.stderr)
     wrong = [f"{example}: {line.strip()}" for line in said.splitlines()
              if COMPLAINT.search(line) and not HARMLESS.match(line)]
