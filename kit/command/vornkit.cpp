@@ -24,7 +24,8 @@ public:
 
 using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
-constexpr AddSubcommand SUBCOMMANDS[] = {add_check, add_explain, add_midi};  // in the order of the help
+constexpr AddSubcommand SUBCOMMANDS[] = {add_check, add_explain, add_midi,
+                                         add_watch};  // in the order of the help
 
 int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outcome) {
     try {

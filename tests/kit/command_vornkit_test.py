@@ -5,7 +5,7 @@ import unittest
 
 from vornkit import VORNKIT, CommandTest
 
-SUBCOMMANDS = ("check", "explain", "midi")
+SUBCOMMANDS = ("check", "explain", "midi", "watch")
 
 
 class Vornkit(CommandTest):

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vorn::kit {
+
+// Tells when files change, appear or vanish, without looking at them again and
+// again: the kernel reports what happens in their folders (inotify).
+class FileWatcher {
+public:
+    FileWatcher();
+    ~FileWatcher();
+    FileWatcher(const FileWatcher&) = delete;
+    FileWatcher& operator=(const FileWatcher&) = delete;
+
+    // The files to be told of from now on; they need not exist, their folders must.
+    // False, with the reason in error(), when the kernel takes no more folders.
+    [[nodiscard]] bool watch(const std::vector<std::string>& names);
+
+    // To be waited for; readable when something happened in a folder.
+    int descriptor() const { return descriptor_; }
+
+    // Takes in what has happened; true when it concerns one of the files.
+    [[nodiscard]] bool take_changes();
+
+    const std::string& error() const { return error_; }
+
+private:
+    bool add(const std::string& path);
+    bool concerns(int folder, const char* name) const;
+
+    int descriptor_;
+    std::map<int, std::set<std::string>> names_;  // by watched folder: names in it
+    std::string error_;
+};
+
+}  // namespace vorn::kit

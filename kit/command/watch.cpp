@@ -1,0 +1,172 @@
+#include <poll.h>
+#include <signal.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "kit/command/background_tasks.h"
+#include "kit/command/console.h"
+#include "kit/command/file_watcher.h"
+#include "kit/command/score_input.h"
+#include "kit/command/subcommands.h"
+
+// vornkit watch: at each change of the score, an included file or the orchestra the
+// mistakes are told at once; then picture and sound are made again in the background,
+// by this same command. A newer change ends what is still being made. With a mistake
+// nothing is made, so the last good outputs stay.
+
+namespace vorn::kit {
+
+namespace {
+
+constexpr int QUIET_TIME = 15;  // milliseconds: a save of several steps is one change
+
+struct WatchArguments {
+    std::string score;
+    std::string orchestra;
+    std::string picture;
+    std::string sound;
+    bool relative = false;
+};
+
+using Task = std::vector<std::string>;
+
+std::string own_program() {
+    char path[4096];
+    const ssize_t size = readlink("/proc/self/exe", path, sizeof path);
+    return size > 0 ? std::string(path, static_cast<std::size_t>(size)) : "vornkit";
+}
+
+std::deque<Task> make_tasks(const WatchArguments& arguments) {
+    std::deque<Task> tasks;
+    if (!arguments.picture.empty()) {
+        tasks.push_back({own_program(), "picture", arguments.score, "-o", arguments.picture});
+    }
+    if (!arguments.sound.empty()) {
+        tasks.push_back({own_program(), "play", arguments.score});
+        if (!arguments.orchestra.empty()) tasks.back().push_back(arguments.orchestra);
+        tasks.back().insert(tasks.back().end(), {"--wav", arguments.sound});
+    }
+    for (Task& task : tasks) {
+        if (arguments.relative) task.push_back("--relative");
+    }
+    return tasks;
+}
+
+// The signals that end the watch or tell of a child, as something to wait for.
+int open_signals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGCHLD}) sigaddset(&signals, number);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    return signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
+}
+
+std::size_t count_events(const ScoreRun& run) {
+    std::size_t count = 0;
+    for (const BlockRecord& block : run.blocks) count += block.events.size();
+    return count;
+}
+
+class Watch {
+public:
+    explicit Watch(const WatchArguments& arguments) : arguments_(arguments) {}
+    Outcome run();
+
+private:
+    bool look();
+    bool wait_for_change();
+    bool take_signals();
+    void let_changes_settle();
+
+    const WatchArguments& arguments_;
+    FileWatcher files_;
+    BackgroundTasks tasks_;
+    int signals_ = -1;
+    bool has_read_ = false;
+};
+
+// Tells what is wrong and begins what is to be made; false when nothing can be watched.
+bool Watch::look() {
+    const ScoreInput input(arguments_.score, arguments_.relative);
+    has_read_ = !input.run().map.files().empty();
+    std::vector<std::string> names = input.sources().names();
+    if (!arguments_.orchestra.empty()) names.push_back(arguments_.orchestra);
+    if (!files_.watch(names)) return false;
+    tasks_.replace(input.is_well() ? make_tasks(arguments_) : std::deque<Task>());
+    if (input.is_well()) {
+        std::printf("%s: %zu events, %.3f seconds\n", arguments_.score.c_str(), count_events(input.run()),
+                    input.run().seconds);
+        std::fflush(stdout);
+    }
+    return true;
+}
+
+// True when the watch is to end.
+bool Watch::take_signals() {
+    signalfd_siginfo signal = {};
+    bool ends = false;
+    while (read(signals_, &signal, sizeof signal) == sizeof signal) {
+        if (signal.ssi_signo != SIGCHLD) ends = true;
+    }
+    tasks_.take_ended();
+    return ends;
+}
+
+void Watch::let_changes_settle() {
+    pollfd files = {files_.descriptor(), POLLIN, 0};
+    while (poll(&files, 1, QUIET_TIME) > 0 && files_.take_changes()) {
+    }
+}
+
+// False when the watch is to end.
+bool Watch::wait_for_change() {
+    for (;;) {
+        pollfd events[] = {{files_.descriptor(), POLLIN, 0}, {signals_, POLLIN, 0}};
+        if (poll(events, 2, -1) < 0) continue;
+        if (events[1].revents != 0 && take_signals()) return false;
+        if (events[0].revents != 0 && files_.take_changes()) {
+            let_changes_settle();
+            return true;
+        }
+    }
+}
+
+Outcome Watch::run() {
+    signals_ = open_signals();
+    bool watching = look();
+    if (watching && !has_read_) return Outcome::WRONG_USE;  // the reason has been told
+    while (watching && wait_for_change()) watching = look();
+    if (!watching) complain(files_.error());
+    return watching ? Outcome::WELL : Outcome::WRONG_USE;
+}
+
+Outcome watch(const WatchArguments& arguments) {
+    if (arguments.score == "-") {
+        complain("standard input does not change; give the score as a file");
+        return Outcome::WRONG_USE;
+    }
+    return Watch(arguments).run();
+}
+
+}  // namespace
+
+void add_watch(CLI::App& app, Outcome& outcome) {
+    CLI::App* const command =
+        app.add_subcommand("watch", "checks, draws and renders a score whenever it is saved");
+    command->footer(
+        "Example: vornkit watch piece.vorn --picture piece.svg\n"
+        "         vornkit watch piece.vorn piece.orc --wav piece.wav\n"
+        "Ends with Ctrl-C.");
+    const auto arguments = std::make_shared<WatchArguments>();
+    command->add_option("SCORE", arguments->score, "the score")->required();
+    command->add_option("ORC", arguments->orchestra, "the orchestra; without it the built-in one");
+    command->add_option("--picture", arguments->picture, "a picture to be kept new: .svg, .png or .html");
+    command->add_option("--wav", arguments->sound, "a sound file to be kept new");
+    command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
+    command->callback([arguments, &outcome] { outcome = watch(*arguments); });
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,110 @@
+"""vornkit watch: what is told when files change, and what stays when a score is wrong."""
+import os
+import pathlib
+import queue
+import signal
+import subprocess
+import threading
+import unittest
+
+from vornkit import VORNKIT, CommandTest
+
+SCORE = "i1 = 5 0 -%d {\np2 1\np3 1\np4 60\np5 9000\n}\n"
+PATIENCE = 60  # seconds; a busy machine is slow, and a watch that misses a change fails
+
+
+class WatchCommand(CommandTest):
+    def start(self, *arguments):
+        """The running watch; self.lines gets what it writes on either stream."""
+        self.lines = queue.Queue()
+        watch = subprocess.Popen([pathlib.Path(VORNKIT).resolve(), "watch", *arguments], cwd=self.folder,
+                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        threading.Thread(target=lambda: [self.lines.put(line) for line in watch.stdout], daemon=True).start()
+        self.addCleanup(watch.stdout.close)
+        self.addCleanup(watch.wait)
+        self.addCleanup(watch.kill)
+        return watch
+
+    def expect(self, said):
+        """Waits for a line that holds `said`; the lines before it are passed over."""
+        while True:
+            try:
+                line = self.lines.get(timeout=PATIENCE)
+            except queue.Empty:
+                self.fail(f"{said!r} was not said")
+            if said in line:
+                return line
+
+    def replace(self, name, text):
+        """As editors do it: a new file takes the place of the old one."""
+        (self.folder / "new").write_text(text)
+        os.replace(self.folder / "new", self.folder / name)
+
+    def test_each_change_is_told(self):
+        self.write("a.vorn", SCORE % 3)
+        watch = self.start("a.vorn")
+        self.assertEqual(self.expect("events"), "a.vorn: 3 events, 3.000 seconds\n")
+        self.write("a.vorn", SCORE % 4)
+        self.expect("4 events")
+        self.replace("a.vorn", SCORE % 5)
+        self.expect("5 events")
+        self.write("a.vorn", SCORE.replace("60", "c4") % 5)
+        self.expect("a.vorn:4:")
+        self.write("a.vorn", SCORE % 6)
+        self.expect("6 events")
+        watch.send_signal(signal.SIGINT)
+        self.assertEqual(watch.wait(PATIENCE), 0)
+
+    def test_an_included_file_counts_also_one_that_is_missing_yet(self):
+        self.write("a.vorn", "#include |inc/part.inc|\n")
+        (self.folder / "inc").mkdir()
+        self.start("a.vorn")
+        self.expect("inc/part.inc")
+        self.write("inc/part.inc", SCORE % 2)
+        self.expect("2 events")
+        self.write("inc/part.inc", SCORE % 7)
+        self.expect("7 events")
+
+    def test_a_score_that_vanishes_and_returns(self):
+        self.write("a.vorn", SCORE % 3)
+        self.start("a.vorn")
+        self.expect("3 events")
+        (self.folder / "a.vorn").unlink()
+        self.expect('"a.vorn"')
+        self.write("a.vorn", SCORE % 8)
+        self.expect("8 events")
+
+    def test_a_link_counts_as_the_file_behind_it(self):
+        self.write("real/a.vorn", SCORE % 3)
+        (self.folder / "b.vorn").symlink_to("real/a.vorn")
+        self.start("b.vorn")
+        self.expect("3 events")
+        self.write("real/a.vorn", SCORE % 4)
+        self.expect("4 events")
+
+    def test_a_change_of_other_files_is_none(self):
+        self.write("a.vorn", SCORE % 3)
+        self.start("a.vorn")
+        self.expect("3 events")
+        self.write("other.vorn", SCORE % 4)
+        self.write("a.vorn", SCORE % 5)
+        self.expect("5 events")
+        self.assertTrue(self.lines.empty())
+
+    def test_what_cannot_be_watched(self):
+        for arguments in (["none.vorn"], ["-"], ["no/such/folder/a.vorn"]):
+            done = self.vornkit("watch", *arguments)
+            self.assertEqual(done.returncode, 2, arguments)
+            self.assertNotEqual(done.stderr, "")
+
+    def test_every_signal_that_ends_it_ends_it_well(self):
+        self.write("a.vorn", SCORE % 3)
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            watch = self.start("a.vorn")
+            self.expect("3 events")
+            watch.send_signal(number)
+            self.assertEqual(watch.wait(PATIENCE), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
