@@ -1,6 +1,7 @@
 # Each bench/*.cpp is one program, bench_<name>. One that includes Google
 # Benchmark is left out where that library is missing; its main is its own or
-# the library's.
+# the library's. One called kit_<name> runs the command vornkit and is left out
+# with it.
 find_package(benchmark QUIET)
 file(GLOB bench_sources CONFIGURE_DEPENDS bench/*.cpp)
 foreach(source ${bench_sources})
@@ -10,6 +11,9 @@ foreach(source ${bench_sources})
         message(STATUS "bench_${name} needs Google Benchmark (libbenchmark-dev): left out")
         continue()
     endif()
+    if(name MATCHES "^kit_" AND NOT TARGET vornkit)
+        continue()
+    endif()
     add_executable(bench_${name} ${source})
     target_link_libraries(bench_${name} PRIVATE vorn_core)
     if(uses_benchmark)
@@ -17,6 +21,10 @@ foreach(source ${bench_sources})
     endif()
     add_dependencies(bench_${name} vorn)
     target_compile_definitions(bench_${name} PRIVATE VORN_PROGRAM="$<TARGET_FILE:vorn>")
+    if(name MATCHES "^kit_")
+        add_dependencies(bench_${name} vornkit)
+        target_compile_definitions(bench_${name} PRIVATE VORNKIT_PROGRAM="$<TARGET_FILE:vornkit>")
+    endif()
     set_target_properties(bench_${name} PROPERTIES INTERPROCEDURAL_OPTIMIZATION
         "${ipo_supported}" RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bench)
 endforeach()

@@ -21,6 +21,7 @@ target_compile_options(vorn_kit PRIVATE -fno-exceptions -fno-rtti)
 
 # What the command is made of is a library, too, so that tests can link it.
 add_library(vorn_kit_command STATIC ${kit_command_sources})
-target_link_libraries(vorn_kit_command PUBLIC vorn_kit PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json)
+find_package(Threads REQUIRED)
+target_link_libraries(vorn_kit_command PUBLIC vorn_kit PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json Threads::Threads)
 add_executable(vornkit kit/command/main.cpp)
 target_link_libraries(vornkit PRIVATE vorn_kit_command)

@@ -1,5 +1,10 @@
 #include "kit/command/score_input.h"
 
+#include <unistd.h>
+
+#include <optional>
+
+#include "kit/command/progress.h"
 #include "kit/diagnose/from_messages.h"
 #include "kit/diagnose/text_form.h"
 
@@ -7,10 +12,17 @@
 
 namespace vorn::kit {
 
+// Whoever types a score at the terminal needs the line that progress would take.
+ScoreRun ScoreInput::run(const std::string& argument, const RunOptions& options) {
+    std::optional<Progress> progress;
+    if (argument != "-" || isatty(STDIN_FILENO) == 0) progress.emplace("reading " + argument);
+    return run_score(source_name(argument), options, sources_);
+}
+
 ScoreInput::ScoreInput(const std::string& argument, bool relative) {
     RunOptions options;
     options.relative = relative;
-    run_ = run_score(source_name(argument), options, sources_);
+    run_ = run(argument, options);
     for (const Diagnostic& diagnostic : from_messages(run_)) {
         if (diagnostic.level == Level::ERROR) std::fputs(text_form(diagnostic, run_.map).c_str(), stderr);
     }

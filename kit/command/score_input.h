@@ -12,11 +12,14 @@ class ScoreInput {
 public:
     ScoreInput(const std::string& argument, bool relative);
 
+    bool is_found() const { return !run_.map.files().empty(); }
     bool is_well() const { return run_.status == 0; }
     const ScoreRun& run() const { return run_; }
     const SystemSources& sources() const { return sources_; }
 
 private:
+    ScoreRun run(const std::string& argument, const RunOptions& options);
+
     SystemSources sources_;
     ScoreRun run_;
 };

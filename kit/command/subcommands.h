@@ -16,6 +16,7 @@ enum class Outcome : int {
 
 void add_check(CLI::App& app, Outcome& outcome);
 void add_explain(CLI::App& app, Outcome& outcome);
+void add_events(CLI::App& app, Outcome& outcome);
 void add_midi(CLI::App& app, Outcome& outcome);
 void add_watch(CLI::App& app, Outcome& outcome);
 

@@ -24,8 +24,10 @@ public:
 
 using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
-constexpr AddSubcommand SUBCOMMANDS[] = {add_check, add_explain, add_midi,
-                                         add_watch};  // in the order of the help
+// In the order of the help.
+constexpr AddSubcommand SUBCOMMANDS[] = {
+    add_check, add_explain, add_events, add_midi, add_watch,
+};
 
 int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outcome) {
     try {

@@ -45,6 +45,21 @@ bool is_same(const RunMessage& a, const RunMessage& b) {
            a.span.begin == b.span.begin && a.place.line == b.place.line && a.text == b.text;
 }
 
+std::size_t count_events(const ListNode* tail) {
+    std::size_t count = 1;
+    for (const ListNode* event = tail->next; event != tail; event = event->next) ++count;
+    return count;
+}
+
+// Room for exactly as many: growing would need half as much again.
+void reserve_events(EventTable& table, std::size_t count, std::size_t columns) {
+    table.start.reserve(count);
+    table.exact_start.reserve(count);
+    table.duration.reserve(count);
+    table.beat.reserve(count);
+    table.values.reserve(count * columns);
+}
+
 void append_event(EventTable& table, const ListNode& event, double exact_start, std::size_t columns) {
     table.start.push_back(event.start);
     table.exact_start.push_back(exact_start);
@@ -154,6 +169,7 @@ void Recorder::on_header(const LinePlace&) {
 // counts, as in the engine.
 void Recorder::sum_intervals(const ListNode* tail) {
     if (tail == nullptr) return;
+    starts_.reserve(count_events(tail));
     starts_.push_back({tail->next, tail->next->start});
     double interval = std::fabs(tail->next->dur);
     for (const ListNode* event = tail->next; event != tail;) {
@@ -169,6 +185,7 @@ void Recorder::sum_intervals(const ListNode* tail) {
 // the one before them.
 void Recorder::copy_events(BlockRecord& block, const ListNode* tail) const {
     if (tail == nullptr) return;
+    reserve_events(block.events, count_events(tail), block.columns());
     std::size_t next = 0;
     const ListNode* event = tail;
     do {

@@ -23,6 +23,8 @@ has_package() {
         librsvg2-bin) command -v rsvg-convert ;;
         timgm6mb-soundfont) [ -f /usr/share/sounds/sf2/TimGM6mb.sf2 ] ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
+        python3-jsonschema) /usr/bin/python3 -c 'import jsonschema' ;;
+        python3-pandas) /usr/bin/python3 -c 'import pandas' ;;
         python3-mido) /usr/bin/python3 -c 'import mido' ;;
         *) command -v "$1" ;;
     esac >/dev/null 2>&1

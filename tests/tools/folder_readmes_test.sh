@@ -4,7 +4,7 @@ set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 status=0
 for folder in src/*/ kit/*/; do
-    files=$(cd "$folder" && ls -- *.h *.cpp 2>/dev/null | sed 's/\.[a-z]*$//' | sort -u)
+    files=$(cd "$folder" && ls -- *.h *.cpp *.json 2>/dev/null | sed 's/\.[a-z]*$//' | sort -u)
     named=$(grep -E '^\| *`' "$folder/README.md" | cut -d'|' -f2 | grep -oE '`[^`]+`' |
         tr -d '`' | sed 's/\.[a-z]*$//' | sort -u)
     if [ -z "$files" ] || ! diff --label "${folder}README.md" --label "$folder" -U0 \
