@@ -162,6 +162,13 @@ TEST_F(Header, Brace) {
     for (const char* text : {"i3=5 0 4}", "i3=5 0 4 p2 1", "i3=5 0 4"}) EXPECT_EQ(read(text), 30) << text;
 }
 
+TEST_F(Header, MistakesOfTheNextLineComeFirst) {
+    const int DIVISION = 59;
+    for (const char* text : {"i", "i3", "i3=", "i3=5", "i3=5 0", "i3=5 0 4", "i-1", "i-1{;"}) {
+        EXPECT_EQ(read(std::string(text) + "\n~[1/0]"), DIVISION) << text;
+    }
+}
+
 TEST_F(Header, HeaderInsideABlockReplacesItsArrays) {
     EXPECT_EQ(read("i1=6 0 4{"), 0);
     RE_FW[0] = 7;
