@@ -7,6 +7,7 @@
 #include <string>
 
 #include "driver/reset.h"
+#include "input/errors.h"
 #include "output/durations.h"
 #include "output/event_list.h"
 #include "output/output_file.h"
@@ -139,6 +140,14 @@ TEST(BlockOutput, TheConductorTrackLastsAsTheListBehindItsConversion) {
     EXPECT_EQ(blocks.read_one(), 0);
     EXPECT_NE(vorn::test::midi_dump(blocks.written()).find("1920 +1920 end of track\n"), std::string::npos);
     EXPECT_NE(blocks.told.find("\n\n4 events generated in block #1 (i1).\n"), std::string::npos);
+}
+
+// Two notes take two events more than are left.
+TEST(BlockOutput, NotesWithoutRoomForTheirEndsAreOutOfMemory) {
+    Blocks blocks("i1 = 5 0 2 {\np2 1\np3 1\np4 16000\np5 60 }\n", true);
+    vorn::event_nodes = vorn::MAX_EVENTS - 3;
+    EXPECT_EQ(blocks.read_one(), vorn::error::OUT_OF_MEMORY);
+    EXPECT_EQ(blocks.number, 1);
 }
 
 }  // namespace

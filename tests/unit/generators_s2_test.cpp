@@ -177,6 +177,20 @@ TEST_F(DoS2, ChordsAddFusedEvents) {
     EXPECT_FALSE(statement.block_full);
 }
 
+TEST_F(DoS2, OutOfEventsOrOfQueuedValues) {
+    begin_values(2);
+    event_nodes = MAX_EVENTS;
+    EXPECT_EQ(run_S2("(T 1 [60'64])"), error::OUT_OF_MEMORY);
+    EXPECT_EQ(column(4), Values({60, 0}));
+
+    FreeListNodes(note_list);
+    begin_values(2);
+    IN_LOOP = 1;
+    queued_values = MAX_QUEUED;
+    EXPECT_EQ(run_S2("(T 1 [60])"), error::OUT_OF_MEMORY);
+    EXPECT_EQ(column(4), Values({60, 0}));
+}
+
 // n is 2 elements whatever their size; EVENTS and EVENT_NO rise together.
 TEST_F(DoS2, RaisesEventsAndEventNoPerExtraWhileNWasFixedBefore) {
     begin_values(4);
