@@ -1,6 +1,7 @@
 #include "output/arena.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <cstdint>
 #include <cstring>
@@ -76,3 +77,18 @@ TEST_F(ArenaTest, ReleasingAnEmptyArenaDoesNothing) {
     arena_release(arena);
     EXPECT_EQ(arena.newest, nullptr);
 }
+
+#ifdef __GLIBC__
+TEST_F(ArenaTest, ReleasingGivesAllMemoryBack) {
+    const auto held = [] {
+        const struct mallinfo2 all = mallinfo2();
+        return all.uordblks + all.hblkhd;
+    };
+    const std::size_t before = held();
+    for (std::size_t taken = 0; taken < 3 * vorn::ARENA_CHUNK_SIZE; taken += vorn::ARENA_LARGEST) {
+        ASSERT_NE(arena_allocate(arena, vorn::ARENA_LARGEST), nullptr);
+    }
+    arena_release(arena);
+    EXPECT_EQ(held(), before);
+}
+#endif
