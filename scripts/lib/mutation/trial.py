@@ -29,11 +29,16 @@ class Trial:
             return NOT_COMPILED
         if not self.build.link(LIBRARY, changed, os.path.join(self.scratch, LIBRARY)):
             return NOT_COMPILED
-        for test in in_order(all_tests(self.build.folder), self.name):
+        for test in self.tests():
             program = self.test_program(test)
             if program is None or not passes(program, self.top, self.scratch, self.scratch):
                 return f"killed by {test}"
         return SAME_CODE if self.is_same_code() else SURVIVES
+
+    def tests(self):
+        """All, but for the first those that must be built anew for it behind the others."""
+        first, *others = in_order(all_tests(self.build.folder), self.name)
+        return [first] + sorted(others, key=lambda test: bool(self.build.dependents(self.name, test)))
 
     def write(self, text):
         path = os.path.join(self.scratch, "src", self.name)
