@@ -640,6 +640,14 @@ TEST_F(GetListStats, CountsAndMeasures) {
     EXPECT_EQ(stats.beats, 2.0);
 }
 
+TEST_F(GetListStats, BeginsWithNothing) {
+    const vorn::ListStats fresh;
+    EXPECT_EQ(fresh.duration, 0.0);
+    EXPECT_EQ(fresh.beats, 0.0);
+    EXPECT_EQ(fresh.end_time, 0.0);
+    EXPECT_EQ(fresh.count, 0U);
+}
+
 TEST_F(GetListStats, EndTimeIsTheLargestNotTheLast) {
     insert(1.0F);
     insert(1.0F);
