@@ -5,6 +5,8 @@
 
 #include "input/errors.h"
 #include "output/event_list.h"
+#include "preproc/equation.h"
+#include "preproc/preprocessor.h"
 
 // Places are looked up as soon as they are told, while the line that they lie in is
 // the current one; what is told later of an earlier line goes through the splices
@@ -96,9 +98,34 @@ void Recorder::on_source(const SourceSpan& span) {
     run_.map.add_span(open_files_.back(), span.copy_offset, span.file_offset);
 }
 
-void Recorder::on_line(const SourceLine& line) { run_.map.add_line(line.length); }
+void Recorder::on_line(const SourceLine& line) {
+    run_.map.add_line(line.length);
+    run_.expanded.add_line({line.text, line.length}, !in_if0());
+}
 
-void Recorder::on_splice(const Splice& splice) { run_.map.add_splice(splice); }
+// Computes an equation once more, from the line as it still stands. One that draws
+// is left alone: it would draw again.
+void Recorder::note_equation(const Splice& splice) {
+    const std::string line(run_.expanded.last_line());
+    if (static_cast<std::size_t>(splice.end) > line.size()) return;
+    if (line.substr(0, static_cast<std::size_t>(splice.end))
+            .find('?', static_cast<std::size_t>(splice.start)) != std::string::npos)
+        return;
+    std::int32_t pos = splice.start + 1;  // behind the "~"
+    double value = 0;
+    if (parse_vequation(value, line.c_str(), pos, WatchedLine(splice.line)) != 0) return;
+    equation_ = {{splice.line, splice.start}, value};
+}
+
+void Recorder::on_splice(const Splice& splice) {
+    if (splice.kind == SpliceKind::EQUATION) note_equation(splice);
+    if (splice.kind == SpliceKind::CONSTANT) {
+        const auto constant = constants_.find(splice.name);
+        if (constant != constants_.end()) ++run_.constants[constant->second].calls;
+    }
+    run_.map.add_splice(splice);
+    run_.expanded.apply(splice);
+}
 
 void Recorder::place_message(RunMessage& record, const Message& message) const {
     record.place = message.place;
@@ -145,7 +172,15 @@ void Recorder::on_setting(const Setting& setting) {
 }
 
 void Recorder::on_constant(const ConstantDefinition& constant) {
-    run_.constants.push_back({constant.name, constant.value, span_between(constant.begin, constant.end)});
+    ConstantRecord record;
+    record.name = constant.name;
+    record.value = constant.value;
+    record.span = span_between(constant.begin, constant.end);
+    const bool by_equation =
+        equation_.begin.line == constant.begin.line && equation_.begin.pos == constant.begin.pos;
+    record.exact_value = by_equation ? equation_.value : constant.value;
+    constants_.emplace(record.name, run_.constants.size());
+    run_.constants.push_back(std::move(record));
 }
 
 void Recorder::on_macro(const MacroDefinition& macro) {
@@ -153,14 +188,15 @@ void Recorder::on_macro(const MacroDefinition& macro) {
 }
 
 void Recorder::on_tempo(const TempoDef& tempo, int index, const LinePlace& begin) {
-    run_.tempos.push_back({tempo, index, run_.map.find(begin)});
+    run_.tempos.push_back({tempo, index, run_.map.find(begin), run_.blocks.size()});
 }
 
 void Recorder::on_direct_line(const char* text, const LinePlace& begin) {
     run_.direct_lines.push_back({text, run_.map.find(begin), run_.blocks.size()});
 }
 
-void Recorder::on_header(const LinePlace&) {
+void Recorder::on_header(const LinePlace& begin) {
+    header_ = begin;
     fields_.clear();
     starts_.clear();
 }
@@ -201,6 +237,9 @@ void Recorder::on_pfield(const PfieldStatement& statement) {
     field.number = statement.number;
     field.input_type = statement.input_type;
     field.statement = run_.map.find(statement.begin);
+    field.begin = statement.begin;
+    field.end = statement.end;
+    field.event_count = statement.count;
     fields_.push_back(field);
     if (statement.number == 2 && options_.keep_events) sum_intervals(statement.events);
 }
@@ -212,6 +251,8 @@ void Recorder::on_block(const Block& block) {
     record.is_skipped = block.instrument < 0;
     record.header = run_.map.find(block.begin);
     record.end = run_.map.find(block.end);
+    record.header_place = header_;
+    record.end_place = block.end;
     if (!record.is_skipped) {
         record.start_beat = block.start_beat;
         record.start_seconds = block.start_seconds;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <unordered_map>
+
 #include "kit/run/score_run.h"
 
 namespace vorn::kit {
@@ -32,17 +35,27 @@ private:
         double seconds;
     };
 
+    // What an equation amounts to where its text now stands.
+    struct EquationValue {
+        LinePlace begin;
+        double value;
+    };
+
     std::string resolve(const std::string& name) const;
     FileSpan span_between(const LinePlace& begin, std::int32_t end) const;
     void sum_intervals(const ListNode* tail);
     void copy_events(BlockRecord& block, const ListNode* tail) const;
+    void note_equation(const Splice& splice);
     void place_message(RunMessage& record, const Message& message) const;
 
     ScoreRun& run_;
     const RunOptions& options_;
     Sources& sources_;
-    int opened_ = -1;              // the file that was opened last
-    std::vector<int> open_files_;  // by depth: the file that is copied there
+    int opened_ = -1;                                         // the file that was opened last
+    std::vector<int> open_files_;                             // by depth: the file that is copied there
+    EquationValue equation_ = {};                             // the one expanded last
+    std::unordered_map<std::string, std::size_t> constants_;  // index by name
+    LinePlace header_;                                        // read last
     // Of the block that is being read:
     std::vector<FieldRecord> fields_;
     std::vector<ExactStart> starts_;  // of the events that P2 has made, in their order

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "kit/run/expanded_text.h"
 #include "kit/run/source_map.h"
 #include "kit/run/sources.h"
 #include "output/tempo_map.h"
@@ -32,7 +33,10 @@ struct FieldRecord {
     int output_type = 0;
     std::uint32_t decimals = 0;
     std::int32_t fft_size = 0;
-    FileSpan statement;  // from the "p" on; file -1: not known
+    FileSpan statement;             // from the "p" on; file -1: not known
+    LinePlace begin;                // of the "p" in the expanded text
+    LinePlace end;                  // of what comes behind the statement
+    std::uint64_t event_count = 0;  // of the block behind the statement
 };
 
 // Events by columns; row n of `values` begins at n * (pfields - 3) and holds P4 and above.
@@ -51,8 +55,10 @@ struct BlockRecord {
     int number = 0;  // as in the score's comment
     int instrument = 0;
     bool is_skipped = false;
-    FileSpan header;  // the "i"
-    FileSpan end;     // behind the "}"
+    FileSpan header;         // the "i"
+    FileSpan end;            // behind the "}"
+    LinePlace header_place;  // in the expanded text; of several headers the last
+    LinePlace end_place;
     float start_beat = 0;
     float start_seconds = 0;
     float length = 0;  // beats, or minus the number of events
@@ -72,6 +78,7 @@ struct TempoRecord {
     TempoDef definition = {};
     int index = 0;  // in the tempo map
     FileSpan span;
+    std::size_t before_block = 0;  // index of the block that follows it
 };
 
 struct DirectLine {
@@ -90,7 +97,9 @@ struct SettingRecord {
 struct ConstantRecord {
     std::string name;
     double value = 0;
-    FileSpan span;  // of the value
+    FileSpan span;            // of the value
+    double exact_value = 0;   // what an equation had yielded before it became a text
+    std::uint64_t calls = 0;  // by name, outside of equations
 };
 
 struct MacroRecord {
@@ -104,6 +113,7 @@ struct ScoreRun {
     int status = 1;      // that of vorn
     double seconds = 0;  // the latest end of any event
     SourceMap map;       // files[0] is the score itself
+    ExpandedText expanded;
     std::vector<RunMessage> messages;
     std::vector<BlockRecord> blocks;
     std::vector<TempoRecord> tempos;  // as they were written

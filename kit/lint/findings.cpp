@@ -1,0 +1,84 @@
+#include "kit/lint/findings.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+
+// A finding knows its place in the expanded text and leads from there to the file,
+// as messages do. A comment on the line of that place may silence it.
+
+namespace vorn::kit {
+
+namespace {
+
+constexpr std::size_t MAX_OF_A_KIND = 200;  // who has more of them needs no further place
+constexpr std::string_view MARK = "vornkit: ignore";
+
+// The line of a file that holds the byte at `at`.
+std::string_view line_around(std::string_view text, std::size_t at) {
+    at = std::min(at, text.size());
+    const std::size_t newline = at == 0 ? std::string_view::npos : text.rfind('\n', at - 1);
+    const std::size_t begin = newline == std::string_view::npos ? 0 : newline + 1;
+    return text.substr(begin, text.find('\n', at) - begin);
+}
+
+bool is_code_character(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
+
+// Whether `code` is one of the words of a list.
+bool is_listed(std::string_view list, std::string_view code) {
+    for (std::size_t at = list.find(code); at != std::string_view::npos; at = list.find(code, at + 1)) {
+        const std::size_t end = at + code.size();
+        const bool begins = at == 0 || !is_code_character(list[at - 1]);
+        if (begins && (end == list.size() || !is_code_character(list[end]))) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string number_text(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.6g", value);
+    return text;
+}
+
+bool Findings::is_silenced(const FileSpan& span) const {
+    if (std::find(options_.ignored.begin(), options_.ignored.end(), code_) != options_.ignored.end())
+        return true;
+    if (span.file < 0) return false;
+    const std::string& text = run_.map.files()[static_cast<std::size_t>(span.file)].text;
+    const std::string_view line = line_around(text, span.begin);
+    const std::size_t comment = line.find(';');
+    if (comment == std::string_view::npos) return false;
+    const std::size_t mark = line.find(MARK, comment);
+    return mark != std::string_view::npos && is_listed(line.substr(mark + MARK.size()), code_);
+}
+
+Diagnostic Findings::at(const FileSpan& span) const {
+    Diagnostic diagnostic;
+    diagnostic.level = Level::LINT;
+    diagnostic.code = code_;
+    diagnostic.span = span;
+    return diagnostic;
+}
+
+Diagnostic Findings::at(const LinePlace& begin, const LinePlace& last) const {
+    std::vector<Expansion> through;
+    FileSpan span = run_.map.find(begin, &through);
+    const FileSpan end = run_.map.find(last);
+    if (end.file == span.file && end.end > span.end) span.end = end.end;
+    Diagnostic diagnostic = at(span);
+    if (through.empty()) return diagnostic;
+    diagnostic.through = std::move(through);
+    diagnostic.expanded_line = run_.expanded.line(begin.line);
+    diagnostic.expanded_pos = begin.pos;
+    return diagnostic;
+}
+
+void Findings::add(Diagnostic diagnostic) {
+    if (is_silenced(diagnostic.span)) return;
+    if (++counts_[code_] > MAX_OF_A_KIND) return;
+    found_.push_back(std::move(diagnostic));
+}
+
+}  // namespace vorn::kit

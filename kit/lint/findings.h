@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "kit/lint/lint.h"
+
+// What the rules have found so far.
+
+namespace vorn::kit {
+
+class Findings {
+public:
+    Findings(const ScoreRun& run, const LintOptions& options) : run_(run), options_(options) {}
+
+    // The code of what is added from here on.
+    void set_code(std::string code) { code_ = std::move(code); }
+
+    // A finding about the expanded text from `begin` to `last`, both included.
+    Diagnostic at(const LinePlace& begin, const LinePlace& last) const;
+    Diagnostic at(const FileSpan& span) const;
+
+    void add(Diagnostic diagnostic);  // unless it is silenced or there are many of its kind
+
+    std::vector<Diagnostic> take() { return std::move(found_); }
+
+private:
+    bool is_silenced(const FileSpan& span) const;
+
+    const ScoreRun& run_;
+    const LintOptions& options_;
+    std::string code_;
+    std::map<std::string, std::size_t> counts_;  // by code
+    std::vector<Diagnostic> found_;
+};
+
+// A number as messages write it: six digits at most, no zeros behind them.
+std::string number_text(double value);
+
+}  // namespace vorn::kit

@@ -1,0 +1,82 @@
+#include "kit/lint/lint.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "kit/lint/rules.h"
+
+// The table of rules, and the walk that asks each of them.
+
+namespace vorn::kit {
+
+namespace {
+
+struct StatementRule {
+    const char* code;
+    void (*find)(const Statement& statement, Findings& findings);
+};
+
+struct RunRule {
+    const char* code;
+    void (*find)(const ScoreRun& run, Findings& findings);
+    bool for_midi = false;
+};
+
+constexpr StatementRule STATEMENT_RULES[] = {
+    {"L1", rules::flats_spelt_with_b},  {"L2", rules::decimal_comma},
+    {"L3", rules::values_run_together}, {"L6", rules::chord_in_start_loop},
+    {"L7", rules::beats_of_last_tempo}, {"L10", rules::setting_behind_loop},
+    {"L11", rules::unclosed_loop},      {"L12", rules::values_dropped},
+};
+
+constexpr RunRule RUN_RULES[] = {
+    {"L4", rules::text_behind_block},
+    {"L5", rules::start_just_before_end},
+    {"L8", rules::blocks_drift},
+    {"L9", rules::digits_lost},
+    {"L13", rules::blocks_behind_first, true},
+    {"L14", rules::beyond_midi_values, true},
+    {"L15", rules::voices_on_one_key, true},
+};
+
+void sort_by_place(std::vector<Diagnostic>& diagnostics) {
+    const auto key = [](const Diagnostic& diagnostic) {
+        return std::tuple(diagnostic.span.file < 0, diagnostic.span.file, diagnostic.span.begin);
+    };
+    std::stable_sort(diagnostics.begin(), diagnostics.end(),
+                     [key](const Diagnostic& a, const Diagnostic& b) { return key(a) < key(b); });
+}
+
+}  // namespace
+
+std::vector<Diagnostic> lint(const ScoreRun& run, const LintOptions& options) {
+    Findings findings(run, options);
+    for_each_statement(run, [&findings](const Statement& statement) {
+        for (const StatementRule& rule : STATEMENT_RULES) {
+            findings.set_code(rule.code);
+            rule.find(statement, findings);
+        }
+    });
+    for (const RunRule& rule : RUN_RULES) {
+        if (rule.for_midi && !options.midi) continue;
+        findings.set_code(rule.code);
+        rule.find(run, findings);
+    }
+    std::vector<Diagnostic> found = findings.take();
+    sort_by_place(found);
+    return found;
+}
+
+void add_lint(std::vector<Diagnostic>& diagnostics, const ScoreRun& run, const LintOptions& options) {
+    for (Diagnostic& found : lint(run, options)) diagnostics.push_back(std::move(found));
+    sort_by_place(diagnostics);
+}
+
+std::vector<std::string> lint_codes() {
+    const std::size_t count = std::size(STATEMENT_RULES) + std::size(RUN_RULES);
+    std::vector<std::string> codes;
+    for (std::size_t number = 1; number <= count; ++number) codes.push_back("L" + std::to_string(number));
+    return codes;
+}
+
+}  // namespace vorn::kit

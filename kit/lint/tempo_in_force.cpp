@@ -1,0 +1,27 @@
+#include "kit/lint/tempo_in_force.h"
+
+#include <algorithm>
+
+#include "output/tempo_map.h"
+
+// A definition counts for the blocks behind it in the text.
+
+namespace vorn::kit {
+
+void restore_tempo_map(const ScoreRun& run, std::size_t index) {
+    reset_tempo_map();
+    for (const TempoRecord& tempo : run.tempos) {
+        if (tempo.before_block > index) break;
+        TEMPO_LIST[tempo.index] = tempo.definition;
+        TOT_TEMPOS = std::max(TOT_TEMPOS, tempo.index + 1);
+    }
+}
+
+bool tempo_moves() {
+    const float first = TEMPO_LIST[0].start_tempo;
+    return std::any_of(TEMPO_LIST, TEMPO_LIST + TOT_TEMPOS, [first](const TempoDef& tempo) {
+        return tempo.start_tempo != first || tempo.end_tempo != first;
+    });
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,228 @@
+#include <algorithm>
+
+#include "blocks/command_codes.h"
+#include "input/characters.h"
+#include "kit/lint/rules.h"
+
+// Values that stand side by side without a blank and are read as several, where one
+// was meant:
+//
+//     bb4      b, and b4          0,5      0, and 5
+//     60-62    60, and -62        1/2      1, and 2
+
+namespace vorn::kit::rules {
+
+namespace {
+
+bool are_adjacent(const Item& a, const Item& b) {
+    return a.end == b.begin && a.in_generator == b.in_generator;
+}
+
+bool may_stand_in_word(const Item& item) {
+    return item.kind == ItemKind::VALUE || item.kind == ItemKind::COMMA || item.kind == ItemKind::SLASH;
+}
+
+// The longest rows of such items without anything between them.
+template <typename Predicate, typename Visit>
+void for_each_row(const Statement& statement, Predicate belongs, Visit visit) {
+    const std::vector<Item>& items = statement.items;
+    for (std::size_t first = 0; first < items.size();) {
+        std::size_t end = first;
+        while (end < items.size() && belongs(items[end]) &&
+               (end == first || are_adjacent(items[end - 1], items[end])))
+            ++end;
+        if (end > first) visit(Items(items).subspan(first, end - first));
+        first = end > first ? end : first + 1;
+    }
+}
+
+Diagnostic place_row(const Statement& statement, Items row, const Findings& findings) {
+    return findings.at(statement.begin_of(row.front()), statement.last_of(row.back()));
+}
+
+// --- flats ---
+
+bool is_note(const Item& item) { return item.kind == ItemKind::VALUE && item.code == CODE_NO; }
+
+// "e", of which more than the letter would say what it is.
+bool is_bare_letter(const std::string& name) { return name.size() == 1 && to_lower(name[0]) != 'r'; }
+
+// "b" or "b4"
+bool is_flat_mark(const std::string& name) {
+    if (name[0] != 'b') return false;
+    for (const char c : name.substr(1)) {
+        if (!is_digit(c)) return false;
+    }
+    return true;
+}
+
+// The number of notes from `first` on that make one flat note: "e" "b4" or "e" "b" "b4"; 0: none.
+std::size_t flat_length(const Statement& statement, Items row, std::size_t first) {
+    if (!is_bare_letter(statement.text(row[first]))) return 0;
+    std::size_t length = 1;
+    for (; length <= 2 && first + length < row.size(); ++length) {
+        const std::string mark = statement.text(row[first + length]);
+        if (!is_flat_mark(mark)) break;
+        if (mark.size() > 1) return length + 1;
+    }
+    return length > 1 ? length : 0;
+}
+
+// A row of nothing but flats, each of them by itself; empty when it is something else.
+std::vector<Items> flats_of(const Statement& statement, Items row) {
+    std::vector<Items> flats;
+    for (std::size_t first = 0; first < row.size();) {
+        const std::size_t length = flat_length(statement, row, first);
+        if (length == 0) return {};
+        flats.push_back(row.subspan(first, length));
+        first += length;
+    }
+    return flats;
+}
+
+// "eb4" as "ef4"
+std::string spelt_with_f(std::string name) {
+    std::replace(name.begin() + 1, name.end(), 'b', 'f');
+    return name;
+}
+
+std::string names_in_words(const Statement& statement, Items flat) {
+    std::string words;
+    for (const Item& item : flat) {
+        if (!words.empty()) words += &item == &flat.back() ? " and " : ", ";
+        words += statement.text(item);
+    }
+    return words;
+}
+
+void add_flat(const Statement& statement, Items flat, Findings& findings) {
+    Diagnostic diagnostic = place_row(statement, flat, findings);
+    const std::string name = statement.text(flat);
+    const std::string cured = spelt_with_f(name);
+    diagnostic.text = "\"" + name + "\" is read as " + std::to_string(flat.size()) + " notes, " +
+                      names_in_words(statement, flat) + ".";
+    diagnostic.advice.push_back("A flat is written with \"f\": " + cured + ".");
+    if (diagnostic.through.empty()) diagnostic.edits.push_back({diagnostic.span, cured});
+    findings.add(std::move(diagnostic));
+}
+
+// --- numbers ---
+
+bool is_number_type(int code) { return code == CODE_RE || code == CODE_IN || code == CODE_DB; }
+
+bool is_whole_number(const std::string& text) {
+    for (const char c : text) {
+        if (!is_digit(c)) return false;
+    }
+    return !text.empty();
+}
+
+// Two whole numbers with `mark` between them and nothing else.
+bool is_pair(const Statement& statement, Items row, ItemKind mark) {
+    return row.size() == 3 && row[0].kind == ItemKind::VALUE && row[1].kind == mark &&
+           row[2].kind == ItemKind::VALUE && is_number_type(row[0].code) &&
+           is_whole_number(statement.text(row[0])) && is_whole_number(statement.text(row[2]));
+}
+
+// Digits behind a point that people write often: of halves, quarters and eighths.
+bool is_common_fraction(const std::string& digits) {
+    for (const char* common : {"5", "25", "75", "125", "375", "625", "875"}) {
+        if (digits == common) return true;
+    }
+    return false;
+}
+
+// "0,5"; of other numbers only a common fraction among values that blanks part.
+bool is_decimal_comma(const Statement& statement, Items row, bool blanks_part) {
+    if (row[0].in_generator || !is_pair(statement, row, ItemKind::COMMA)) return false;
+    const std::string fraction = statement.text(row[2]);
+    if (statement.text(row[0]) == "0") return fraction != "0";
+    return blanks_part && is_common_fraction(fraction);
+}
+
+// Whether values stand side by side with blanks alone between them.
+bool has_blanks_between_values(const Statement& statement) {
+    const std::vector<Item>& items = statement.items;
+    for (std::size_t n = 1; n < items.size(); ++n) {
+        const bool values = items[n - 1].kind == ItemKind::VALUE && items[n].kind == ItemKind::VALUE;
+        if (values && !items[n].in_generator && items[n].begin > items[n - 1].end) return true;
+    }
+    return false;
+}
+
+std::string separation_advice(const std::string& second) {
+    if (second[0] == '-')
+        return "A range is drawn from by a generator, ra(T 1 [60 62]); two values have a blank between them.";
+    if (second[0] == '.') return "A number has one point; two values have a blank between them.";
+    return "Put a blank between two values.";
+}
+
+void add_row(const Statement& statement, Items row, Findings& findings) {
+    Diagnostic diagnostic = place_row(statement, row, findings);
+    diagnostic.text = "\"" + statement.text(row) + "\" is read as " + std::to_string(row.size()) +
+                      " values, " + statement.text(row[0]) + " and " + statement.text(row[1]) +
+                      (row.size() > 2 ? " and so on." : ".");
+    diagnostic.advice.push_back(separation_advice(statement.text(row[1])));
+    findings.add(std::move(diagnostic));
+}
+
+// "1/2": below 1, and of a size that fractions have.
+bool is_fraction(const Statement& statement, Items row) {
+    constexpr float LARGEST_DENOMINATOR = 64;
+    return is_pair(statement, row, ItemKind::SLASH) && row[0].value > 0 && row[0].value < row[2].value &&
+           row[2].value <= LARGEST_DENOMINATOR;
+}
+
+void add_fraction(const Statement& statement, Items row, Findings& findings) {
+    Diagnostic diagnostic = place_row(statement, row, findings);
+    diagnostic.text = "\"" + statement.text(row) + "\" is read as two values, " + statement.text(row[0]) +
+                      " and " + statement.text(row[2]) + "; \"/\" repeats a value.";
+    diagnostic.advice.push_back("Write the fraction as a number, " +
+                                number_text(double{row[0].value} / double{row[2].value}) + ".");
+    findings.add(std::move(diagnostic));
+}
+
+}  // namespace
+
+// Whoever runs other names together, too, knows what that means.
+void flats_spelt_with_b(const Statement& statement, Findings& findings) {
+    std::vector<Items> all;
+    bool others = false;
+    for_each_row(statement, is_note, [&](Items row) {
+        if (row.size() < 2) return;
+        const std::vector<Items> flats = flats_of(statement, row);
+        others = others || flats.empty();
+        all.insert(all.end(), flats.begin(), flats.end());
+    });
+    if (others) return;
+    for (const Items flat : all) add_flat(statement, flat, findings);
+}
+
+void decimal_comma(const Statement& statement, Findings& findings) {
+    const bool blanks_part = has_blanks_between_values(statement);
+    for_each_row(statement, may_stand_in_word, [&](Items row) {
+        if (!is_decimal_comma(statement, row, blanks_part)) return;
+        Diagnostic diagnostic = place_row(statement, row, findings);
+        const std::string whole = statement.text(row[0]);
+        const std::string fraction = statement.text(row[2]);
+        diagnostic.text =
+            "\"" + statement.text(row) + "\" is read as two values, " + whole + " and " + fraction + ".";
+        diagnostic.advice.push_back("A fraction has a point: " + whole + "." + fraction +
+                                    ". Two values are meant: put a blank behind the comma.");
+        findings.add(std::move(diagnostic));
+    });
+}
+
+void values_run_together(const Statement& statement, Findings& findings) {
+    const auto is_numeric = [](const Item& item) {
+        return item.kind == ItemKind::VALUE && item.code != CODE_NO;
+    };
+    for_each_row(statement, is_numeric, [&](Items row) {
+        if (row.size() >= 2) add_row(statement, row, findings);
+    });
+    for_each_row(statement, may_stand_in_word, [&](Items row) {
+        if (is_fraction(statement, row)) add_fraction(statement, row, findings);
+    });
+}
+
+}  // namespace vorn::kit::rules
