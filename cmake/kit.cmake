@@ -25,3 +25,4 @@ find_package(Threads REQUIRED)
 target_link_libraries(vorn_kit_command PUBLIC vorn_kit PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json Threads::Threads)
 add_executable(vornkit kit/command/main.cpp)
 target_link_libraries(vornkit PRIVATE vorn_kit_command)
+install(TARGETS vornkit RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)  # where it was built
