@@ -67,7 +67,7 @@ p6 < .65 .75 .85 >
 /* The wind of the wheels, which turns in whole beats and so falls behind them: a
    breath a beat, and a long one when they have stopped. Its pitch follows the
    start time in seconds, P2; EX can use every p-field given before. */
-i2 = 6, 0, -89 {
+i2 = 6, 0, -89 {                    ; vornkit: ignore L8, it is to fall behind
 p2 1
 p3 rd(.2) 1.5 x88 1006              ; not quite even
 p4 rd(0) mo(T 1 e 54 68)

@@ -30,7 +30,7 @@ auto tables() {
     return std::array{block_explanations(),    statement_explanations(), generator_explanations(),
                       equation_explanations(), tempo_explanations(),     macro_explanations(),
                       constant_explanations(), condition_explanations(), unnumbered_explanations(),
-                      warning_explanations()};
+                      warning_explanations(),  lint_explanations()};
 }
 
 // "E27" -> 27; NO_NUMBER for "Einclude".

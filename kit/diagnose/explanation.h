@@ -32,7 +32,7 @@ using ExplanationTable = std::span<const Explanation>;
 // and nothing raises is explained as such; `code` must then outlive what is returned.
 [[nodiscard]] std::optional<Explanation> find_explanation(std::string_view code);
 
-// All but those: errors first, then warnings, each kind by number and then by name.
+// All but those: errors first, then warnings and lint, each kind by number and then by name.
 [[nodiscard]] std::vector<Explanation> all_explanations();
 
 // The message in a line: the engine's words for a number, the title otherwise.

@@ -16,5 +16,6 @@ namespace vorn::kit {
 [[nodiscard]] ExplanationTable condition_explanations();
 [[nodiscard]] ExplanationTable unnumbered_explanations();
 [[nodiscard]] ExplanationTable warning_explanations();
+[[nodiscard]] ExplanationTable lint_explanations();
 
 }  // namespace vorn::kit

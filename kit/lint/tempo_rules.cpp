@@ -35,7 +35,8 @@ std::optional<float> beat_of_other_tempo(const std::vector<float>& beats, float 
 
 // --- drift ---
 
-constexpr double LEAST_DRIFT = 0.1;   // beats; less is how intervals of different lengths follow a tempo
+constexpr double LEAST_DRIFT =
+    0.25;  // beats, a sixteenth note; intervals of different lengths soon part by less
 constexpr double SAME_BEAT = 0.001;   // beats
 constexpr std::size_t LOOK_BACK = 8;  // blocks
 

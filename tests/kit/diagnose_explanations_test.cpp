@@ -9,6 +9,7 @@
 #include "input/reader.h"
 #include "kit/diagnose/explanation.h"
 #include "kit/diagnose/from_messages.h"
+#include "kit/lint/lint.h"
 #include "output/event_list.h"
 #include "output/tempo_map.h"
 #include "output/value_queue.h"
@@ -37,7 +38,9 @@ ScoreRun run_score_text(std::string_view text) {
 
 std::vector<std::string> codes_of(const ScoreRun& run) {
     std::vector<std::string> codes;
-    for (const Diagnostic& diagnostic : from_messages(run)) codes.push_back(diagnostic.code);
+    std::vector<Diagnostic> diagnostics = from_messages(run);
+    add_lint(diagnostics, run, {.midi = true, .ignored = {}});
+    for (const Diagnostic& diagnostic : diagnostics) codes.push_back(diagnostic.code);
     return codes;
 }
 
@@ -71,13 +74,21 @@ TEST(Explanations, CoverEveryNumberThatIsNotReserved) {
     expect_explained("W", warning_text, RESERVED_WARNINGS);
 }
 
+TEST(Explanations, CoverEveryRuleOfLint) {
+    for (const std::string& code : lint_codes()) {
+        const std::optional<Explanation> explanation = find_explanation(code);
+        ASSERT_TRUE(explanation) << code;
+        EXPECT_FALSE(explanation->score.empty()) << code;
+    }
+}
+
 TEST(Explanations, ReservedNumbersSayThatNothingRaisesThem) {
     for (const char* const code : {"E4", "E83", "E200", "W23"}) {
         EXPECT_NE(find_explanation(code)->cause.find("nothing raises it"), std::string_view::npos) << code;
     }
     EXPECT_FALSE(find_explanation("E1"));
     EXPECT_FALSE(find_explanation("E1000"));
-    EXPECT_FALSE(find_explanation("L4"));
+    EXPECT_FALSE(find_explanation("L99"));
     EXPECT_FALSE(find_explanation("E"));
     EXPECT_FALSE(find_explanation(""));
 }
@@ -139,7 +150,8 @@ TEST(Explanations, AreListedByKindThenNumberThenName) {
     EXPECT_LT(place("E9"), place("E11"));
     EXPECT_LT(place("E500"), place("Ebar"));
     EXPECT_LT(place("Ewrite"), place("W1"));
-    EXPECT_EQ(codes.back(), "Wtempo");
+    EXPECT_LT(place("Wtempo"), place("L1"));
+    EXPECT_EQ(codes.back(), "L15");
 }
 
 TEST(Explanations, TitlesAreTheEnginesWordsOnOneLine) {
