@@ -2,6 +2,7 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
+#include "kit/command/pfield_option.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 #include "kit/midi/midi_bytes.h"
@@ -72,18 +73,6 @@ Outcome write_midi(const MidiArguments& arguments, const MidiOptions& options) {
     return write_file(arguments.output, bytes, error) ? Outcome::WELL : wrong_use(error);
 }
 
-// "p4" or "4"; 0 for something else.
-std::string check_pfield(std::string& text) {
-    const std::string digits = text.substr(0, 1) == "p" ? text.substr(1) : text;
-    const int number =
-        digits.find_first_not_of("0123456789") == std::string::npos && !digits.empty() && digits.size() < 4
-            ? std::stoi(digits)
-            : 0;
-    if (number < 4 || number > 128) return "\"" + text + "\" is no p-field from p4 to p128";
-    text = digits;
-    return {};
-}
-
 Outcome midi(const MidiArguments& arguments) {
     MidiOptions options;
     options.roles = {arguments.pitch, arguments.velocity};
@@ -103,11 +92,11 @@ void add_midi(CLI::App& app, Outcome& outcome) {
         "Example: vornkit midi piece.vorn piece.mid\n"
         "         vornkit midi --pitch p4 --velocity p5 --channel 3=10 --program 1=33 piece.vorn piece.mid");
     const auto arguments = std::make_shared<MidiArguments>();
-    const CLI::Validator pfield(check_pfield, "P-FIELD");
     command->add_option("SCORE", arguments->score, "the score; - is standard input")->required();
     command->add_option("OUT", arguments->output, "the MIDI file; - is standard output")->required();
-    command->add_option("--pitch", arguments->pitch, "the p-field of the pitch")->transform(pfield);
-    command->add_option("--velocity", arguments->velocity, "the p-field of the level")->transform(pfield);
+    command->add_option("--pitch", arguments->pitch, "the p-field of the pitch")->transform(pfield_name());
+    command->add_option("--velocity", arguments->velocity, "the p-field of the level")
+        ->transform(pfield_name());
     command->add_option("--channel", arguments->channels, "instrument=channel, may be repeated")
         ->type_name("I=C");
     command->add_option("--program", arguments->programs, "instrument=program, may be repeated")

@@ -19,5 +19,6 @@ void add_explain(CLI::App& app, Outcome& outcome);
 void add_events(CLI::App& app, Outcome& outcome);
 void add_midi(CLI::App& app, Outcome& outcome);
 void add_watch(CLI::App& app, Outcome& outcome);
+void add_picture(CLI::App& app, Outcome& outcome);
 
 }  // namespace vorn::kit

@@ -1,0 +1,135 @@
+#include "kit/picture/picture.h"
+
+#include <memory>
+
+#include "kit/command/atomic_file.h"
+#include "kit/command/console.h"
+#include "kit/command/pfield_option.h"
+#include "kit/command/process.h"
+#include "kit/command/score_input.h"
+#include "kit/command/subcommands.h"
+#include "kit/picture/page.h"
+
+// vornkit picture: a score as SVG, as PNG or as a page. The ending of the file's
+// name says which. PNG is made of the SVG by rsvg-convert.
+
+namespace vorn::kit {
+
+namespace {
+
+struct PictureArguments {
+    std::string score;
+    std::string output;
+    std::string pitch;
+    int level = 0;
+    bool relative = false;
+    PictureOptions options;
+};
+
+Outcome wrong_use(const std::string& reason) {
+    complain(reason);
+    return Outcome::WRONG_USE;
+}
+
+bool ends_with(const std::string& text, const std::string& ending) {
+    return text.size() >= ending.size() &&
+           text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+// The name without folders.
+std::string name_of(const std::string& score) {
+    return score == "-" ? "standard input" : score.substr(score.rfind('/') + 1);
+}
+
+bool convert_to_png(const std::string& svg, std::string& png) {
+    const ProcessResult done = run_process({"rsvg-convert", "--format", "png"}, svg);
+    png = done.output;
+    if (done.is_missing) complain(how_to_install("rsvg-convert", "librsvg2-bin"));
+    if (!done.is_missing && done.status != 0) complain("rsvg-convert: " + done.errors);
+    return !done.is_missing && done.status == 0;
+}
+
+// False when the bytes could not be made; the reason has been told.
+bool make_picture(const ScoreRun& run, const PictureArguments& arguments, std::string& bytes) {
+    if (ends_with(arguments.output, ".html")) {
+        bytes = picture_page(run, arguments.options);
+        return true;
+    }
+    bytes = picture(run, arguments.options);
+    return !ends_with(arguments.output, ".png") || convert_to_png(bytes, bytes);
+}
+
+Outcome draw(const PictureArguments& arguments) {
+    ScoreInput input(arguments.score, arguments.relative);
+    if (!input.is_well()) return Outcome::REFUSED;
+    if (!may_write(arguments.output, input.sources())) return Outcome::WRONG_USE;
+    std::string bytes;
+    if (!make_picture(input.run(), arguments, bytes)) return Outcome::WRONG_USE;
+    std::string error;
+    return write_file(arguments.output, bytes, error) ? Outcome::WELL : wrong_use(error);
+}
+
+bool is_known_kind(const std::string& output) {
+    return output == "-" || ends_with(output, ".svg") || ends_with(output, ".png") ||
+           ends_with(output, ".html");
+}
+
+Outcome draw_as_asked(PictureArguments arguments) {
+    PictureOptions& options = arguments.options;
+    if (!is_known_kind(arguments.output)) {
+        return wrong_use("\"" + arguments.output + "\" must end with .svg, .png or .html");
+    }
+    if (!(options.view.to > options.view.from)) return wrong_use("--to must lie behind --from");
+    options.view.has_pitch = arguments.pitch != "none";
+    options.view.roles.level = arguments.level;
+    if (options.view.has_pitch && !arguments.pitch.empty())
+        options.view.roles.pitch = std::stoi(arguments.pitch);
+    if (options.title.empty()) options.title = name_of(arguments.score);
+    const bool is_png = ends_with(arguments.output, ".png");
+    if (is_png && options.theme == Theme::AUTOMATIC) options.theme = Theme::LIGHT;
+    return draw(arguments);
+}
+
+// "none", or what names a p-field.
+CLI::Validator pitch_name() {
+    const auto check = [](std::string& text) { return text == "none" ? std::string() : pfield_name()(text); };
+    return {check, "P-FIELD"};
+}
+
+void add_options(CLI::App& command, PictureArguments& arguments) {
+    PictureOptions& options = arguments.options;
+    command.add_option("SCORE", arguments.score, "the score; - is standard input")->required();
+    command
+        .add_option("-o,--output", arguments.output,
+                    "the file: .svg, .png or .html; - is SVG on standard output")
+        ->required();
+    command.add_option("--pitch", arguments.pitch, "the p-field of the pitch, or none")
+        ->transform(pitch_name());
+    command.add_option("--level", arguments.level, "the p-field of the level")->transform(pfield_name());
+    command.add_option("--from", options.view.from, "second at which the picture begins")
+        ->check(CLI::Range(0.0, 1e9));
+    command.add_option("--to", options.view.to, "second at which it ends")->check(CLI::Range(0.0, 1e9));
+    command.add_option("--width", options.width, "width in pixels, 1200 if not given")
+        ->check(CLI::Range(NARROWEST, WIDEST));
+    command.add_option("--title", options.title, "the title, if it is not the score's name");
+    const std::map<std::string, Theme> themes = {{"light", Theme::LIGHT}, {"dark", Theme::DARK}};
+    command
+        .add_option("--theme", options.theme, "light or dark; else as the reader's system has it, PNG light")
+        ->transform(CLI::CheckedTransformer(themes))
+        ->type_name("light|dark");
+    command.add_flag("--relative", arguments.relative, "look includes up beside the including file");
+}
+
+}  // namespace
+
+void add_picture(CLI::App& app, Outcome& outcome) {
+    CLI::App* const command = app.add_subcommand("picture", "draws a score: pitches and p-fields over time");
+    command->footer(
+        "Example: vornkit picture piece.vorn -o piece.svg\n"
+        "         vornkit picture --pitch p4 --from 10 --to 30 --theme dark piece.vorn -o part.png");
+    const auto arguments = std::make_shared<PictureArguments>();
+    add_options(*command, *arguments);
+    command->callback([arguments, &outcome] { outcome = draw_as_asked(*arguments); });
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,121 @@
+#include "kit/picture/scale.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <initializer_list>
+
+// Ticks are multiples of a step, counted as whole numbers, so that no sum of steps
+// drifts away from them. A step is chosen from the room that a label needs.
+
+namespace vorn::kit {
+
+namespace {
+
+constexpr double MINUTE = 60;
+constexpr double SECONDS_IN_MINUTES = 3 * MINUTE;  // longer spans are told in minutes
+constexpr int MOST_TICKS = 1000;
+constexpr double LARGEST_PLAIN = 1e7;
+constexpr double SMALLEST_PLAIN = 1e-6;
+constexpr const char* KEY_NAMES[] = {"c", "cs", "d", "ef", "e", "f", "fs", "g", "af", "a", "bf", "b"};
+
+double first_of(std::initializer_list<double> steps, double least) {
+    for (const double step : steps) {
+        if (step >= least) return step;
+    }
+    return 0;
+}
+
+std::string with_digits(double value, std::chars_format format, int digits) {
+    char text[64];
+    const auto end = std::to_chars(text, text + sizeof text, value, format, digits).ptr;
+    return {text, end};
+}
+
+// The whole multiples of `step` within the scale, as numbers of steps.
+std::vector<double> multiples(const Scale& scale, double step) {
+    std::vector<double> numbers;
+    const double first = std::ceil(scale.low / step - 1e-9);
+    const double last = std::floor(scale.high / step + 1e-9);
+    for (double number = first; number <= last && numbers.size() < MOST_TICKS; ++number) {
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+double pixels_per_unit(const Scale& scale) {
+    return std::fabs(scale.end - scale.begin) / (scale.high - scale.low);
+}
+
+}  // namespace
+
+double round_step(double least) {
+    if (!(least > 0) || !std::isfinite(least)) return 1;
+    const double power = std::pow(10, std::floor(std::log10(least)));
+    const double factor = first_of({1, 2, 5, 10}, least / power * (1 - 1e-12));
+    return factor * power;
+}
+
+double round_seconds(double least) {
+    if (least <= 10) return round_step(least);
+    const double step = first_of({15, 30, 60, 120, 300, 600, 1200, 1800, 3600}, least);
+    return step > 0 ? step : round_step(least / 3600) * 3600;
+}
+
+std::string step_label(double value, double step) {
+    if (value == 0) return "0";
+    if (std::fabs(value) >= LARGEST_PLAIN || step < SMALLEST_PLAIN) return short_number(value);
+    const double digits = std::ceil(-std::log10(step) - 1e-9);
+    return with_digits(value, std::chars_format::fixed, std::max(0, static_cast<int>(digits)));
+}
+
+std::string short_number(double value) {
+    if (value == 0) return "0";
+    const double size = std::fabs(value);
+    if (size >= 1000 && size < LARGEST_PLAIN) return with_digits(value, std::chars_format::fixed, 0);
+    return with_digits(value, std::chars_format::general, 4);
+}
+
+std::string counted(std::size_t count, const std::string& one) {
+    std::string digits = std::to_string(count);
+    for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
+    return digits + " " + one + (count == 1 ? "" : "s");
+}
+
+std::string time_label(double seconds, double step, bool in_minutes) {
+    if (!in_minutes || step < 1 || seconds < 0 || seconds >= LARGEST_PLAIN) return step_label(seconds, step);
+    const auto whole = static_cast<std::int64_t>(std::llround(seconds));
+    const std::string rest = std::to_string(whole % 60);
+    return std::to_string(whole / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
+}
+
+std::string key_name(double key) {
+    const double nearest = std::round(key);
+    const double octave = std::floor(nearest / 12);
+    const auto within = static_cast<std::size_t>(nearest - octave * 12);
+    return KEY_NAMES[std::min<std::size_t>(within, 11)] + step_label(octave - 1, 1);
+}
+
+std::vector<Tick> key_ticks(const Scale& scale, double least) {
+    const double least_keys = least / pixels_per_unit(scale);
+    double step = first_of({1, 2, 3, 6, 12, 24, 36, 60, 120}, least_keys);
+    if (step == 0) step = round_step(least_keys / 12) * 12;
+    std::vector<Tick> ticks;
+    for (const double number : multiples(scale, step)) {
+        ticks.push_back({scale(number * step), key_name(number * step)});
+    }
+    return ticks;
+}
+
+std::vector<Tick> second_ticks(const Scale& scale, double least) {
+    const double step = round_seconds(least / pixels_per_unit(scale));
+    const bool in_minutes = scale.high > SECONDS_IN_MINUTES;
+    std::vector<Tick> ticks;
+    for (const double number : multiples(scale, step)) {
+        ticks.push_back({scale(number * step), time_label(number * step, step, in_minutes)});
+    }
+    return ticks;
+}
+
+}  // namespace vorn::kit
