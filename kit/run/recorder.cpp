@@ -265,6 +265,8 @@ void Recorder::on_block(const Block& block) {
             field.decimals = block.decimals[at];
             field.fft_size = block.fft_sizes[at];
         }
+        std::sort(fields_.begin(), fields_.end(),
+                  [](const FieldRecord& a, const FieldRecord& b) { return a.number < b.number; });
         record.fields = std::move(fields_);
         if (options_.keep_events) copy_events(record, block.events);
     }

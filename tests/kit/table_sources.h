@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 #include "kit/run/score_run.h"
 
@@ -12,6 +13,7 @@ namespace vorn::kit::test {
 class TableSources final : public Sources {
 public:
     TableSources() = default;
+    explicit TableSources(std::map<std::string, std::string> texts) : texts_(std::move(texts)) {}
     TableSources(std::initializer_list<std::pair<const std::string, std::string>> texts) : texts_(texts) {}
 
     std::optional<std::string> read(const std::string& name) override {
