@@ -103,8 +103,7 @@ void text_behind_block(const ScoreRun& run, Findings& findings) {
 
 void start_just_before_end(const ScoreRun& run, Findings& findings) {
     for (const BlockRecord& block : run.blocks) {
-        if (block.is_skipped || block.length <= 0 || block.fields.empty() || block.events.size() < 2)
-            continue;
+        if (block.length <= 0 || block.fields.empty() || block.fields.front().number != 2) continue;
         const LastStart last = last_start(block.events.beat);
         if (is_just_before_end(block, last)) add_late_start(run, block, last, findings);
     }

@@ -69,7 +69,8 @@ std::size_t loop_end(const Statement& statement) {
 // Whether events are left behind the list, for which the loop begins anew.
 bool goes_on(const Statement& statement) {
     if (statement.full.line > 0) return false;
-    return !is_plain_list(statement) || demand_of(statement.items).values < statement.field->event_count;
+    return statement.has(ItemKind::GENERATOR) ||
+           demand_of(statement.items).values < statement.field->event_count;
 }
 
 bool is_in_beats(const BlockRecord& block) { return block.length > 0; }

@@ -4,6 +4,7 @@
 
 #include "input/errors.h"
 #include "kit/lint/item_reader.h"
+#include "kit/lint/tempo_in_force.h"
 
 // Statements are taken from the expanded text between the places that the run has
 // told, and read once more for their items.
@@ -37,7 +38,6 @@ void note_full_block(Statement& statement, const std::vector<const RunMessage*>&
     });
     if (first == messages.end() || is_before(statement.field->end, (*first)->place)) return;
     statement.full = (*first)->place;
-    statement.full_warning = (*first)->number;
 }
 
 }  // namespace
@@ -53,13 +53,14 @@ bool Statement::has(ItemKind kind) const {
 void for_each_statement(const ScoreRun& run, const std::function<void(const Statement&)>& visit) {
     const std::vector<const RunMessage*> messages = full_blocks(run);
     begin_reading_items();
+    TempoInForce tempos(run);
     for (std::size_t block = 0; block < run.blocks.size(); ++block) {
+        tempos.advance_to(block);
         for (const FieldRecord& field : run.blocks[block].fields) {
             Statement statement;
             statement.run = &run;
             statement.block = &run.blocks[block];
             statement.field = &field;
-            statement.block_index = block;
             statement.excerpt = run.expanded.excerpt(field.begin, field.end);
             statement.is_whole = read_items(statement.excerpt.text, statement.items);
             note_full_block(statement, messages);

@@ -51,12 +51,10 @@ struct Statement {
     const ScoreRun* run = nullptr;
     const BlockRecord* block = nullptr;
     const FieldRecord* field = nullptr;
-    std::size_t block_index = 0;
     Excerpt excerpt;
     std::vector<Item> items;
     bool is_whole = false;  // every item could be read
     LinePlace full;         // where the block was full before the statement's end; line 0: it was not
-    int full_warning = 0;   // the warning that said so
 
     std::string text(const Item& item) const {
         return excerpt.text.substr(item.begin, item.end - item.begin);
@@ -70,7 +68,8 @@ struct Statement {
     bool has(ItemKind kind) const;
 };
 
-// The statements of a run in turn; each is gone when `visit` returns.
+// The statements of a run in turn; each is gone when `visit` returns. Meanwhile the
+// engine's tempo map is that of the statement's block.
 void for_each_statement(const ScoreRun& run, const std::function<void(const Statement&)>& visit);
 
 }  // namespace vorn::kit

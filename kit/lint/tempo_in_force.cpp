@@ -8,10 +8,11 @@
 
 namespace vorn::kit {
 
-void restore_tempo_map(const ScoreRun& run, std::size_t index) {
-    reset_tempo_map();
-    for (const TempoRecord& tempo : run.tempos) {
-        if (tempo.before_block > index) break;
+TempoInForce::TempoInForce(const ScoreRun& run) : run_(run) { reset_tempo_map(); }
+
+void TempoInForce::advance_to(std::size_t block) {
+    for (; next_ < run_.tempos.size() && run_.tempos[next_].before_block <= block; ++next_) {
+        const TempoRecord& tempo = run_.tempos[next_];
         TEMPO_LIST[tempo.index] = tempo.definition;
         TOT_TEMPOS = std::max(TOT_TEMPOS, tempo.index + 1);
     }

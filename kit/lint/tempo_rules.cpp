@@ -136,7 +136,6 @@ void beats_of_last_tempo(const Statement& statement, Findings& findings) {
     if (statement.field->number != 3 || statement.block->events.size() == 0) return;
     const auto item = std::find_if(statement.items.begin(), statement.items.end(), is_in_beats);
     if (item == statement.items.end()) return;
-    restore_tempo_map(*statement.run, statement.block_index);
     if (!tempo_moves()) return;
     const float last_tempo = find_tempo(statement.block->events.beat.back());
     const std::optional<float> beat = beat_of_other_tempo(statement.block->events.beat, last_tempo);
@@ -151,9 +150,10 @@ void beats_of_last_tempo(const Statement& statement, Findings& findings) {
 
 void blocks_drift(const ScoreRun& run, Findings& findings) {
     if (run.tempos.empty()) return;
+    TempoInForce tempos(run);
     std::vector<Timeline> before;
     for (std::size_t index = 0; index < run.blocks.size(); ++index) {
-        restore_tempo_map(run, index);
+        tempos.advance_to(index);
         if (!tempo_moves()) continue;
         Timeline here = timeline_of(run.blocks[index]);
         if (here.beats.empty()) continue;

@@ -157,8 +157,14 @@ TEST(BeatsOfLastTempo, AreRightWhileTheTempoStays) {
     EXPECT_EQ(notes_of("te(90)\ni1 = 3, 0, -9 {\np2 1\np3 402\n}\n"), Notes{});
     EXPECT_EQ(notes_of("te(0 8 60 120)\ni1 = 3, 0, -9 {\np2 1\np3 1002 202 .5\n}\n"), Notes{});
     EXPECT_EQ(notes_of("te(0 8 60 120)\ni1 = 3, 20, -9 {\np2 1\np3 402\n}\n"), Notes{});
-    // The tempo that moves is that of later blocks.
+    // A tempo is that of the blocks behind it.
     EXPECT_EQ(notes_of("i1 = 3, 0, -9 {\np2 1\np3 402\n}\nte(0 8 60 120)\n"), Notes{});
+}
+
+TEST(BeatsOfLastTempo, AreThoseOfTheTempoInForce) {
+    const std::string block = "i1 = 3, 0, -9 {\np2 1\np3 402\n}\n";
+    EXPECT_EQ(notes_of(block + "te(0 8 60 120)\n" + block + "te(0 8 90 90)\n" + block),
+              (Notes{"L7 8:4 402"}));
 }
 
 // --- L8: blocks that drift apart ---
@@ -251,6 +257,7 @@ TEST(SettingBehindLoop, ReachesLaterRoundsOnly) {
 TEST(SettingBehindLoop, IsRightBeforeItAndWhereNoRoundFollows) {
     EXPECT_EQ(notes_of(four_events("p4 pf(2) < 60 62 >")), Notes{});
     EXPECT_EQ(notes_of(four_events("p4 < 60 62 64 65 > pf(2)")), Notes{});
+    EXPECT_EQ(notes_of(four_events("p4 < 60:61 62 64 65 > pf(2)")), Notes{});
     EXPECT_EQ(notes_of(four_events("p4 < 60 62 > rs(3)")), Notes{});
 }
 
