@@ -113,9 +113,13 @@ bool AtomicFile::write(std::string_view bytes) {
     return std::fwrite(bytes.data(), 1, bytes.size(), stream_) == bytes.size() || fail("write");
 }
 
-bool AtomicFile::keep() {
+bool AtomicFile::flush() {
     if (stream_ == nullptr) return false;
-    if (std::fflush(stream_) != 0 || std::ferror(stream_)) return fail("write");
+    return (std::fflush(stream_) == 0 && !std::ferror(stream_)) || fail("write");
+}
+
+bool AtomicFile::keep() {
+    if (!flush()) return false;
     const bool closed = stream_ == stdout || std::fclose(stream_) == 0;
     stream_ = nullptr;
     if (!closed) return fail("write");

@@ -19,10 +19,14 @@ public:
     // "-" is standard output. False, with error() set, when the folder does not take it.
     [[nodiscard]] bool open(const std::string& path);
     [[nodiscard]] bool write(std::string_view bytes);
+    // What was written can be read under written_name().
+    [[nodiscard]] bool flush();
     // Makes it the file `path`. False: the older file, if there was one, is still there.
     [[nodiscard]] bool keep();
 
     std::FILE* stream() const { return stream_; }
+    // The name of the file while it is being written, for other programs that write it.
+    const std::string& written_name() const { return temporary_.empty() ? path_ : temporary_; }
     const std::string& error() const { return error_; }
 
 private:

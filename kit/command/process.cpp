@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -22,6 +23,24 @@ namespace {
 
 constexpr int STATUS_OF_SIGNAL = 128;
 constexpr std::size_t PART = std::size_t{1} << 16;  // bytes moved at once
+
+// The programs that run now, 0 in a free slot: a signal's handler reads them.
+constexpr std::size_t MAX_RUNNING = 256;
+std::atomic<pid_t> running[MAX_RUNNING];
+
+void note_running(pid_t process) {
+    for (auto& slot : running) {
+        pid_t free = 0;
+        if (slot.compare_exchange_strong(free, process)) return;
+    }
+}
+
+void forget_running(pid_t process) {
+    for (auto& slot : running) {
+        pid_t found = process;
+        if (slot.compare_exchange_strong(found, 0)) return;
+    }
+}
 
 struct Pipe {
     int read_end = -1;
@@ -145,7 +164,12 @@ void exchange(Pipes& pipes, std::string_view input, ProcessResult& result) {
     }
 }
 
+// A program is forgotten before its number is free for another one.
 int wait_for(pid_t process) {
+    siginfo_t info = {};
+    while (waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT) < 0 && errno == EINTR) {
+    }
+    forget_running(process);
     int status = 0;
     while (waitpid(process, &status, 0) < 0) {
         if (errno != EINTR) return -1;
@@ -170,10 +194,18 @@ ProcessResult run_process(const std::vector<std::string>& arguments, std::string
         result.errors = std::strerror(failure);
         return result;
     }
+    note_running(process);
     pipes.close_program_ends();
     exchange(pipes, input, result);
     result.status = wait_for(process);
     return result;
+}
+
+void end_running_processes() {
+    for (const auto& slot : running) {
+        const pid_t process = slot.load();
+        if (process > 0) kill(process, SIGTERM);
+    }
 }
 
 std::string how_to_install(const std::string& program, const std::string& package) {

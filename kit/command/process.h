@@ -20,6 +20,9 @@ struct ProcessResult {
 [[nodiscard]] ProcessResult run_process(const std::vector<std::string>& arguments,
                                         std::string_view input = {});
 
+// Ends the programs that run now; for handlers of signals.
+void end_running_processes();
+
 // "rsvg-convert is needed for this and is not installed (Debian: apt install librsvg2-bin)"
 [[nodiscard]] std::string how_to_install(const std::string& program, const std::string& package);
 

@@ -19,9 +19,10 @@ ScoreRun ScoreInput::run(const std::string& argument, const RunOptions& options)
     return run_score(source_name(argument), options, sources_);
 }
 
-ScoreInput::ScoreInput(const std::string& argument, bool relative) {
+ScoreInput::ScoreInput(const std::string& argument, bool relative, const std::string& output) {
     RunOptions options;
     options.relative = relative;
+    options.output = output;
     run_ = run(argument, options);
     for (const Diagnostic& diagnostic : from_messages(run_)) {
         if (diagnostic.level == Level::ERROR) std::fputs(text_form(diagnostic, run_.map).c_str(), stderr);

@@ -7,10 +7,11 @@
 
 namespace vorn::kit {
 
-// The score of a command line: runs it, and tells its mistakes on standard error.
+// The score of a command line: runs it, and tells its mistakes on standard error. `output`
+// gets the Csound score.
 class ScoreInput {
 public:
-    ScoreInput(const std::string& argument, bool relative);
+    ScoreInput(const std::string& argument, bool relative, const std::string& output = NOWHERE);
 
     bool is_found() const { return !run_.map.files().empty(); }
     bool is_well() const { return run_.status == 0; }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "kit/command/console.h"
+#include "kit/command/interruption.h"
 #include "kit/command/subcommands.h"
 
 // The command line: one application, one subcommand a task. A wrong use is told
@@ -26,7 +27,7 @@ using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
 // In the order of the help.
 constexpr AddSubcommand SUBCOMMANDS[] = {
-    add_check, add_explain, add_events, add_midi, add_picture, add_watch,
+    add_check, add_explain, add_events, add_midi, add_picture, add_play, add_watch,
 };
 
 int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outcome) {
@@ -45,6 +46,7 @@ bool is_output_written() { return std::fflush(stdout) == 0 && std::ferror(stdout
 }  // namespace
 
 int run_vornkit(int argc, const char* const* argv) {
+    clean_up_when_interrupted();
     CLI::App app("vornkit: check, see, hear and vary scores for Vorn", "vornkit");
     Outcome outcome = Outcome::WELL;
     app.formatter(std::make_shared<ExamplesFirst>());

@@ -1,0 +1,170 @@
+#include "kit/command/rendering.h"
+
+#include <unistd.h>
+
+#include <cmath>
+
+#include "kit/command/console.h"
+#include "kit/command/process.h"
+#include "kit/command/progress.h"
+#include "kit/command/temporary_file.h"
+#include "kit/diagnose/text_form.h"
+#include "kit/orchestra/complaints.h"
+
+// A sound is first made as a file and then played from it: so its peak is known
+// before, and an orchestra that is slower than time cannot make it stumble. Csound's
+// status counts errors, so that one above 128 need not be a signal's; and neither program
+// tells by its status that a file could not be written whole.
+
+namespace vorn::kit {
+
+namespace {
+
+const std::string NOT_WHOLE = "the sound could not be written whole; the disk may be full";
+
+const std::string NO_FILE =
+    "Csound wrote no sound file; a -o in the file .csound6rc would send the sound elsewhere";
+
+constexpr const char* SOUND_FONTS[] = {
+    "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+    "/usr/share/sounds/sf2/default-GM.sf2",
+    "/usr/share/sounds/sf2/TimGM6mb.sf2",
+    "/usr/share/sounds/sf3/default-GM.sf3",
+};
+
+// A name that begins with "-" would be read as an option.
+std::string as_argument(const std::string& name) { return name.rfind('-', 0) == 0 ? "./" + name : name; }
+
+// While it makes a sound, a program is waited for.
+ProcessResult run_renderer(const std::vector<std::string>& arguments) {
+    const Progress progress("rendering with " + arguments[0]);
+    return run_process(arguments);
+}
+
+// False, with the reason told, when there is no such program.
+bool has_begun(const ProcessResult& result, const std::string& program, const std::string& package) {
+    if (result.is_missing) {
+        complain(how_to_install(program, package));
+    } else if (result.status < 0) {
+        complain("cannot run " + program + ": " + result.errors);
+    }
+    return result.status >= 0;
+}
+
+void tell(const PerformanceReport& report, const SourceMap& map) {
+    for (const Diagnostic& diagnostic : report.diagnostics) {
+        std::fputs(text_form(diagnostic, map).c_str(), stderr);
+    }
+    for (const std::string& line : report.other_lines) complain("Csound: " + line);
+}
+
+bool has_errors(const PerformanceReport& report) {
+    for (const Diagnostic& diagnostic : report.diagnostics) {
+        if (diagnostic.level == Level::ERROR) return true;
+    }
+    return !report.other_lines.empty();
+}
+
+bool measure(Rendering& rendering, const std::string& wave) {
+    const std::optional<WaveFigures> figures = measure_wave(wave);
+    if (!figures) return false;
+    rendering.has_sound = true;
+    rendering.figures = *figures;
+    rendering.peak = figures->peak;
+    return true;
+}
+
+std::string find_sound_font(const std::string& wanted) {
+    if (!wanted.empty()) return access(wanted.c_str(), R_OK) == 0 ? wanted : "";
+    for (const char* const font : SOUND_FONTS) {
+        if (access(font, R_OK) == 0) return font;
+    }
+    return "";
+}
+
+// "inch 1, 2" and "outch 1, a1, 2, a2" for as many channels as there are.
+std::string player_text(const WaveFigures& figures) {
+    std::string names;
+    std::string inputs;
+    std::string outputs;
+    for (unsigned channel = 1; channel <= figures.channels; ++channel) {
+        const std::string number = std::to_string(channel);
+        const std::string comma = channel == 1 ? "" : ", ";
+        names.append(comma).append("a").append(number);
+        inputs.append(comma).append(number);
+        outputs.append(comma).append(number).append(", a").append(number);
+    }
+    return "sr = " + std::to_string(figures.rate) +
+           "\nksmps = 32\nnchnls = " + std::to_string(figures.channels) + "\n0dbfs = 1\ninstr 1\n" + names +
+           " inch " + inputs + "\noutch " + outputs + "\nendin\n";
+}
+
+}  // namespace
+
+Rendering render_score(const std::string& orchestra, const std::string& score, const std::string& wave,
+                       const ScoreRun& run) {
+    Rendering rendering;
+    const ProcessResult result = run_renderer({"csound", "-d", "-m4", "-W", "-3", "-o", as_argument(wave),
+                                               as_argument(orchestra), as_argument(score)});
+    if (!has_begun(result, "csound", "csound")) return rendering;
+    const PerformanceReport report = read_performance(result.errors + result.output, run);
+    tell(report, run.map);
+    if (report.disk_is_full) {
+        complain(NOT_WHOLE);
+    } else if (report.lacks_device) {
+        complain(NO_FILE);
+    } else if (!report.has_ended) {
+        complain("Csound ended before its time, status " + std::to_string(result.status));
+    } else if (!report.has_started) {
+        complain("Csound does not take the orchestra or the score");
+    } else if (!measure(rendering, wave)) {
+        complain(NO_FILE);
+    } else {
+        rendering.outcome = has_errors(report) ? Outcome::REFUSED : Outcome::WELL;
+        rendering.clipped = report.clipped;
+        if (report.clipped > 0) rendering.peak = report.peak;
+    }
+    return rendering;
+}
+
+Rendering render_midi(const std::string& midi, const std::string& sound_font, const std::string& wave) {
+    Rendering rendering;
+    const std::string font = find_sound_font(sound_font);
+    if (font.empty()) {
+        complain(sound_font.empty()
+                     ? how_to_install("a sound font", "fluid-soundfont-gm, or timgm6mb-soundfont")
+                     : "cannot read the sound font " + sound_font);
+        return rendering;
+    }
+    const ProcessResult result = run_renderer({"fluidsynth", "-ni", "-q", "-r", "44100", "-T", "wav", "-F",
+                                               as_argument(wave), as_argument(font), as_argument(midi)});
+    if (!has_begun(result, "fluidsynth", "fluidsynth")) return rendering;
+    const bool is_cut_off = result.errors.find("write error") != std::string::npos;
+    if (is_cut_off || result.status != 0 || !measure(rendering, wave)) {
+        complain(is_cut_off ? NOT_WHOLE : "fluidsynth made no sound: " + result.errors);
+        return rendering;
+    }
+    rendering.outcome = Outcome::WELL;
+    rendering.clipped = rendering.figures.full_scale;
+    return rendering;
+}
+
+Outcome play_wave(const std::string& wave, const WaveFigures& figures) {
+    TemporaryFile orchestra;
+    TemporaryFile score;
+    if (!orchestra.make(".orc", player_text(figures)) ||
+        !score.make(".sco", "i1 0 " + std::to_string(figures.seconds()) + "\n")) {
+        complain(orchestra.error() + score.error());
+        return Outcome::WRONG_USE;
+    }
+    const ProcessResult result = run_process(
+        {"csound", "-d", "-m4", "-i", as_argument(wave), "-odac", orchestra.name(), score.name()});
+    if (!has_begun(result, "csound", "csound")) return Outcome::WRONG_USE;
+    const PerformanceReport report = read_performance(result.errors + result.output, ScoreRun());
+    if (!report.lacks_device && report.has_started) return Outcome::WELL;
+    complain(report.lacks_device ? "there is no audio device to play on; --wav FILE writes the sound"
+                                 : "Csound cannot play; --wav FILE writes the sound");
+    return Outcome::WRONG_USE;
+}
+
+}  // namespace vorn::kit

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "kit/command/subcommands.h"
+#include "kit/command/wave_file.h"
+#include "kit/run/score_run.h"
+
+// Sound files made by other programs.
+
+namespace vorn::kit {
+
+struct Rendering {
+    Outcome outcome = Outcome::WRONG_USE;
+    bool has_sound = false;     // the sound file is complete, though notes may be missing from it
+    WaveFigures figures;        // of the sound file
+    double peak = 0;            // 1: full scale; above it is what was cut off
+    std::uint64_t clipped = 0;  // samples that were cut off
+};
+
+// Has Csound perform a score into a WAV file of 24 bits. Its complaints are told on
+// standard error, with the blocks of `run` that they are about.
+[[nodiscard]] Rendering render_score(const std::string& orchestra, const std::string& score,
+                                     const std::string& wave, const ScoreRun& run);
+
+// Has fluidsynth play a MIDI file into a WAV file. Without a sound font one of those is
+// taken that Debian's packages have.
+[[nodiscard]] Rendering render_midi(const std::string& midi, const std::string& sound_font,
+                                    const std::string& wave);
+
+// Has Csound play a WAV file on the audio device.
+[[nodiscard]] Outcome play_wave(const std::string& wave, const WaveFigures& figures);
+
+}  // namespace vorn::kit

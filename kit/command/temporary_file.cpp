@@ -1,0 +1,13 @@
+#include "kit/command/temporary_file.h"
+
+#include <cstdlib>
+
+namespace vorn::kit {
+
+bool TemporaryFile::make(const std::string& ending, std::string_view text) {
+    const char* const folder = std::getenv("TMPDIR");
+    const std::string place = folder == nullptr || *folder == 0 ? "/tmp" : folder;
+    return file_.open(place + "/vornkit" + ending) && file_.write(text) && file_.flush();
+}
+
+}  // namespace vorn::kit
