@@ -34,6 +34,7 @@ struct Tool {
 const Tool TOOLS[] = {
     {"events", {"-o"}, "out.json"},
     {"events", {"-o"}, "out.csv"},
+    {"picture", {"-o"}, "out.svg"},
 };
 
 void write_score(std::uint64_t events, const std::string& name) {

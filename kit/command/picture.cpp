@@ -6,6 +6,7 @@
 #include "kit/command/console.h"
 #include "kit/command/pfield_option.h"
 #include "kit/command/process.h"
+#include "kit/command/progress.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 #include "kit/picture/page.h"
@@ -64,7 +65,11 @@ Outcome draw(const PictureArguments& arguments) {
     if (!input.is_well()) return Outcome::REFUSED;
     if (!may_write(arguments.output, input.sources())) return Outcome::WRONG_USE;
     std::string bytes;
-    if (!make_picture(input.run(), arguments, bytes)) return Outcome::WRONG_USE;
+    const bool is_made = [&] {
+        const Progress progress("drawing " + name_of(arguments.score));
+        return make_picture(input.run(), arguments, bytes);
+    }();
+    if (!is_made) return Outcome::WRONG_USE;
     std::string error;
     return write_file(arguments.output, bytes, error) ? Outcome::WELL : wrong_use(error);
 }

@@ -98,7 +98,8 @@ double draw_legend(SvgWriter& svg, const Layout& layout, const LegendNeeds& need
     LegendRow row(svg, layout);
     if (needs.has_bars) row.bar("an event, from its start to its end");
     if (needs.has_bars && layout.highest_level > layout.lowest_level) row.ramp("level, from low to high");
-    if (needs.has_density) row.ramp("events at once, from 1 to " + std::to_string(needs.most));
+    if (needs.has_density)
+        row.ramp("events at once, from few to many, " + std::to_string(needs.most) + " at most");
     if (layout.panels.empty()) row.entry("no events");
     if (!layout.panels.empty()) row.bracket("a block, by the line of its header");
     if (has_rests(layout)) row.entry("gaps are rests");

@@ -60,8 +60,7 @@ void draw_axis(SvgWriter& svg, const Layout& layout, const std::vector<Tick>& ti
     std::string path = horizontal(layout.time.begin, y, layout.time.end - layout.time.begin);
     for (const Tick& tick : ticks) path += vertical(tick.place, y, is_above ? -TICK_LENGTH : TICK_LENGTH);
     svg.path("border", "", path);
-    svg.text(layout.time.begin - NAME_GAP - SPACE, label_y, "label muted end",
-             is_above ? "beats" : "seconds");
+    svg.text(MARGIN, label_y, "label ink", is_above ? "beats" : "seconds");
     for (const Tick& tick : ticks) svg.text(tick.place, label_y, "label muted middle", tick.label);
 }
 

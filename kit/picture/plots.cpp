@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kit/events/event_columns.h"
+
 // Which plots an instrument has follows from what its blocks have: a roll where any
 // has a pitch, a line of strokes where any has none, and a lane for every p-field
 // that is not the pitch of all of them.
@@ -20,19 +22,29 @@ constexpr double LANE_HEIGHT = 48;
 constexpr double CONSTANT_HEIGHT = 16;
 constexpr double INSET = 6;  // of the extreme values from a lane's edges
 constexpr double KEY_LABEL_ROOM = 16;
+constexpr double LABEL_ROOM = 48;       // of a written value; a longer one is rounded
+constexpr double KEY_OF_LOWEST_C = 12;  // from semitones to keys
+
+// Where a value comes from.
+struct Place {
+    const BlockView* block = nullptr;
+    std::size_t row = 0;
+};
 
 struct ValueRange {
     double low = HUGE_VAL;
     double high = -HUGE_VAL;
-    std::size_t count = 0;
+    Place lowest;
+    Place highest;
     std::size_t not_finite = 0;
 
-    void add(double value) {
-        ++count;
+    void add(double value, const Place& place) {
         if (!std::isfinite(value)) {
             ++not_finite;
             return;
         }
+        if (value < low) lowest = place;
+        if (value > high) highest = place;
         low = std::min(low, value);
         high = std::max(high, value);
     }
@@ -43,7 +55,8 @@ ValueRange range_of(const ScoreView& view, const Panel& panel, const Plot& plot)
     ValueRange range;
     for (const BlockView* const block : panel.blocks) {
         for_each_seen(view, *block, [&](const SeenEvent& event) {
-            if (const auto value = plotted_value(plot, *block, event.row)) range.add(*value);
+            if (const auto value = plotted_value(plot, *block, event.row))
+                range.add(*value, {block, event.row});
         });
     }
     return range;
@@ -90,8 +103,8 @@ Plot roll(const ScoreView& view, const Panel& panel) {
     const double low = range.is_empty() ? 60 : std::floor(range.low);
     const double high = range.is_empty() ? 60 : std::ceil(range.high);
     const double missing = std::max(0.0, FEWEST_KEYS - (high - low)) / 2;
-    plot.scale.low = low - std::floor(missing) - 0.75;
-    plot.scale.high = high + std::ceil(missing) + 0.75;
+    plot.scale.low = low - std::floor(missing) - 0.5;
+    plot.scale.high = high + std::ceil(missing) + 0.5;
     plot.height = std::clamp((plot.scale.high - plot.scale.low) * HEIGHT_OF_KEY, LOWEST_ROLL, HIGHEST_ROLL);
     plot.scale.begin = plot.height;
     plot.scale.end = 0;
@@ -108,12 +121,46 @@ Plot strokes() {
     return plot;
 }
 
+class StringSink final : public TextSink {
+public:
+    bool take(std::string_view piece) override {
+        text_ += piece;
+        return true;
+    }
+    const std::string& text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+// "0.5" for "0.500"
+std::string without_trailing_zeros(const std::string& number) {
+    if (number.find('.') == std::string::npos) return number;
+    const std::size_t last = number.find_last_not_of('0');
+    return number.substr(0, number[last] == '.' ? last : last + 1);
+}
+
+// The value as the score has it, where it is written and short enough to be a label.
+std::string written_label(const Place& place, int pfield, double value) {
+    const std::vector<EventColumn> columns = event_columns(*place.block->record);
+    const auto found = std::find_if(columns.begin(), columns.end(), [pfield](const EventColumn& column) {
+        return column.name == "p" + std::to_string(pfield);
+    });
+    if (found == columns.end() || !found->form) return short_number(value);
+    StringSink sink;
+    TableText text(sink);
+    add_written(text, *found, place.row);
+    const bool is_whole = text.finish();
+    const std::string label = without_trailing_zeros(sink.text());
+    return is_whole && text_width(label, LABEL_SIZE) <= LABEL_ROOM ? label : short_number(value);
+}
+
 void label_range(Plot& plot, const ValueRange& range, bool with_names) {
-    const auto label = [with_names](double value) {
-        return with_names ? key_name(value + 12) : short_number(value);
+    const auto label = [&plot, with_names](double value, const Place& place) {
+        return with_names ? key_name(value + KEY_OF_LOWEST_C) : written_label(place, plot.pfield, value);
     };
-    if (!plot.is_constant) plot.ticks.push_back({plot.scale(range.high), label(range.high)});
-    plot.ticks.push_back({plot.scale(range.low), label(range.low)});
+    if (!plot.is_constant) plot.ticks.push_back({plot.scale(range.high), label(range.high, range.highest)});
+    plot.ticks.push_back({plot.scale(range.low), label(range.low, range.lowest)});
 }
 
 Plot lane(const ScoreView& view, const Panel& panel, int pfield) {

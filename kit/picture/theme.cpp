@@ -20,7 +20,7 @@ const Tones DARK_TONES = {
 namespace {
 
 // How much of its colour each shade has; the rest is paper.
-constexpr double SHADES[SHADE_COUNT] = {0.42, 0.55, 0.7, 0.85, 1};
+constexpr double SHADES[SHADE_COUNT] = {0.5, 0.62, 0.75, 0.87, 1};
 
 constexpr const char* FAMILY = "\"Helvetica Neue\",Helvetica,Arial,\"DejaVu Sans\",sans-serif";
 constexpr const char* WHEN_DARK = "@media (prefers-color-scheme:dark){";

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "kit/picture/marks.h"
 #include "kit/picture/picture.h"
 #include "kit/picture/svg_writer.h"
@@ -63,6 +65,12 @@ TEST(Layout, GivesAnInstrumentARollAndALaneForEachFurtherField) {
     EXPECT_TRUE(panel.plots[2].is_constant);
     EXPECT_EQ(labels(panel.plots[2].ticks), (Texts{"0.5"}));
     EXPECT_EQ(panel.brackets[0].label, "line 2");
+}
+
+TEST(Layout, TellsRangesAsTheScoreWritesThem) {
+    // 20 log10(3981) is 72: what was given in decibels and is written so is told so.
+    const Drawn drawn("i1 = 5 0 -2 {\np2 1\np3 1\np4(db) db 72 60\np5 no c4\n}\n");
+    EXPECT_EQ(labels(drawn.layout.panels[0].plots[1].ticks), (Texts{"72", "60"}));
 }
 
 TEST(Layout, LeavesRestsOutAndCountsThem) {
@@ -166,6 +174,19 @@ TEST(Marks, BecomeDensityWhereTheyAreTooMany) {
     EXPECT_GT(marks.most, 1U);
     const double cells = (dense.layout.time.end - dense.layout.time.begin) / 2 * 120;
     EXPECT_LT(static_cast<double>(bar_count(marks)), cells);
+}
+
+TEST(Marks, HaveARowForEachKey) {
+    std::string keys;
+    for (int key = 40; key < 90; ++key) keys += std::to_string(key) + " ";
+    const Drawn drawn("i1 = 5 0 -20000 {\np2 .01\np3 50\np4 60\np5 <" + keys + ">\n}\n");
+    const PlotMarks marks = drawn.marks(0, 0);
+    ASSERT_TRUE(marks.is_density);
+    std::set<double> heights;
+    for (const auto& bars : marks.bars) {
+        for (const Bar& bar : bars) heights.insert(bar.y);
+    }
+    EXPECT_EQ(heights.size(), 50U);
 }
 
 TEST(Marks, CountWhatSoundsAtOnce) {
