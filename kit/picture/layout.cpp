@@ -28,8 +28,8 @@ constexpr double NOTED_DRIFT = 4;        // pixels
 constexpr double LEAST_LEVEL_RANGE = 1;  // decibels
 
 std::string length_of(const ScoreView& view) {
-    const double length = view.to - view.from;
-    return short_number(std::round(length * 10) / 10) + " seconds";
+    const std::string length = short_number(std::round((view.to - view.from) * 10) / 10);
+    return length + (length == "1" ? " second" : " seconds");
 }
 
 std::vector<Panel> group_by_instrument(const ScoreView& view) {

@@ -42,6 +42,7 @@ struct Plot {
     std::string name;  // "P4"
     std::string role;  // "pitch", "level" or nothing
     std::vector<Tick> ticks;
+    bool is_decibels = false;    // a lane of amplitudes that are written as decibels, and drawn so
     bool is_constant = false;    // a lane of which all values are equal
     std::size_t not_finite = 0;  // values that are infinite or no numbers
 };

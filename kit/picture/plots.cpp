@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "blocks/command_codes.h"
 #include "kit/events/event_columns.h"
 
 // Which plots an instrument has follows from what its blocks have: a roll where any
@@ -92,6 +93,22 @@ bool has_note_names(const Panel& panel, int pfield) {
     });
 }
 
+bool is_written_as_decibels(const BlockRecord& block, int pfield) {
+    return std::any_of(block.fields.begin(), block.fields.end(), [pfield](const FieldRecord& field) {
+        return field.number == pfield && field.output_type == CODE_DB;
+    });
+}
+
+bool has_decibels(const Panel& panel, int pfield) {
+    return std::all_of(panel.blocks.begin(), panel.blocks.end(), [pfield](const BlockView* block) {
+        return pfield > block->record->pfields || is_written_as_decibels(*block->record, pfield);
+    });
+}
+
+double lane_value(const Plot& plot, float value) {
+    return plot.is_decibels ? to_decibels({plot.pfield, LevelUnit::AMPLITUDE}, value) : double{value};
+}
+
 Plot roll(const ScoreView& view, const Panel& panel) {
     Plot plot;
     plot.kind = PlotKind::ROLL;
@@ -168,6 +185,7 @@ Plot lane(const ScoreView& view, const Panel& panel, int pfield) {
     plot.pfield = pfield;
     plot.name = "P" + std::to_string(pfield);
     if (is_level_of(panel, pfield)) plot.role = "level";
+    plot.is_decibels = has_decibels(panel, pfield);
     const ValueRange range = range_of(view, panel, plot);
     plot.not_finite = range.not_finite;
     plot.is_constant = range.is_empty() || range.low == range.high;
@@ -203,7 +221,7 @@ std::optional<double> plotted_value(const Plot& plot, const BlockView& block, st
             return pitch == 0 ? std::optional(0.0) : std::nullopt;
         case PlotKind::LANE:
             if (plot.pfield > block.record->pfields || plot.pfield == pitch) return std::nullopt;
-            return double{block.record->value(row, plot.pfield)};
+            return lane_value(plot, block.record->value(row, plot.pfield));
     }
     return std::nullopt;
 }

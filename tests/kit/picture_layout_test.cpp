@@ -69,8 +69,11 @@ TEST(Layout, GivesAnInstrumentARollAndALaneForEachFurtherField) {
 
 TEST(Layout, TellsRangesAsTheScoreWritesThem) {
     // 20 log10(3981) is 72: what was given in decibels and is written so is told so.
-    const Drawn drawn("i1 = 5 0 -2 {\np2 1\np3 1\np4(db) db 72 60\np5 no c4\n}\n");
-    EXPECT_EQ(labels(drawn.layout.panels[0].plots[1].ticks), (Texts{"72", "60"}));
+    const Drawn drawn("i1 = 5 0 -3 {\np2 1\np3 1\np4(db) db 72 60 66\np5 no c4\n}\n");
+    const Plot& lane = drawn.layout.panels[0].plots[1];
+    EXPECT_EQ(labels(lane.ticks), (Texts{"72", "60"}));
+    const double middle = lane.scale(*plotted_value(lane, drawn.view.blocks[0], 2));
+    EXPECT_NEAR(middle, (lane.ticks[0].place + lane.ticks[1].place) / 2, 0.1);  // decibels are even
 }
 
 TEST(Layout, LeavesRestsOutAndCountsThem) {
