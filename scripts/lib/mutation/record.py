@@ -54,7 +54,8 @@ def report(outcomes, reasons):
     share = 100 * killed / max(1, killed + len(without_reason))
     for place in without_reason:
         print(as_entry(place))
+    unobservable = len(survivors) - len(without_reason)
     print(f"{len(outcomes) - count[NOT_COMPILED]} changes: {killed} killed, {len(without_reason)} survive, "
-          f"{len(survivors) - len(without_reason)} that nobody can observe, {count[SAME_CODE]} the same machine "
-          f"code.\nKilled of those that can be observed: {share:.1f} %")
+          f"{unobservable} that nobody can observe, {count[SAME_CODE]} the same machine code.\n"
+          f"Killed of those that can be observed: {share:.1f} %")
     return share >= GOAL

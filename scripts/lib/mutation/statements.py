@@ -31,7 +31,9 @@ def return_change(tokens, at):
     last = statement_end(tokens, at) if tokens[at].text == "return" else None
     if last is None or last - at == 1 or last - at == 2 and tokens[at + 1].kind != "name":
         return None
-    return (tokens[last].end, ["return {};"]) if tokens[at + 1].text not in ("true", "false", "nullptr") else None
+    if tokens[at + 1].text in ("true", "false", "nullptr"):
+        return None
+    return tokens[last].end, ["return {};"]
 
 
 def call_change(tokens, at):
