@@ -9,7 +9,7 @@ sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
 from mutation.build import Build
 from mutation.record import Record, read_reasons, report
-from mutation.sample import all_places, one_each
+from mutation.sample import all_places, key, one_each
 from mutation.tests import all_tests, passes, temporary_folder
 from mutation.trial import NOT_COMPILED, Trial
 
@@ -48,12 +48,12 @@ def try_place(build, top, record, place):
     return place, outcome
 
 
-def try_all(places, count, jobs, attempt):
-    """Until `count` of them compiled."""
+def try_all(places, count, jobs, reasons, attempt):
+    """Until `count` of them compiled; those that will survive, and so take longest, behind the others."""
     outcomes, places = [], list(places)
     with ThreadPoolExecutor(jobs) as pool:
         while places and count > 0:
-            outcomes += pool.map(attempt, places[:count])
+            outcomes += pool.map(attempt, sorted(places[:count], key=lambda place: key(place) in reasons))
             places = places[count:]
             count -= sum(outcome != NOT_COMPILED for _, outcome in outcomes[-count:])
     return outcomes
@@ -67,8 +67,10 @@ def main():
     check_unchanged(build, top)
     record = Record(path)
     places = one_each(all_places("src", wanted.file), wanted.seed)
-    outcomes = try_all(places, wanted.count, wanted.jobs, lambda place: try_place(build, top, record, place))
-    sys.exit(0 if report(outcomes, read_reasons(REASONS)) else 1)
+    reasons = read_reasons(REASONS)
+    outcomes = try_all(places, wanted.count, wanted.jobs, reasons,
+                       lambda place: try_place(build, top, record, place))
+    sys.exit(0 if report(outcomes, reasons) else 1)
 
 
 main()
