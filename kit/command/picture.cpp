@@ -46,7 +46,10 @@ bool convert_to_png(const std::string& svg, std::string& png) {
     const ProcessResult done = run_process({"rsvg-convert", "--format", "png"}, svg);
     png = done.output;
     if (done.is_missing) complain(how_to_install("rsvg-convert", "librsvg2-bin"));
-    if (!done.is_missing && done.status != 0) complain("rsvg-convert: " + done.errors);
+    if (!done.is_missing && done.status != 0) {
+        complain("rsvg-convert: " + done.errors.substr(0, done.errors.find('\n')) +
+                 " Write .svg, or a part with --from and --to.");
+    }
     return !done.is_missing && done.status == 0;
 }
 

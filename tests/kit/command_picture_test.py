@@ -186,6 +186,15 @@ class PictureCommand(CommandTest):
         self.assertIn("librsvg2-bin", done.stderr)
         self.assertEqual(self.files(), ["piece.vorn"])
 
+    def test_a_picture_too_tall_for_png_is_told(self):
+        fields = "".join(f"p{field} 1 2\n" for field in range(4, 20))
+        blocks = (f"i{number} = 19 0 2 {{\np2 1\np3 1\n{fields}}}\n" for number in range(1, 60))
+        self.write("tall.vorn", "".join(blocks))
+        done = self.vornkit("picture", "tall.vorn", "-o", "tall.png")
+        self.assertEqual(done.returncode, 2)
+        self.assertRegex(done.stderr, r"^vornkit: rsvg-convert: .* Write \.svg, or a part with --from and --to\.\n$")
+        self.assertEqual(self.files(), ["tall.vorn"])
+
     def test_included_blocks_are_named_by_their_file(self):
         self.write("parts/bass.inc", "i1 = 4 0 -2 {\np2 1\np3 1\np4 no c2 d2\n}\n")
         tree = self.tree("--relative", name="parts/whole.vorn", score="#include |bass.inc|\n" + SCORE)
