@@ -4,7 +4,7 @@
 
 #include "input/errors.h"
 #include "kit/lint/item_reader.h"
-#include "kit/lint/tempo_in_force.h"
+#include "kit/run/tempo.h"
 
 // Statements are taken from the expanded text between the places that the run has
 // told, and read once more for their items.

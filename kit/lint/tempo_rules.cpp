@@ -4,7 +4,7 @@
 
 #include "blocks/timing.h"
 #include "kit/lint/rules.h"
-#include "kit/lint/tempo_in_force.h"
+#include "kit/run/tempo.h"
 #include "output/tempo_map.h"
 
 // What a tempo that moves does to durations in beats and to blocks side by side.
