@@ -197,6 +197,7 @@ void Recorder::on_direct_line(const char* text, const LinePlace& begin) {
 
 void Recorder::on_header(const LinePlace& begin) {
     header_ = begin;
+    if (!run_.open_block) run_.open_block = OpenBlock{run_.map.find(begin), {}};
     fields_.clear();
     starts_.clear();
 }
@@ -240,11 +241,13 @@ void Recorder::on_pfield(const PfieldStatement& statement) {
     field.begin = statement.begin;
     field.end = statement.end;
     field.event_count = statement.count;
+    if (run_.open_block) run_.open_block->fields.push_back(field);
     fields_.push_back(field);
     if (statement.number == 2 && options_.keep_events) sum_intervals(statement.events);
 }
 
 void Recorder::on_block(const Block& block) {
+    run_.open_block.reset();
     BlockRecord record;
     record.number = block.number;
     record.instrument = block.instrument;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,12 @@ struct BlockRecord {
     }
 };
 
+// A block that has begun and not ended.
+struct OpenBlock {
+    FileSpan header;                  // the "i" of the first header
+    std::vector<FieldRecord> fields;  // that have been read, without what they are written as
+};
+
 struct TempoRecord {
     TempoDef definition = {};
     int index = 0;  // in the tempo map
@@ -116,7 +123,8 @@ struct ScoreRun {
     ExpandedText expanded;
     std::vector<RunMessage> messages;
     std::vector<BlockRecord> blocks;
-    std::vector<TempoRecord> tempos;  // as they were written
+    std::optional<OpenBlock> open_block;  // the run has ended within it
+    std::vector<TempoRecord> tempos;      // as they were written
     std::vector<DirectLine> direct_lines;
     std::vector<SettingRecord> settings;
     std::vector<ConstantRecord> constants;

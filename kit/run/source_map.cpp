@@ -36,7 +36,8 @@ bool undo(Range& range, std::int32_t start, std::int32_t end, std::int32_t inser
 }  // namespace
 
 int SourceMap::add_file(const std::string& name, std::string text) {
-    files_.push_back({name, std::move(text)});
+    TextIndex index(text);
+    files_.push_back({name, std::move(text), std::move(index)});
     return static_cast<int>(files_.size()) - 1;
 }
 
@@ -93,15 +94,16 @@ FileSpan SourceMap::find(const LinePlace& place, std::vector<Expansion>* through
 
 TextPlace SourceMap::text_place(const FileSpan& span) const {
     if (span.file < 0) return {};
-    const std::string_view text = files_[static_cast<std::size_t>(span.file)].text;
-    const std::size_t at = std::min<std::size_t>(span.begin, text.size());
-    const std::size_t newline = at == 0 ? std::string_view::npos : text.rfind('\n', at - 1);
-    const std::size_t line_begin = newline == std::string_view::npos ? 0 : newline + 1;
-    const std::size_t line_end = std::min(text.find('\n', at), text.size());
-    const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(line_begin), '\n');
-    std::string_view line = text.substr(line_begin, line_end - line_begin);
-    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    return {static_cast<std::uint32_t>(lines + 1), static_cast<std::uint32_t>(at - line_begin), line};
+    const SourceFile& file = files_[static_cast<std::size_t>(span.file)];
+    const std::size_t at = std::min<std::size_t>(span.begin, file.text.size());
+    const std::size_t line = file.index.line_of(at);
+    const std::size_t begin = file.index.line_begin(line);
+    TextPlace place;
+    place.line = static_cast<std::uint32_t>(line + 1);
+    place.column = static_cast<std::uint32_t>(at - begin);
+    place.text = file.index.line(file.text, line);
+    place.character = static_cast<std::uint32_t>(file.index.characters(file.text, begin, at) + 1);
+    return place;
 }
 
 }  // namespace vorn::kit

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "input/observer.h"
+#include "kit/run/text_index.h"
 
 // From a place in the line that a message shows back to what the composer wrote:
 //
@@ -19,6 +20,7 @@ namespace vorn::kit {
 struct SourceFile {
     std::string name;
     std::string text;
+    TextIndex index;
 };
 
 // Bytes [begin, end) of a file.
@@ -29,11 +31,12 @@ struct FileSpan {
 };
 
 // A place as people count: line from 1; column in bytes from 0, within `text`, the
-// whole line without its end.
+// whole line without its end; character from 1, as columns are told.
 struct TextPlace {
     std::uint32_t line = 0;
     std::uint32_t column = 0;
     std::string_view text;
+    std::uint32_t character = 0;
 };
 
 // A call that was undone on the way: its name, and what it had put into the line.
@@ -57,7 +60,7 @@ public:
     // calls, outermost first.
     FileSpan find(const LinePlace& place, std::vector<Expansion>* through = nullptr) const;
 
-    TextPlace text_place(const FileSpan& span) const;
+    TextPlace text_place(const FileSpan& span) const;  // of its beginning
     const std::deque<SourceFile>& files() const { return files_; }
 
 private:
