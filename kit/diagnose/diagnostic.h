@@ -32,7 +32,8 @@ struct Diagnostic {
     FileSpan span;     // file -1: of no place
     std::vector<Expansion> through;  // calls that the place came out of, outermost first
     std::string expanded_line;       // shown where calls are involved
-    std::int32_t expanded_pos = 0;
+    std::size_t expanded_begin = 0;  // bytes [begin, end) of it are meant
+    std::size_t expanded_end = 0;
     std::vector<std::string> advice;  // each one idea, in the composer's words
     std::vector<Note> notes;
     std::vector<Edit> edits;

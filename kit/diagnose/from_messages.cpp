@@ -1,10 +1,14 @@
 #include "kit/diagnose/from_messages.h"
 
+#include <algorithm>
+
+#include "kit/diagnose/advice.h"
+#include "kit/diagnose/marks.h"
 #include "kit/diagnose/plain_words.h"
 #include "kit/diagnose/unnumbered.h"
 
 // The engine's messages as diagnostics: the same words, at the place in the
-// composer's own file.
+// composer's own file, with the word marked that is meant, and with advice.
 
 namespace vorn::kit {
 
@@ -15,16 +19,30 @@ std::string code_of(const RunMessage& message) {
     return (message.severity == Severity::ERROR ? "E" : "W") + std::to_string(message.number);
 }
 
-Diagnostic from_message(const RunMessage& message) {
+// The mark in the file, or of what calls have put into the line in the expanded one.
+void place(Diagnostic& diagnostic, const Site& site, Stretch mark) {
+    diagnostic.span = site.message.span;
+    if (site.file >= 0) {
+        diagnostic.span = {site.file, mark.begin, mark.end};
+    } else if (!site.message.through.empty()) {
+        diagnostic.through = site.message.through;
+        diagnostic.expanded_line =
+            site.text.substr(0, std::max(behind_visible(site.text, site.text.size()), mark.end));
+        diagnostic.expanded_begin = mark.begin;
+        diagnostic.expanded_end = mark.end;
+    }
+}
+
+Diagnostic from_message(const ScoreRun& run, const RunMessage& message) {
     Diagnostic diagnostic;
     diagnostic.level = message.severity == Severity::ERROR ? Level::ERROR : Level::WARNING;
     diagnostic.code = code_of(message);
     diagnostic.text = on_one_line(message.text);
-    diagnostic.span = message.span;
-    diagnostic.through = message.through;
-    diagnostic.expanded_line = message.expanded_line;
-    diagnostic.expanded_pos = message.place.pos;
     diagnostic.repeats = message.repeats;
+    const Site site = site_of(run, message);
+    const Stretch mark = mark_of(diagnostic.code, site);
+    place(diagnostic, site, mark);
+    add_advice(site, mark, diagnostic);
     return diagnostic;
 }
 
@@ -32,7 +50,7 @@ Diagnostic from_message(const RunMessage& message) {
 
 std::vector<Diagnostic> from_messages(const ScoreRun& run) {
     std::vector<Diagnostic> diagnostics;
-    for (const RunMessage& message : run.messages) diagnostics.push_back(from_message(message));
+    for (const RunMessage& message : run.messages) diagnostics.push_back(from_message(run, message));
     return diagnostics;
 }
 

@@ -176,7 +176,7 @@ p4 no c4 d e }
     {.code = "E28",
      .cause = "`rd` and `dv` say by how much values may deviate: a number from 0 to 100, where 1 is 100 "
               "per cent. This one is no number or lies outside.",
-     .cure = "Write a fraction: `rd(.1)` moves each value by up to a twentieth up or down.",
+     .cure = "Write a fraction from 0 on: `rd(.1)` moves each value by up to a twentieth up or down.",
      .score = R"(rd(-.1)
 i1 = 3, 0, 4 {
 p2 1  p3 1 }
@@ -187,8 +187,8 @@ p2 1  p3 1 }
 )"},
     {.code = "E29",
      .cause = "A seed is a whole number from 0 to 65535. This one is no number or lies outside.",
-     .cure = "Write another number. Any of them is as random as the next; the same seed always gives the "
-             "same piece.",
+     .cure = "Write a whole number from 0 to 65535. Any of them is as random as the next; the same seed "
+             "always gives the same piece.",
      .score = R"(rs(70000)
 i1 = 3, 0, 4 {
 p2 1  p3 1 }

@@ -9,7 +9,7 @@ namespace {
 constexpr Explanation TABLE[] = {
     {.code = "E46",
      .cause = "A tempo is a number of beats per minute, from 1 to 4000. This one lies outside.",
-     .cure = "Write a tempo within these bounds: `te(60)`.",
+     .cure = "Write a tempo from 1 to 4000: `te(60)`.",
      .score = R"(te(0)
 i1 = 3, 0, 4 {
 p2 1  p3 1 }

@@ -1,70 +1,125 @@
 #include "kit/diagnose/text_form.h"
 
-#include <algorithm>
+#include "kit/diagnose/excerpt.h"
 
-// Bytes 10xxxxxx of UTF-8 continue a character: they count for no column and
-// take no mark.
+// A diagnostic top down: where and what, the line with its mark, the expansion
+// that the place came out of, further places, advice.
 
 namespace vorn::kit {
 
 namespace {
 
-bool continues_character(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+constexpr const char* BOLD = "\x1B[1m";
+constexpr const char* RED = "\x1B[1;31m";
+constexpr const char* YELLOW = "\x1B[1;33m";
+constexpr const char* CYAN = "\x1B[1;36m";
+constexpr const char* PLAIN = "\x1B[0m";
 
-std::size_t count_characters(std::string_view text) {
-    std::size_t count = 0;
-    for (const char c : text) count += continues_character(c) ? 0 : 1;
-    return count;
-}
+struct LevelStyle {
+    const char* name;
+    const char* color;
+};
 
-const char* level_name(Level level) {
+LevelStyle level_style(Level level) {
     switch (level) {
         case Level::ERROR:
-            return "error";
+            return {"error", RED};
         case Level::WARNING:
-            return "warning";
+            return {"warning", YELLOW};
         case Level::LINT:
-            return "note";
+            return {"note", CYAN};
     }
-    return "";
+    return {"", PLAIN};
 }
 
-// Blanks as wide as the text before the marks, then a mark a character.
-std::string marks_under(std::string_view line, std::size_t begin, std::size_t end) {
-    std::string marks;
-    for (const char c : line.substr(0, begin)) {
-        if (!continues_character(c)) marks += c == '\t' ? '\t' : ' ';
-    }
-    const std::size_t marked = begin < line.size() ? count_characters(line.substr(begin, end - begin)) : 0;
-    return marks + std::string(marked > 0 ? marked : 1, '^');
+std::string painted(const std::string& text, const char* color, const TextStyle& style) {
+    return style.colors ? color + text + PLAIN : text;
 }
 
-std::string heading(const Diagnostic& diagnostic, const SourceMap& map) {
-    std::string text;
-    if (diagnostic.span.file >= 0) {
-        const TextPlace place = map.text_place(diagnostic.span);
-        text = map.files()[static_cast<std::size_t>(diagnostic.span.file)].name + ":" +
-               std::to_string(place.line) + ":" +
-               std::to_string(count_characters(place.text.substr(0, place.column)) + 1) + ": ";
-    }
-    return text + level_name(diagnostic.level) + ": " + diagnostic.text + " [" + diagnostic.code + "]\n";
+std::string shown(std::string_view text, const TextStyle& style) {
+    return style.escapes ? escaped(text) : std::string(text);
 }
 
-std::string marked_line(std::string_view line, std::size_t begin, std::size_t end) {
-    return std::string(line) + "\n" + marks_under(line, begin, end) + "\n";
+// 4294967295 as "4,294,967,295".
+std::string grouped(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t at = digits.size(); at > 3;) digits.insert(at -= 3, ",");
+    return digits;
+}
+
+// "file:line:column: ", or nothing for what has no place.
+std::string location(const FileSpan& span, const SourceMap& map, const TextStyle& style) {
+    if (span.file < 0) return {};
+    const TextPlace place = map.text_place(span);
+    const std::string& name = map.files()[static_cast<std::size_t>(span.file)].name;
+    const std::string text =
+        shown(name, style) + ":" + std::to_string(place.line) + ":" + std::to_string(place.character) + ":";
+    return painted(text, BOLD, style) + " ";
+}
+
+std::string marked_line(std::string_view line, std::size_t begin, std::size_t end, const char* color,
+                        const TextStyle& style) {
+    const Excerpt plain = excerpt_of(line, begin, end);
+    const Excerpt excerpt = style.escapes ? escaped(plain) : plain;
+    return excerpt.text + "\n" + painted(marks_below(excerpt), color, style) + "\n";
+}
+
+std::string marked_source(const FileSpan& span, const SourceMap& map, const char* color,
+                          const TextStyle& style) {
+    if (span.file < 0) return {};
+    const TextPlace place = map.text_place(span);
+    return marked_line(place.text, place.column, place.column + (span.end - span.begin), color, style);
+}
+
+std::string call_name(const Expansion& expansion) {
+    switch (expansion.kind) {
+        case SpliceKind::MACRO:
+            return "$" + expansion.name;
+        case SpliceKind::CONSTANT:
+            return "~" + expansion.name;
+        case SpliceKind::EQUATION:
+            return "an equation";
+        case SpliceKind::TIME_VARIABLE:
+            return "~" + expansion.name;
+    }
+    return expansion.name;
+}
+
+std::string expansion(const Diagnostic& diagnostic, const char* color, const TextStyle& style) {
+    if (diagnostic.through.empty()) return {};
+    std::string chain;
+    for (const Expansion& call : diagnostic.through) {
+        chain += (chain.empty() ? "" : ", in that of ") + call_name(call);
+    }
+    return "in the expansion of " + shown(chain, style) + ":\n" +
+           marked_line(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end, color,
+                       style);
+}
+
+std::string heading(const Diagnostic& diagnostic, const SourceMap& map, const LevelStyle& level,
+                    const TextStyle& style) {
+    std::string text = location(diagnostic.span, map, style) +
+                       painted(level.name + std::string(":"), level.color, style) + " " +
+                       shown(diagnostic.text, style) + " [" + diagnostic.code + "]";
+    if (diagnostic.repeats > 1) text += " (" + grouped(diagnostic.repeats) + " times)";
+    return text + "\n";
+}
+
+std::string note_form(const Note& note, const SourceMap& map, const TextStyle& style) {
+    return location(note.span, map, style) + painted("note:", CYAN, style) + " " + shown(note.text, style) +
+           "\n" + marked_source(note.span, map, CYAN, style);
 }
 
 }  // namespace
 
-std::string text_form(const Diagnostic& diagnostic, const SourceMap& map) {
-    std::string text = heading(diagnostic, map);
-    if (diagnostic.span.file < 0) return text;
-    const TextPlace place = map.text_place(diagnostic.span);
-    const std::size_t length = diagnostic.span.end - diagnostic.span.begin;
-    text += marked_line(place.text, place.column, std::min(place.column + length, place.text.size()));
-    if (!diagnostic.through.empty()) {
-        const auto at = static_cast<std::size_t>(diagnostic.expanded_pos);
-        text += "expanded to:\n" + marked_line(diagnostic.expanded_line, at, at + 1);
+std::string text_form(const Diagnostic& diagnostic, const SourceMap& map, const TextStyle& style) {
+    const LevelStyle level = level_style(diagnostic.level);
+    std::string text = heading(diagnostic, map, level, style) +
+                       marked_source(diagnostic.span, map, level.color, style) +
+                       expansion(diagnostic, level.color, style);
+    for (const Note& note : diagnostic.notes) text += note_form(note, map, style);
+    for (const std::string& advice : diagnostic.advice) {
+        text += painted("help:", CYAN, style) + " " + shown(advice, style) + "\n";
     }
     return text;
 }

@@ -71,7 +71,8 @@ Diagnostic Findings::at(const LinePlace& begin, const LinePlace& last) const {
     if (through.empty()) return diagnostic;
     diagnostic.through = std::move(through);
     diagnostic.expanded_line = run_.expanded.line(begin.line);
-    diagnostic.expanded_pos = begin.pos;
+    diagnostic.expanded_begin = static_cast<std::size_t>(begin.pos);
+    diagnostic.expanded_end = static_cast<std::size_t>((last.line == begin.line ? last : begin).pos) + 1;
     return diagnostic;
 }
 

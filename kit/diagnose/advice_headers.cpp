@@ -1,0 +1,173 @@
+#include <algorithm>
+#include <charconv>
+
+#include "input/characters.h"
+#include "kit/diagnose/adviser.h"
+
+// Headers, and statements that are not those which the header has promised.
+
+namespace vorn::kit {
+
+namespace {
+
+constexpr const char* HEADER_FORM = "a header says: `i1 = 5 0 4 {`, with p-fields, start and length";
+
+// The number of p-fields in the header of the open block.
+struct Promise {
+    int count = 0;
+    FileSpan span;
+};
+
+Promise promise_of(const Site& site) {
+    const auto& open = site.run.open_block;
+    if (!open || open->header.file < 0) return {};
+    const std::string_view text = site.run.map.files()[static_cast<std::size_t>(open->header.file)].text;
+    const std::size_t equals = text.find('=', open->header.begin);
+    if (equals == std::string_view::npos) return {};
+    const std::size_t begin = next_visible(text, equals + 1);
+    Promise promise;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data() + begin, end, promise.count);
+    promise.span = {open->header.file, begin, static_cast<std::uint64_t>(read.ptr - text.data())};
+    return promise;
+}
+
+bool was_read(const OpenBlock& block, int number) {
+    return std::any_of(block.fields.begin(), block.fields.end(),
+                       [number](const FieldRecord& field) { return field.number == number; });
+}
+
+// "p5", "p5 and p7", "p5, p6 and p7".
+std::string listed(const std::vector<int>& numbers) {
+    std::string text;
+    for (std::size_t at = 0; at < numbers.size(); ++at) {
+        if (at > 0) text += at + 1 == numbers.size() ? " and " : ", ";
+        text += "p" + std::to_string(numbers[at]);
+    }
+    return text;
+}
+
+bool note_promise(Adviser& adviser, const Promise& promise) {
+    return adviser.note_at("the header promises " + std::to_string(promise.count) + " p-fields, P1 counted",
+                           promise.span);
+}
+
+bool advise_skipped(Adviser& adviser) {
+    const Promise promise = promise_of(adviser.site);
+    if (promise.count < 3 || promise.count > 128) return false;
+    std::vector<int> missing;
+    for (int number = 2; number <= promise.count; ++number) {
+        if (!was_read(*adviser.site.run.open_block, number)) missing.push_back(number);
+    }
+    if (missing.empty()) return false;
+    note_promise(adviser, promise);
+    return adviser.help(listed(missing) + (missing.size() > 1 ? " are missing" : " is missing") +
+                        "; or the header should promise fewer p-fields");
+}
+
+bool advise_beyond(Adviser& adviser) {
+    const Promise promise = promise_of(adviser.site);
+    if (promise.count < 3 || adviser.word().size() < 2) return false;
+    const std::string number(adviser.word().substr(1));
+    note_promise(adviser, promise);
+    return adviser.help("to have a p" + number + ", write " + number + " in the header instead of " +
+                        std::to_string(promise.count));
+}
+
+bool advise_duplicate(Adviser& adviser) {
+    const auto& open = adviser.site.run.open_block;
+    if (!open || adviser.word().size() < 2) return false;
+    for (const FieldRecord& field : open->fields) {
+        if ("p" + std::to_string(field.number) != adviser.word()) continue;
+        FileSpan first = field.statement;
+        first.end = first.begin + adviser.word().size();
+        adviser.note_at("it is given here already", first);
+        return adviser.help("give this statement the number of another p-field, or join the two");
+    }
+    return false;
+}
+
+// A Csound note has numbers only.
+bool advise_csound_note(Adviser& adviser) {
+    const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
+    const std::string_view text = adviser.site.of(line);
+    const auto is_plain = [](char c) { return is_digit(c) || is_space(c) || c == '.' || c == '-'; };
+    const bool is_note = text.size() > 1 && text[0] == 'i' && text.find_first_of(" \t") < text.size() &&
+                         std::all_of(text.begin() + 1, text.end(), is_plain);
+    if (!is_note) return false;
+    adviser.help("this is a note of a Csound score; Vorn writes those itself, from blocks: `i1 = 4 0 4 {`");
+    return adviser.help("to pass the line on as it is, write `>` before it");
+}
+
+bool advise_equals(Adviser& adviser) {
+    const Stretch name = word_at(adviser.site.text, adviser.mark.begin);
+    if (adviser.site.of(name).find('.') != std::string_view::npos) {
+        return adviser.help("the instrument is a whole number; Csound's fractions cannot be written");
+    }
+    if (adviser.word() == ":") {
+        adviser.edit(adviser.mark, " =");
+        return adviser.help("write `=` instead of the colon");
+    }
+    return adviser.help(std::string("write `=` behind the instrument; ") + HEADER_FORM);
+}
+
+bool advise_instrument(Adviser& adviser) {
+    if (adviser.word() == "instr") {
+        return adviser.help(
+            "this begins an instrument of a Csound orchestra, which is a file of its own; "
+            "a score holds blocks: `i1 = 5 0 4 {`");
+    }
+    return adviser.help("an instrument is a number here, as in `i1`, also where the orchestra has a name");
+}
+
+bool advise_hidden_brace(Adviser& adviser) {
+    const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
+    const std::string_view text = adviser.site.of(line);
+    const std::size_t comment = text.find(';');
+    if (comment == std::string_view::npos || text.find('{', comment) == std::string_view::npos) return false;
+    return adviser.help("everything behind `;` is a comment, the `{` too; leave the `;` out");
+}
+
+bool advise_brace(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    if (word.starts_with('-') && word.find('.') != std::string_view::npos) {
+        return adviser.help("a length with a minus is a number of events, and whole");
+    }
+    const bool ends_line = next_visible(adviser.site.text, adviser.mark.end) >=
+                           line_around(adviser.site.text, adviser.mark.end).end;
+    if (!ends_line) {
+        return adviser.help("behind start and length there is only `{`; is there a number too many?");
+    }
+    adviser.edit({adviser.mark.end, adviser.mark.end}, " {");
+    return adviser.help("write `{` behind the length");
+}
+
+bool advise_start(Adviser& adviser) {
+    if (adviser.word() == "{") {
+        return adviser.help(std::string("start and length are missing; ") + HEADER_FORM);
+    }
+    return adviser.help("a block starts at beat 0 or later; write the beat as a number");
+}
+
+bool advise_length(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    if (word == "{") {
+        return adviser.help(
+            "the length is missing: write the number of beats, or minus the number of "
+            "events, before `{`");
+    }
+    return adviser.help("the length is a number of beats, as 8, or minus a number of events, as -12");
+}
+
+constexpr AdviceRow ROWS[] = {
+    {"E71", advise_skipped},      {"E44", advise_beyond},  {"E70", advise_duplicate},
+    {"E34", advise_csound_note},  {"E34", advise_equals},  {"E11", advise_instrument},
+    {"E30", advise_hidden_brace}, {"E30", advise_brace},   {"E12", advise_start},
+    {"E120", advise_length},      {"E121", advise_length}, {"E13", advise_length},
+};
+
+}  // namespace
+
+AdviceTable header_advice() { return ROWS; }
+
+}  // namespace vorn::kit

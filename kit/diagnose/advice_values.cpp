@@ -1,0 +1,284 @@
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "blocks/commands.h"
+#include "input/characters.h"
+#include "kit/diagnose/adviser.h"
+#include "kit/diagnose/note_names.h"
+#include "kit/diagnose/words.h"
+
+// Words among the values of a statement that are none.
+
+namespace vorn::kit {
+
+namespace {
+
+bool contains(const std::vector<std::string>& names, std::string_view name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool is_called(const Adviser& adviser) {
+    return adviser.site[next_visible(adviser.site.text, adviser.mark.end)] == '(';
+}
+
+// The last of the three input types of numbers that the statement names.
+std::string last_type(const Site& site) {
+    const std::string code = code_before(site).text;
+    for (std::size_t at = code.size(); at-- > 1;) {
+        const std::string name = {to_lower(code[at - 1]), to_lower(code[at])};
+        const bool is_word = at < 2 || !is_letter(code[at - 2]);
+        if (is_word && (name == "db" || name == "op" || name == "rh")) return name;
+    }
+    return {};
+}
+
+// What may stand before "(": settings where one value is in the parentheses, else generators.
+std::string_view called_commands(const Site& site, Stretch name) {
+    const std::size_t open = next_visible(site.text, name.end);
+    const std::size_t close = site.text.substr(0, line_around(site.text, open).end).find(')', open);
+    if (close == std::string_view::npos) return GENERATORS;
+    const std::size_t first = next_visible(site.text, open + 1);
+    const std::size_t behind = next_visible(site.text, word_at(site.text, first).end);
+    return behind >= close ? SETTINGS : GENERATORS;
+}
+
+// "P3" for "p3", as a statement and in an equation.
+bool advise_upper_case(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    if (word.size() < 2 || word[0] != 'P' || !is_digit(word[1])) return false;
+    adviser.edit({adviser.mark.begin, adviser.mark.begin + 1}, "p");
+    return adviser.help("write the `p` of a p-field in lower case");
+}
+
+bool advise_note_name(Adviser& adviser) {
+    const bool is_name = is_note_name(adviser.word());
+    const std::string meant = is_name ? std::string() : note_from_elsewhere(adviser.word());
+    if (!is_name && (meant.empty() || !is_digit(meant.back()))) return false;
+    if (is_called(adviser)) return false;
+    if (!is_name) return adviser.help("write `no` before note names, and this one as `" + meant + "`");
+    adviser.edit({adviser.mark.begin, adviser.mark.begin}, "no ");
+    return adviser.help("write `no` before note names");
+}
+
+std::string without_exponent(double value) {
+    char digits[400];
+    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
+    return written.ec == std::errc() ? std::string(digits, written.ptr) : std::string();
+}
+
+bool advise_exponent(Adviser& adviser) {
+    const std::optional<double> value = number_in(adviser.word());
+    if (!value || adviser.word().find_first_of("eE") == std::string_view::npos) return false;
+    const double size = std::fabs(*value);
+    if (!(size < 1e15) || (size < 1e-7 && size > 0)) {
+        return adviser.help("numbers have no exponent; write all digits");
+    }
+    adviser.edit(adviser.mark, without_exponent(*value));
+    return adviser.help("numbers have no exponent; write " + without_exponent(*value));
+}
+
+bool advise_bracket(Adviser& adviser) {
+    if (adviser.word() != "[") return false;
+    const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
+    const std::size_t close = adviser.site.text.substr(0, line.end).find(']', adviser.mark.end);
+    std::string loop = "< ... >";
+    if (close != std::string_view::npos && close - adviser.mark.end < 40) {
+        loop = "< " + std::string(adviser.site.of({adviser.mark.end, close})) + " >";
+    }
+    return adviser.help("brackets belong into generators, as in `ra(T 1 [60 72])`; did you mean the loop `" +
+                        loop + "`?");
+}
+
+bool advise_sign(Adviser& adviser) {
+    struct Row {
+        std::string_view sign;
+        const char* help;
+    };
+    constexpr Row ROWS[] = {
+        {"=", "a statement has no `=`; leave it out"},
+        {"\"", "there are no texts, only numbers and note names; leave the quotation marks out"},
+        {"*",
+         "nothing is computed here; for three times the same value write `60 x3`, "
+         "for a product `~[60 * 3]`"},
+        {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
+        {"]", "a `[` is missing, or the generator was closed before"},
+        {")", "there is a `)` too many"},
+        {"%", "fractions are written as .5, not as 50%"},
+        {"{", "the block is open already; a `{` stands in the header only"},
+        {"|", "`|` stands only around the name of an include file"},
+    };
+    for (const Row& row : ROWS) {
+        if (row.sign != adviser.word()) continue;
+        if (row.sign == "=") adviser.edit(adviser.mark, "");
+        return adviser.help(row.help);
+    }
+    return false;
+}
+
+// "p2 1 // beats": slashes repeat, and the comment's first word is no value.
+bool advise_slash_comment(Adviser& adviser) {
+    const std::size_t behind = behind_visible(adviser.site.text, adviser.mark.begin);
+    if (behind < 2 || adviser.site.text.substr(behind - 2, 2) != "//") return false;
+    adviser.edit({behind - 2, behind}, ";");
+    return adviser.help("`//` repeats the value; a comment begins with `;`");
+}
+
+bool advise_output_type(Adviser& adviser) {
+    const std::string word(adviser.word());
+    const std::string type = word.substr(0, 2);
+    const bool is_type = contains(two_letter_names(OUTPUT_SPECIFIERS), type) &&
+                         !contains(two_letter_names(STATEMENT_COMMANDS), type);
+    if (!is_type || word.size() > 3) return false;
+    const auto statement = statement_around(adviser.site);
+    const std::string field = statement ? std::string(adviser.site.of(*statement)) : "p4";
+    return adviser.help("`" + type + "` says how values are written out and stands in parentheses: `" +
+                        field + "(" + word + ")`");
+}
+
+// Words with "(" are generators and settings; others are input types.
+bool advise_misspelt(Adviser& adviser) {
+    const std::string word(adviser.word());
+    if (word.empty() || !is_letter(word[0])) return false;
+    const std::string known(command_called(word));
+    const auto candidates = two_letter_names(is_called(adviser) ? called_commands(adviser.site, adviser.mark)
+                                                                : STATEMENT_COMMANDS);
+    const auto names = known.empty() ? nearest(word, candidates) : std::vector<std::string>{known};
+    if (names.empty() || names.size() > 4) return false;
+    return adviser.help("did you mean " + either(names) + "?");
+}
+
+// "pitch 60" where "p4 60" is meant.
+bool advise_field_name(Adviser& adviser) {
+    const bool is_name = adviser.word().size() > 2 && is_letter(adviser.word()[0]) && !is_called(adviser);
+    if (!is_name || !is_first_on_line(adviser.site.text, adviser.mark.begin)) return false;
+    return adviser.help("a statement begins with `p` and the number of its p-field: `p4 60`");
+}
+
+bool advise_rhythm(Adviser& adviser) {
+    if (last_type(adviser.site) != "rh" || adviser.word().empty() || !is_letter(adviser.word()[0]))
+        return false;
+    return adviser.help("a rhythm value is a number: 4 for a quarter, 8 for an eighth, `8.` with a dot");
+}
+
+bool advise_point(Adviser& adviser) {
+    if (adviser.word().empty() || adviser.word()[0] != '.') return false;
+    adviser.edit({adviser.mark.begin, adviser.mark.begin}, "0");
+    return adviser.help("in this input type a value begins with a digit or a sign: write 0" +
+                        std::string(adviser.word()));
+}
+
+bool advise_word(Adviser& adviser) {
+    if (adviser.word().empty() || !is_letter(adviser.word()[0])) return false;
+    return adviser.help("`" + std::string(adviser.word()) +
+                        "` is no value of this input type; a macro is called with `$`, a constant with `~`");
+}
+
+// --- values that their input type refuses ---
+
+bool advise_octave(Adviser& adviser) {
+    if (octave_of(adviser.word()) <= 9) return false;
+    return adviser.help("octaves go from 0 to 9; c4 is the middle c");
+}
+
+bool advise_other_note(Adviser& adviser) {
+    const std::string meant = note_from_elsewhere(adviser.word());
+    if (meant.empty()) return false;
+    adviser.edit(adviser.mark, meant);
+    return adviser.help("a sharp is `s`, a flat `f`, and the note below c is `b`: write `" + meant + "`");
+}
+
+bool advise_number(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    if (word.empty() || !(is_digit(word[0]) || word[0] == '-' || word[0] == '+')) return false;
+    const std::string type = last_type(adviser.site);
+    if (type == "db") return adviser.help("decibels go from 0 to 96");
+    if (type == "rh") return adviser.help("a rhythm value is 4 for a quarter, 8 for an eighth, never 0");
+    if (type != "op") return false;
+    return adviser.help("octave and pitch class are parted by a point: `" + std::string(word) +
+                        ".00` is a c");
+}
+
+bool advise_note(Adviser& adviser) {
+    if (adviser.word().empty() || !is_letter(adviser.word()[0])) return false;
+    return adviser.help("a note is a letter from a to g, `s`, `f` or `n`, and an octave from 0 to 9: `fs4`");
+}
+
+// --- types and the like ---
+
+bool advise_output(Adviser& adviser) {
+    const std::string type(adviser.word());
+    const Stretch whole = {adviser.mark.begin - 1, adviser.mark.end + 1};
+    if (contains(two_letter_names(STATEMENT_COMMANDS), type) && adviser.site[whole.end - 1] == ')') {
+        adviser.edit(whole, " " + type);
+        adviser.help("`" + type + "` says how values are read and stands behind the p-field: `p4 " + type +
+                     "`");
+        return adviser.help("in parentheses stands how they are written out: `p4(hz)`");
+    }
+    const auto names = nearest(type, two_letter_names(OUTPUT_SPECIFIERS));
+    if (names.empty() || names.size() > 4) return false;
+    return adviser.help("did you mean " + either(names) + "?");
+}
+
+bool advise_comma(Adviser& adviser) {
+    if (adviser.word() != ",") return false;
+    adviser.edit(adviser.mark, " ");
+    return adviser.help("a list begins with a value; leave the comma out");
+}
+
+bool advise_setting_before_end(Adviser& adviser) {
+    if (adviser.word() != "}") return false;
+    return adviser.help("a block does not end behind `rd` or `rs`; write them before a statement");
+}
+
+bool advise_sharp(Adviser& adviser) {
+    if (adviser.word().find('#') == std::string_view::npos) return false;
+    const std::string meant = note_from_elsewhere(adviser.word());
+    if (meant.empty()) {
+        return adviser.help("`#` begins a definition; a comment begins with `;`, and a sharp is `s`");
+    }
+    adviser.edit(adviser.mark, meant);
+    return adviser.help("a sharp is written `s`: " + meant);
+}
+
+// A value that is only one in a block of statements: nothing is read before P2.
+bool advise_before_statement(Adviser& adviser) {
+    const auto& open = adviser.site.run.open_block;
+    if (!open || !open->fields.empty() || statement_around(adviser.site)) return false;
+    return adviser.help("a block begins with its P2: `p2 1`");
+}
+
+bool advise_loop(Adviser& adviser) {
+    const std::string code = code_before(adviser.site).text;
+    if (adviser.word() == ">") {
+        return adviser.help(
+            "there is no open `<` in this statement; write it before the first value of the loop");
+    }
+    const std::size_t open = code.rfind('<');
+    if (open == std::string::npos || code.find('>', open) != std::string::npos) return false;
+    const std::size_t offset = code_before(adviser.site).offset;
+    adviser.note("the loop begins here", {offset + open, offset + open + 1});
+    return adviser.help("a loop holds no other loop; repeat values with `x2`, or write them out");
+}
+
+constexpr AdviceRow ROWS[] = {
+    {"E27", advise_upper_case}, {"E73", advise_upper_case},
+    {"E27", advise_exponent},   {"E27", advise_bracket},
+    {"E27", advise_sign},       {"E27", advise_slash_comment},
+    {"E27", advise_note_name},  {"E27", advise_output_type},
+    {"E27", advise_point},      {"E27", advise_rhythm},
+    {"E27", advise_misspelt},   {"E27", advise_field_name},
+    {"E27", advise_word},       {"E23", advise_octave},
+    {"E23", advise_other_note}, {"E23", advise_number},
+    {"E23", advise_note},       {"E17", advise_output},
+    {"E73", advise_comma},      {"E73", advise_setting_before_end},
+    {"E73", advise_sign},       {"E73", advise_before_statement},
+    {"E20", advise_sharp},      {"E80", advise_sharp},
+    {"E43", advise_loop},
+};
+
+}  // namespace
+
+AdviceTable value_advice() { return ROWS; }
+
+}  // namespace vorn::kit

@@ -1,0 +1,111 @@
+#include "kit/diagnose/foreign_characters.h"
+
+#include "kit/run/text_index.h"
+
+// The names are those of Unicode, in lower case.
+
+namespace vorn::kit {
+
+namespace {
+
+struct Letter {
+    std::uint32_t code = 0;
+    std::size_t size = 1;
+};
+
+// Two or three bytes of UTF-8; nothing else is looked up here.
+Letter read_letter(std::string_view text) {
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const std::size_t size = text.empty() ? 0 : byte(0) >> 5 == 6 ? 2 : byte(0) >> 4 == 14 ? 3 : 0;
+    if (size == 0 || text.size() < size) return {};
+    std::uint32_t code = byte(0) & (size == 2 ? 0x1FU : 0x0FU);
+    for (std::size_t at = 1; at < size; ++at) {
+        if (!continues_character(text[at])) return {};
+        code = code << 6 | (byte(at) & 0x3FU);
+    }
+    return {code, size};
+}
+
+enum class Look { SIGN, GUESS, BLANK };  // GUESS: what stands instead is not certain
+
+struct Row {
+    std::uint32_t code;
+    const char* name;
+    const char* instead;
+    Look look = Look::SIGN;
+};
+
+constexpr Row ROWS[] = {
+    {0x00A0, "no-break space", " ", Look::BLANK},
+    {0x00AB, "left-pointing double angle quotation mark", "<", Look::GUESS},
+    {0x00AD, "soft hyphen", "", Look::BLANK},
+    {0x00B4, "acute accent", "'"},
+    {0x00B7, "middle dot", ".", Look::GUESS},
+    {0x00BB, "right-pointing double angle quotation mark", ">", Look::GUESS},
+    {0x00D7, "multiplication sign", "x"},
+    {0x02BC, "modifier letter apostrophe", "'"},
+    {0x1680, "ogham space mark", " ", Look::BLANK},
+    {0x2000, "en quad", " ", Look::BLANK},
+    {0x2001, "em quad", " ", Look::BLANK},
+    {0x2002, "en space", " ", Look::BLANK},
+    {0x2003, "em space", " ", Look::BLANK},
+    {0x2004, "three-per-em space", " ", Look::BLANK},
+    {0x2005, "four-per-em space", " ", Look::BLANK},
+    {0x2006, "six-per-em space", " ", Look::BLANK},
+    {0x2007, "figure space", " ", Look::BLANK},
+    {0x2008, "punctuation space", " ", Look::BLANK},
+    {0x2009, "thin space", " ", Look::BLANK},
+    {0x200A, "hair space", " ", Look::BLANK},
+    {0x200B, "zero width space", "", Look::BLANK},
+    {0x200C, "zero width non-joiner", "", Look::BLANK},
+    {0x200D, "zero width joiner", "", Look::BLANK},
+    {0x200E, "left-to-right mark", "", Look::BLANK},
+    {0x200F, "right-to-left mark", "", Look::BLANK},
+    {0x2010, "hyphen", "-"},
+    {0x2011, "non-breaking hyphen", "-"},
+    {0x2012, "figure dash", "-"},
+    {0x2013, "en dash", "-"},
+    {0x2014, "em dash", "-"},
+    {0x2015, "horizontal bar", "-"},
+    {0x2018, "left single quotation mark", "'"},
+    {0x2019, "right single quotation mark", "'"},
+    {0x201A, "single low-9 quotation mark", ",", Look::GUESS},
+    {0x201C, "left double quotation mark", ""},
+    {0x201D, "right double quotation mark", ""},
+    {0x201E, "double low-9 quotation mark", ""},
+    {0x2026, "horizontal ellipsis", "", Look::GUESS},
+    {0x202F, "narrow no-break space", " ", Look::BLANK},
+    {0x2032, "prime", "'"},
+    {0x205F, "medium mathematical space", " ", Look::BLANK},
+    {0x2060, "word joiner", "", Look::BLANK},
+    {0x2212, "minus sign", "-"},
+    {0x2215, "division slash", "/"},
+    {0x266D, "music flat sign", "f"},
+    {0x266E, "music natural sign", "n"},
+    {0x266F, "music sharp sign", "s"},
+    {0x3000, "ideographic space", " ", Look::BLANK},
+    {0xFEFF, "byte-order mark", "", Look::BLANK},
+};
+
+constexpr std::uint32_t FIRST_FULL_WIDTH = 0xFF01;  // of "!", the others in the order of ASCII
+constexpr std::uint32_t LAST_FULL_WIDTH = 0xFF5E;
+
+ForeignCharacter full_width(Letter letter) {
+    const char ascii = static_cast<char>(letter.code - FIRST_FULL_WIDTH + '!');
+    return {letter.code, std::string("full-width form of ") + ascii, {ascii}, false, true, letter.size};
+}
+
+}  // namespace
+
+ForeignCharacter foreign_character(std::string_view text) {
+    const Letter letter = read_letter(text);
+    if (letter.code >= FIRST_FULL_WIDTH && letter.code <= LAST_FULL_WIDTH) return full_width(letter);
+    for (const Row& row : ROWS) {
+        if (row.code != letter.code) continue;
+        return {row.code,   row.name, row.instead, row.look == Look::BLANK, row.look != Look::GUESS,
+                letter.size};
+    }
+    return {};
+}
+
+}  // namespace vorn::kit
