@@ -1,13 +1,19 @@
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <memory>
 
 #include "kit/command/console.h"
 #include "kit/command/subcommands.h"
 #include "kit/command/system_sources.h"
 #include "kit/diagnose/from_messages.h"
+#include "kit/diagnose/json_form.h"
 #include "kit/diagnose/text_form.h"
 #include "kit/lint/lint.h"
 
-// vornkit check: the mistakes of scores, each where it stands.
+// vornkit check: the mistakes of scores, each where it stands. They are what was
+// asked for and go to standard output; what is wrong with the asking goes to
+// standard error.
 
 namespace vorn::kit {
 
@@ -15,29 +21,72 @@ namespace {
 
 struct CheckArguments {
     std::vector<std::string> scores;
+    std::string format = "text";
     bool relative = false;
     LintOptions lint;
 };
 
-bool check_score(const std::string& argument, const CheckArguments& arguments) {
+// Prints each score as soon as it is checked, or keeps all for one document.
+class CheckReport {
+public:
+    explicit CheckReport(bool is_json) : is_json_(is_json) {
+        style_.escapes = is_terminal(stdout);
+        style_.colors = has_colors(stdout);
+    }
+
+    void add(const std::string& name, const ScoreRun& run, const std::vector<Diagnostic>& diagnostics) {
+        if (is_json_) {
+            scores_.push_back(json_score(name, run.status == 0, diagnostics, run.map));
+            return;
+        }
+        for (const Diagnostic& diagnostic : diagnostics) {
+            print(text_form(diagnostic, run.map, style_));
+        }
+    }
+
+    // False: standard output has not taken all of it.
+    [[nodiscard]] bool finish() {
+        if (is_json_) print(json_report(scores_));
+        const bool is_written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+        if (!is_written) complain(std::string("cannot write the report: ") + std::strerror(errno));
+        return is_written;
+    }
+
+private:
+    static void print(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+    bool is_json_;
+    TextStyle style_;
+    std::vector<std::string> scores_;
+};
+
+Outcome check_score(const std::string& argument, const CheckArguments& arguments, CheckReport& report) {
     SystemSources sources;
     RunOptions options;
     options.relative = arguments.relative;
-    const ScoreRun run = run_score(source_name(argument), options, sources);
+    const std::string name = source_name(argument);
+    if (!sources.read(name)) {
+        complain("cannot read \"" + argument + "\": " + std::strerror(errno));
+        return Outcome::WRONG_USE;
+    }
+    const ScoreRun run = run_score(name, options, sources);
     std::vector<Diagnostic> diagnostics = from_messages(run);
     add_lint(diagnostics, run, arguments.lint);
-    for (const Diagnostic& diagnostic : diagnostics) {
-        std::fputs(text_form(diagnostic, run.map).c_str(), stdout);
-    }
-    return run.status == 0;
+    report.add(name, run, diagnostics);
+    return run.status == 0 ? Outcome::WELL : Outcome::REFUSED;
 }
 
 Outcome check(const CheckArguments& arguments) {
+    if (std::count(arguments.scores.begin(), arguments.scores.end(), "-") > 1) {
+        complain("standard input can be read once only; give \"-\" once");
+        return Outcome::WRONG_USE;
+    }
+    CheckReport report(arguments.format == "json");
     Outcome outcome = Outcome::WELL;
     for (const std::string& score : arguments.scores) {
-        if (!check_score(score, arguments)) outcome = Outcome::REFUSED;
+        outcome = std::max(outcome, check_score(score, arguments, report));
     }
-    return outcome;
+    return report.finish() ? outcome : Outcome::WRONG_USE;
 }
 
 }  // namespace
@@ -45,9 +94,13 @@ Outcome check(const CheckArguments& arguments) {
 void add_check(CLI::App& app, Outcome& outcome) {
     CLI::App* const command =
         app.add_subcommand("check", "tells the mistakes of scores and how to mend them");
-    command->footer("Example: vornkit check piece.vorn");
+    command->footer(
+        "Examples: vornkit check piece.vorn\n"
+        "          vornkit check --format json piece.vorn > piece.json");
     const auto arguments = std::make_shared<CheckArguments>();
     command->add_option("SCORE", arguments->scores, "scores; - is standard input")->required();
+    command->add_option("--format", arguments->format, "text for people, or json for programs")
+        ->check(CLI::IsMember({"text", "json"}));
     command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
     command->add_flag("--midi", arguments->lint.midi, "look for what vorn -m leaves out or bends, too");
     command->add_option("--ignore", arguments->lint.ignored, "leave out these notes, L1 or L1,L3")

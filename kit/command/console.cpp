@@ -9,9 +9,11 @@
 
 namespace vorn::kit {
 
+bool is_terminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+
 bool has_colors(std::FILE* stream) {
     const char* const refused = std::getenv("NO_COLOR");
-    return (refused == nullptr || *refused == 0) && isatty(fileno(stream)) != 0;
+    return (refused == nullptr || *refused == 0) && is_terminal(stream);
 }
 
 void complain(const std::string& text) { std::fprintf(stderr, "vornkit: %s\n", text.c_str()); }

@@ -7,6 +7,8 @@
 
 namespace vorn::kit {
 
+bool is_terminal(std::FILE* stream);
+
 // Whether colours may be used on a stream: a terminal, and no NO_COLOR.
 bool has_colors(std::FILE* stream);
 

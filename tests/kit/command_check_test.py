@@ -1,0 +1,223 @@
+#!/usr/bin/env python3
+"""vornkit check from outside: statuses, streams, data, bad input."""
+import json
+import os
+import pathlib
+import pty
+import resource
+import subprocess
+import unittest
+
+import jsonschema
+import vornkit
+
+TOP = pathlib.Path(__file__).resolve().parents[2]
+SCHEMA = json.loads((TOP / "kit/schema/check.schema.json").read_text())
+MISTAKES = TOP / "tests/kit/mistakes"
+WELL = "i1 = 4 0 4 {\np2 1\np3 1\np4 60 }\n"
+BAD = "i1 = 4 0 4 {\np2 1\np3 1\np4 60 c4 }\n"
+BAD_TEXT = ("bad.vorn:4:7: error: Data is out of bounds. [E27]\n"
+            "p4 60 c4 }\n"
+            "      ^^\n"
+            "help: write `no` before note names\n")
+
+
+def processor_time(program, *arguments, cwd):
+    """Seconds of processor time of one run, whose output is dropped."""
+    before = resource.getrusage(resource.RUSAGE_CHILDREN)
+    subprocess.run([program, *arguments], cwd=cwd, stdout=subprocess.DEVNULL, check=False, timeout=120)
+    after = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+
+
+class CheckTest(vornkit.CommandTest):
+    def check(self, *arguments, **options):
+        return self.vornkit("check", *arguments, **options)
+
+    def data(self, *arguments, **options):
+        done = self.check("--format", "json", *arguments, **options)
+        report = json.loads(done.stdout)
+        jsonschema.validate(report, SCHEMA)
+        return report
+
+    def on_terminal(self, *arguments, **environment):
+        """What a run writes to a terminal."""
+        ours, theirs = pty.openpty()
+        program = pathlib.Path(vornkit.VORNKIT).resolve()
+        variables = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+        with subprocess.Popen([program, "check", *arguments], cwd=self.folder, stdout=theirs,
+                              env={**variables, **environment}) as run:
+            os.close(theirs)
+            text = b""
+            try:
+                while part := os.read(ours, 65536):
+                    text += part
+            except OSError:  # the other end is closed
+                pass
+            run.wait()
+        os.close(ours)
+        return text.decode(errors="replace").replace("\r\n", "\n")
+
+    # --- what is said ---
+
+    def test_says_nothing_when_all_is_well(self):
+        self.write("well.vorn", WELL)
+        done = self.check("well.vorn")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def test_tells_mistakes_on_standard_output(self):
+        self.write("bad.vorn", BAD)
+        done = self.check("bad.vorn")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (1, BAD_TEXT, ""))
+
+    def test_checks_each_score(self):
+        self.write("well.vorn", WELL)
+        self.write("bad.vorn", BAD)
+        done = self.check("bad.vorn", "well.vorn", "bad.vorn")
+        self.assertEqual((done.returncode, done.stdout), (1, BAD_TEXT * 2))
+
+    def test_reads_standard_input(self):
+        done = self.check("-", input=BAD.encode())
+        self.assertEqual((done.returncode, done.stdout), (1, BAD_TEXT.replace("bad.vorn", "<stdin>")))
+
+    def test_a_warning_leaves_the_status_alone(self):
+        self.write("long.vorn", WELL.replace("60", "60 62 64 65 67"))
+        done = self.check("long.vorn")
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue(done.stdout.startswith("long.vorn:4:16: warning: "), done.stdout)
+
+    def test_finds_includes_beside_their_file_when_asked(self):
+        self.write("a/all.vorn", "#include |part.inc|\n")
+        self.write("a/part.inc", WELL)
+        self.assertEqual(self.check("a/all.vorn").returncode, 1)
+        self.assertEqual(self.check("--relative", "a/all.vorn").returncode, 0)
+
+    def test_names_may_hold_anything(self):
+        for name in ["mit Leerzeichen.vorn", "Gl\u00f6ckchen.vorn", "a'b\"c.vorn", "$(date).vorn", "-x.vorn"]:
+            self.write(name, BAD)
+            done = self.check("--", name)
+            self.assertEqual((done.returncode, done.stderr), (1, ""))
+            self.assertTrue(done.stdout.endswith(BAD_TEXT.partition(":")[2]), done.stdout)
+
+    # --- terminals ---
+
+    def test_colors_only_on_a_terminal_that_wants_them(self):
+        self.write("bad.vorn", BAD)
+        self.assertIn("\x1b[1;31merror:\x1b[0m", self.on_terminal("bad.vorn"))
+        self.assertEqual(self.on_terminal("bad.vorn", NO_COLOR="1"), BAD_TEXT)
+
+    def test_a_terminal_gets_no_control_characters_of_the_score(self):
+        self.write("bad.vorn", BAD.replace("c4", "\x1b[2J"))
+        self.assertNotIn("\x1b[2J", self.on_terminal("bad.vorn"))
+        self.assertIn("\\x1B[2J", self.on_terminal("bad.vorn"))
+        self.assertIn("\x1b[2J", self.check("bad.vorn").stdout)
+
+    # --- data ---
+
+    def test_the_same_as_data(self):
+        self.write("bad.vorn", BAD)
+        self.assertEqual(self.data("bad.vorn"), {"version": 1, "scores": [{
+            "score": "bad.vorn", "accepted": False, "diagnostics": [{
+                "level": "error", "code": "E27", "text": "Data is out of bounds.",
+                "place": {"file": "bad.vorn", "line": 4, "column": 7, "end_line": 4, "end_column": 9,
+                          "offset": 29, "end_offset": 31},
+                "source": {"text": "p4 60 c4 }", "column": 7, "end_column": 9},
+                "expansion": None, "notes": [],
+                "advice": ["write `no` before note names"],
+                "edits": [{"place": {"file": "bad.vorn", "line": 4, "column": 7, "end_line": 4,
+                                     "end_column": 7, "offset": 29, "end_offset": 29},
+                           "replacement": "no "}],
+                "repeats": 1}]}]})
+
+    def test_data_of_what_is_well(self):
+        self.write("well.vorn", WELL)
+        self.assertEqual(self.data("well.vorn"),
+                         {"version": 1, "scores": [{"score": "well.vorn", "accepted": True, "diagnostics": []}]})
+
+    def test_data_of_every_mistake_is_as_the_schema_says(self):
+        expanded = 0
+        for folder in sorted(MISTAKES.iterdir()):
+            report = self.data(folder / "in.vorn")
+            expanded += any(one["expansion"] for one in report["scores"][0]["diagnostics"])
+        self.assertGreaterEqual(expanded, 2)
+
+    def test_bytes_that_are_no_text_become_replacement_characters(self):
+        self.write("bad.vorn", BAD.encode().replace(b"c4", b"\xff\xfe"))
+        place = self.data("bad.vorn")["scores"][0]["diagnostics"][0]
+        self.assertIn("\ufffd", place["source"]["text"])
+
+    # --- wrong use ---
+
+    def assert_wrong_use(self, done, words):
+        self.assertEqual((done.returncode, done.stdout), (2, ""))
+        self.assertIn(words, done.stderr)
+
+    def test_wrong_use(self):
+        self.write("well.vorn", WELL)
+        (self.folder / "folder").mkdir()
+        self.assert_wrong_use(self.check(), "SCORE is required")
+        self.assert_wrong_use(self.check("none.vorn"), "cannot read \"none.vorn\": No such file")
+        self.assert_wrong_use(self.check("folder"), "cannot read \"folder\": Is a directory")
+        self.assert_wrong_use(self.check("--format", "xml", "well.vorn"), "xml")
+        self.assert_wrong_use(self.check("-", "-", input=b""), "give \"-\" once")
+        self.assert_wrong_use(self.check(""), "cannot read \"\"")
+
+    @unittest.skipIf(os.geteuid() == 0, "root reads everything")
+    def test_a_file_that_may_not_be_read(self):
+        self.write("closed.vorn", WELL).chmod(0)
+        self.assert_wrong_use(self.check("closed.vorn"), "Permission denied")
+
+    def test_the_other_scores_are_checked_all_the_same(self):
+        self.write("bad.vorn", BAD)
+        done = self.check("none.vorn", "bad.vorn")
+        self.assertEqual((done.returncode, done.stdout), (2, BAD_TEXT))
+
+    def test_a_report_that_cannot_be_written(self):
+        self.write("bad.vorn", BAD)
+        program = pathlib.Path(vornkit.VORNKIT).resolve()
+        with open(self.folder / "bad.vorn", "rb") as unwritable:
+            done = subprocess.run([program, "check", "bad.vorn"], cwd=self.folder, stdout=unwritable,
+                                  stderr=subprocess.PIPE, check=False, timeout=60)
+        self.assertEqual(done.returncode, 2)
+        self.assertIn(b"cannot write the report: ", done.stderr)
+
+    def test_help_begins_with_an_example(self):
+        done = self.check("--help")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("vornkit check piece.vorn", done.stdout)
+
+    # --- large and strange texts ---
+
+    def test_strange_texts(self):
+        texts = {"empty": b"", "zeros": bytes(1000), "all": bytes(range(256)) * 50, "brace": b"{" * 5000,
+                 "call": b"$" * 5000, "hash": b"#" * 5000, "open": b"i1=4 0 4{p2(", "cut": b"\xe2\x80",
+                 "deep": b"/*" * 5000, "paren": b"i1=4 0 4{p2 1 p3 1 p4 " + b"ra(" * 5000}
+        for name, text in texts.items():
+            self.write(name, text)
+            done = self.check(name)
+            self.assertIn(done.returncode, (0, 1), name)
+            self.assertEqual(done.stderr, "", name)
+            self.data(name)
+
+    def test_a_line_of_five_megabytes(self):
+        self.write("long.vorn", "i1 = 4 0 -2000000 { p2 1 p3 1 p4 " + "60 " * 1_700_000 + "c4 }")
+        done = self.check("long.vorn")
+        self.assertEqual(done.returncode, 1)
+        self.assertLess(len(done.stdout), 1000)
+        self.assertIn(":1:5100034: error:", done.stdout)
+
+    def test_a_million_lines(self):
+        self.write("many.vorn", "; nothing\n" * 1_000_000 + BAD)
+        done = self.check("many.vorn")
+        self.assertTrue(done.stdout.startswith("many.vorn:1000004:7: error:"), done.stdout)
+
+    def test_many_warnings_behind_many_lines(self):
+        """Finding a place must not take the longer the further it is down."""
+        block = WELL.replace("60", "60 62 64 65 67")
+        self.write("many.vorn", block * 20_000)
+        seconds = processor_time(pathlib.Path(vornkit.VORNKIT).resolve(), "check", "many.vorn", cwd=self.folder)
+        self.assertLess(seconds, 20)
+
+
+if __name__ == "__main__":
+    unittest.main()
