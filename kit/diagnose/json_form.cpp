@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "kit/diagnose/excerpt.h"
+#include "kit/diagnose/shown_line.h"
 
 // The shape is fixed by its version: fields may be added, none changes or goes.
 
@@ -55,7 +55,7 @@ Json place_json(const FileSpan& span, const SourceMap& map) {
             {"end_offset", span.end}};
 }
 
-Json excerpt_json(const Excerpt& excerpt) {
+Json excerpt_json(const ShownLine& excerpt) {
     const std::string_view text = excerpt.text;
     const std::size_t column = count_characters(text.substr(0, excerpt.begin)) + 1;
     const std::size_t marked = count_characters(text.substr(excerpt.begin, excerpt.end - excerpt.begin));
@@ -65,7 +65,7 @@ Json excerpt_json(const Excerpt& excerpt) {
 Json source_json(const FileSpan& span, const SourceMap& map) {
     if (span.file < 0) return nullptr;
     const TextPlace place = map.text_place(span);
-    return excerpt_json(excerpt_of(place.text, place.column, place.column + (span.end - span.begin)));
+    return excerpt_json(shown_line(place.text, place.column, place.column + (span.end - span.begin)));
 }
 
 Json expansion_json(const Diagnostic& diagnostic, const SourceMap& map) {
@@ -75,8 +75,8 @@ Json expansion_json(const Diagnostic& diagnostic, const SourceMap& map) {
         calls.push_back(
             {{"kind", kind_name(call.kind)}, {"name", call.name}, {"place", place_json(call.call, map)}});
     }
-    const Excerpt line =
-        excerpt_of(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end);
+    const ShownLine line =
+        shown_line(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end);
     return {{"line", excerpt_json(line)}, {"calls", calls}};
 }
 

@@ -1,6 +1,6 @@
 #include "kit/diagnose/text_form.h"
 
-#include "kit/diagnose/excerpt.h"
+#include "kit/diagnose/shown_line.h"
 
 // A diagnostic top down: where and what, the line with its mark, the expansion
 // that the place came out of, further places, advice.
@@ -59,8 +59,8 @@ std::string location(const FileSpan& span, const SourceMap& map, const TextStyle
 
 std::string marked_line(std::string_view line, std::size_t begin, std::size_t end, const char* color,
                         const TextStyle& style) {
-    const Excerpt plain = excerpt_of(line, begin, end);
-    const Excerpt excerpt = style.escapes ? escaped(plain) : plain;
+    const ShownLine plain = shown_line(line, begin, end);
+    const ShownLine excerpt = style.escapes ? escaped(plain) : plain;
     return excerpt.text + "\n" + painted(marks_below(excerpt), color, style) + "\n";
 }
 

@@ -7,21 +7,21 @@
 
 namespace vorn::kit {
 
-struct Excerpt {
+struct ShownLine {
     std::string text;
     std::size_t begin = 0;  // bytes [begin, end) of text are marked
     std::size_t end = 0;
 };
 
 // The line, or of a long one what stands around the mark, with "..." where it is cut.
-[[nodiscard]] Excerpt excerpt_of(std::string_view line, std::size_t begin, std::size_t end);
+[[nodiscard]] ShownLine shown_line(std::string_view line, std::size_t begin, std::size_t end);
 
 // The same with what might command a terminal written as "\x1B".
-[[nodiscard]] Excerpt escaped(const Excerpt& excerpt);
+[[nodiscard]] ShownLine escaped(const ShownLine& excerpt);
 [[nodiscard]] std::string escaped(std::string_view text);
 
 // The line to stand below: blanks and tabs as before the mark, then a mark for each
 // of its characters, at least one.
-[[nodiscard]] std::string marks_below(const Excerpt& excerpt);
+[[nodiscard]] std::string marks_below(const ShownLine& excerpt);
 
 }  // namespace vorn::kit

@@ -1,4 +1,4 @@
-#include "kit/diagnose/excerpt.h"
+#include "kit/diagnose/shown_line.h"
 
 #include <algorithm>
 
@@ -34,13 +34,13 @@ void append_escaped(std::string& text, std::string_view bytes) {
 
 }  // namespace
 
-Excerpt excerpt_of(std::string_view line, std::size_t begin, std::size_t end) {
+ShownLine shown_line(std::string_view line, std::size_t begin, std::size_t end) {
     begin = std::min(begin, line.size());
     end = std::clamp(end, begin, line.size());
     if (line.size() <= LONGEST_LINE) return {std::string(line), begin, end};
     const std::size_t first = begin > BEFORE ? character_start(line, begin - BEFORE) : 0;
     const std::size_t last = character_start(line, std::min(begin + FROM_MARK, line.size()));
-    Excerpt excerpt;
+    ShownLine excerpt;
     if (first > 0) excerpt.text = CUT;
     excerpt.begin = excerpt.text.size() + begin - first;
     excerpt.end = excerpt.text.size() + std::min(end, last) - first;
@@ -64,7 +64,7 @@ std::string escaped(std::string_view text) {
     return shown;
 }
 
-Excerpt escaped(const Excerpt& excerpt) {
+ShownLine escaped(const ShownLine& excerpt) {
     const std::string_view text = excerpt.text;
     const std::string before = escaped(text.substr(0, excerpt.begin));
     const std::string marked = escaped(text.substr(excerpt.begin, excerpt.end - excerpt.begin));
@@ -72,7 +72,7 @@ Excerpt escaped(const Excerpt& excerpt) {
             before.size() + marked.size()};
 }
 
-std::string marks_below(const Excerpt& excerpt) {
+std::string marks_below(const ShownLine& excerpt) {
     const std::string_view text = excerpt.text;
     std::string marks;
     for (const char c : text.substr(0, excerpt.begin)) {
