@@ -179,7 +179,7 @@ class CheckTest(vornkit.CommandTest):
             done = subprocess.run([program, "check", "bad.vorn"], cwd=self.folder, stdout=unwritable,
                                   stderr=subprocess.PIPE, check=False, timeout=60)
         self.assertEqual(done.returncode, 2)
-        self.assertIn(b"cannot write the report: ", done.stderr)
+        self.assertIn(b"cannot write all to standard output", done.stderr)
 
     def test_help_begins_with_an_example(self):
         done = self.check("--help")
