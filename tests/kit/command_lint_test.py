@@ -18,7 +18,7 @@ class Lint(CommandTest):
     def codes(self, *arguments):
         done = self.vornkit("check", *arguments)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        return [line.split("[")[-1].rstrip("]") for line in done.stdout.splitlines() if ": note: " in line]
+        return [line.split("[")[-1].rstrip("]") for line in done.stdout.splitlines() if ": note: " in line and line.endswith("]")]
 
     def test_a_note_tells_file_line_column_and_marks_the_place(self):
         self.write("in.vorn", SCORE)
@@ -61,7 +61,7 @@ class Lint(CommandTest):
         found = {}
         for score in sorted(EXAMPLES.glob("*/*.vorn")):
             done = self.vornkit("check", score, "--relative")
-            notes = [line for line in done.stdout.splitlines() if ": note: " in line]
+            notes = [line for line in done.stdout.splitlines() if ": note: " in line and line.endswith("]")]
             if notes:
                 found[score.stem] = [note.split("[")[-1].rstrip("]") for note in notes]
         # The wheel of five strokes has one more than its forty beats hold, and the weight, in
