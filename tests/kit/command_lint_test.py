@@ -18,7 +18,8 @@ class Lint(CommandTest):
     def codes(self, *arguments):
         done = self.vornkit("check", *arguments)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        return [line.split("[")[-1].rstrip("]") for line in done.stdout.splitlines() if ": note: " in line and line.endswith("]")]
+        return [line.split("[")[-1].rstrip("]") for line in done.stdout.splitlines()
+                if ": note: " in line and line.endswith("]")]
 
     def test_a_note_tells_file_line_column_and_marks_the_place(self):
         self.write("in.vorn", SCORE)
