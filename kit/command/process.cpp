@@ -201,10 +201,12 @@ ProcessResult run_process(const std::vector<std::string>& arguments, std::string
     return result;
 }
 
+// Not by SIGTERM: Csound has a handler for it and may go on for minutes. What a program
+// has made so far is dropped anyway.
 void end_running_processes() {
     for (const auto& slot : running) {
         const pid_t process = slot.load();
-        if (process > 0) kill(process, SIGTERM);
+        if (process > 0) kill(process, SIGKILL);
     }
 }
 

@@ -39,6 +39,18 @@ class PlayCommand(CommandTest):
         # Libraries of fluidsynth leave a folder of their own.
         return not [name for name in os.listdir(self.folder / "tmp") if not name.startswith("pulse-")]
 
+    def is_csound_at_work(self):
+        """Whether a Csound runs in this test's folder."""
+        time.sleep(.5)
+        folders = []
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                if (process / "comm").read_text() == "csound\n":
+                    folders.append(os.readlink(process / "cwd"))
+            except OSError:  # gone, or somebody else's
+                pass
+        return str(self.folder.resolve()) in folders
+
     def render(self, score, *arguments):
         self.write("piece.vorn", score)
         done = self.play("piece.vorn", *arguments, "--wav", "piece.wav")
@@ -224,6 +236,7 @@ class PlayCommand(CommandTest):
                 time.sleep(.5)
                 running.send_signal(number)
                 self.assertEqual(running.wait(10), -number)
+            self.assertFalse(self.is_csound_at_work())
             self.assertEqual(self.files(), ["long.vorn", "long.wav", "slow.orc"])  # tmp is empty, too
             self.assertEqual((self.folder / "long.wav").read_bytes(), b"older")
 
