@@ -106,4 +106,17 @@ TextPlace SourceMap::text_place(const FileSpan& span) const {
     return place;
 }
 
+std::string SourceMap::joined_text() const {
+    std::string joined;
+    for (std::size_t at = 0; at < spans_.size(); ++at) {
+        const Span& span = spans_[at];
+        const std::string& text = files_[static_cast<std::size_t>(span.file)].text;
+        const bool is_last = at + 1 == spans_.size();
+        const std::size_t length =
+            is_last ? text.size() : static_cast<std::size_t>(spans_[at + 1].copy_offset - span.copy_offset);
+        joined += text.substr(std::min<std::size_t>(span.file_offset, text.size()), length);
+    }
+    return joined;
+}
+
 }  // namespace vorn::kit

@@ -61,6 +61,7 @@ public:
     FileSpan find(const LinePlace& place, std::vector<Expansion>* through = nullptr) const;
 
     TextPlace text_place(const FileSpan& span) const;  // of its beginning
+    std::string joined_text() const;  // the score with the texts of its includes in their places
     const std::deque<SourceFile>& files() const { return files_; }
 
 private:
