@@ -20,6 +20,7 @@ void add_events(CLI::App& app, Outcome& outcome);
 void add_midi(CLI::App& app, Outcome& outcome);
 void add_new(CLI::App& app, Outcome& outcome);
 void add_play(CLI::App& app, Outcome& outcome);
+void add_vary(CLI::App& app, Outcome& outcome);
 void add_watch(CLI::App& app, Outcome& outcome);
 void add_picture(CLI::App& app, Outcome& outcome);
 

@@ -1,0 +1,219 @@
+#include "kit/command/variant.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "kit/command/atomic_file.h"
+#include "kit/command/process.h"
+#include "kit/command/system_sources.h"
+#include "kit/diagnose/from_messages.h"
+#include "kit/vary/fingerprint.h"
+#include "kit/vary/miniature.h"
+#include "kit/vary/sheet.h"
+
+// A variant is run from the texts that were read at the beginning, so that a score
+// that is edited meanwhile does not get into half of them. Its record is taken away
+// first and written last: whatever ends the work between, no record speaks of files
+// of another time.
+
+namespace vorn::kit {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* RECORD_FILE = "record.json";
+constexpr const char* OUR_FILES[] = {SCORE_FILE, PICTURE_FILE, SOUND_FILE, RECORD_FILE};
+
+// The texts of the plan, one of them changed; others are those of the system.
+class VariantSources final : public Sources {
+public:
+    VariantSources(const VaryPlan& plan, const std::string& value) : plan_(plan), value_(value) {}
+
+    std::optional<std::string> read(const std::string& name) override {
+        const auto found = plan_.texts.find(name);
+        if (found == plan_.texts.end()) return system_.read(name);
+        return name == plan_.varied_file ? varied_text(plan_.variation, found->second, value_)
+                                         : found->second;
+    }
+
+private:
+    const VaryPlan& plan_;
+    std::string value_;
+    SystemSources system_;
+};
+
+std::string key_of(const VaryPlan& plan, unsigned number) {
+    return fingerprint({plan.inputs, value_of(plan, number)});
+}
+
+bool is_there(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
+// What a worker that was killed has left: files that were being written.
+void remove_leftovers(const std::string& folder) {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        for (const char* const file : OUR_FILES) {
+            if (name.rfind("." + std::string(file) + ".", 0) == 0) unlink(entry.path().c_str());
+        }
+    }
+}
+
+bool open_folder(const std::string& folder, std::string& reason) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) {
+        reason = "cannot make the folder " + folder + ": " + error.message();
+        return false;
+    }
+    remove_leftovers(folder);
+    unlink((folder + RECORD_FILE).c_str());
+    return true;
+}
+
+TaskResult broken(unsigned number, const std::string& reason) { return {number, Outcome::WRONG_USE, reason}; }
+
+// A file that Csound is given by name, which must not look like an option.
+std::string as_file(const std::string& name) { return name.substr(0, 1) == "-" ? "./" + name : name; }
+
+// The first line that tells an error, else the last line, without control characters.
+std::string complaint_of(const std::string& output) {
+    std::string last;
+    for (std::size_t at = 0; at < output.size();) {
+        const std::size_t end = std::min(output.find('\n', at), output.size());
+        std::string line;
+        for (const char c : output.substr(at, end - at)) {
+            if (static_cast<unsigned char>(c) >= ' ') line += c;
+        }
+        at = end + 1;
+        if (line.find("error:") != std::string::npos) return line;
+        if (!line.empty()) last = line;
+    }
+    return last;
+}
+
+// Renders the finished score; a refusal of Csound goes into the record.
+bool render(const VaryPlan& plan, const std::string& folder, VariantRecord& record, std::string& reason) {
+    AtomicFile sound;
+    if (!sound.open(folder + SOUND_FILE)) {
+        reason = sound.error();
+        return false;
+    }
+    const ProcessResult csound =
+        run_process({"csound", "-d", "-m0", "--format=flac", "-o", as_file(sound.written_name()),
+                     as_file(plan.orchestra), as_file(folder + SCORE_FILE)});
+    std::error_code ignored;
+    record.has_sound = csound.status == 0 && fs::file_size(sound.written_name(), ignored) > 0;
+    if (!record.has_sound) {
+        record.state = VariantState::SILENT;
+        record.message = "Csound: " + complaint_of(csound.errors);
+        return true;
+    }
+    reason = sound.keep() ? "" : sound.error();
+    return reason.empty();
+}
+
+TaskResult finish(const std::string& folder, const VariantRecord& record) {
+    std::string reason;
+    if (!write_file(folder + RECORD_FILE, record_text(record), reason)) return broken(record.number, reason);
+    const bool is_well = record.state == VariantState::WELL;
+    return {record.number, is_well ? Outcome::WELL : Outcome::REFUSED, record.message};
+}
+
+TaskResult refuse(const std::string& folder, VariantRecord& record) {
+    for (const char* const file : OUR_FILES) unlink((folder + file).c_str());
+    record.state = VariantState::REFUSED;
+    return finish(folder, record);
+}
+
+void note_picture(VariantRecord& record, const Miniature& picture) {
+    record.events = picture.events;
+    record.seconds = picture.seconds;
+    record.low = picture.low;
+    record.high = picture.high;
+}
+
+// What the disk or the memory does not take is no fault of the score.
+bool is_unwritten(const ScoreRun& run) {
+    constexpr std::string_view CODES[] = {"Ewrite", "Eopen", "Etemporary", "E32"};
+    for (const Diagnostic& diagnostic : from_messages(run)) {
+        if (std::find(std::begin(CODES), std::end(CODES), diagnostic.code) != std::end(CODES)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string value_of(const VaryPlan& plan, unsigned number) {
+    return plan.range ? range_value(*plan.range, number - plan.first, plan.count) : std::to_string(number);
+}
+
+ScoreRun run_variant(const VaryPlan& plan, unsigned number, const std::string& output) {
+    RunOptions options;
+    options.relative = plan.relative;
+    options.output = output;
+    VariantSources sources(plan, value_of(plan, number));
+    return run_score(source_name(plan.score), options, sources);
+}
+
+std::string refusal(const VaryPlan& plan, unsigned number, const ScoreRun& run) {
+    if (run.status != 0) {
+        for (const Diagnostic& diagnostic : from_messages(run)) {
+            if (diagnostic.level != Level::ERROR) continue;
+            const TextPlace place = run.map.text_place(diagnostic.span);
+            const std::string line =
+                diagnostic.span.file >= 0 ? "line " + std::to_string(place.line) + ": " : "";
+            return line + diagnostic.text + " [" + diagnostic.code + "]";
+        }
+        return "the score is refused";
+    }
+    const std::string value = value_of(plan, number);
+    if (has_value(run, plan.variation, value)) return {};
+    return plan.variation.name + " does not become " + value + " in this score";
+}
+
+std::string folder_of(const VaryPlan& plan, unsigned number) {
+    return plan.folder + "/variants/" + std::to_string(number) + "/";
+}
+
+std::optional<VariantRecord> finished_variant(const VaryPlan& plan, unsigned number) {
+    const std::string folder = folder_of(plan, number);
+    const std::optional<std::string> text = SystemSources().read(folder + RECORD_FILE);
+    std::optional<VariantRecord> record = text ? read_record(*text) : std::nullopt;
+    if (!record || record->number != number || record->key != key_of(plan, number)) return std::nullopt;
+    if (record->state == VariantState::REFUSED) return record;
+    const bool is_whole = is_there(folder + SCORE_FILE) && is_there(folder + PICTURE_FILE) &&
+                          (!record->has_sound || is_there(folder + SOUND_FILE));
+    return is_whole ? record : std::nullopt;
+}
+
+TaskResult make_variant(const VaryPlan& plan, unsigned number) {
+    const std::string folder = folder_of(plan, number);
+    std::string reason;
+    if (!open_folder(folder, reason)) return broken(number, reason);
+    VariantRecord record;
+    record.number = number;
+    record.value = value_of(plan, number);
+    record.key = key_of(plan, number);
+    AtomicFile score;
+    if (!score.open(folder + SCORE_FILE)) return broken(number, score.error());
+    const ScoreRun run = run_variant(plan, number, score.written_name());
+    record.message = refusal(plan, number, run);
+    if (is_unwritten(run)) return broken(number, record.message);
+    if (!record.message.empty()) return refuse(folder, record);
+    record.score = fingerprint({SystemSources().read(score.written_name()).value_or("")});
+    const Miniature picture = miniature(run);
+    note_picture(record, picture);
+    if (!score.keep()) return broken(number, score.error());
+    if (!write_file(folder + PICTURE_FILE, picture.svg, reason)) return broken(number, reason);
+    if (!plan.orchestra.empty() && !render(plan, folder, record, reason)) return broken(number, reason);
+    return finish(folder, record);
+}
+
+}  // namespace vorn::kit
