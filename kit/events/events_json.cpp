@@ -7,7 +7,7 @@
 
 #include "blocks/commands.h"
 #include "kit/diagnose/from_messages.h"
-#include "kit/events/diagnostics_json.h"
+#include "kit/diagnose/json_form.h"
 
 // What is said once of a score or a block is an object of the library; events, of
 // which there may be millions, are written straight into the text, column by column:
@@ -108,7 +108,7 @@ Json score_json(const ScoreRun& run) {
                  {"seconds", run.seconds}};
     json["tempos"] = array_json(run.tempos, run.map, tempo_json);
     json["direct_lines"] = array_json(run.direct_lines, run.map, direct_line_json);
-    json["diagnostics"] = diagnostics_json(from_messages(run), run.map);
+    json["diagnostics"] = Json::parse(json_diagnostics(from_messages(run), run.map));
     return json;
 }
 

@@ -17,6 +17,9 @@ from vornkit import VORNKIT, CommandTest
 
 ROOT = pathlib.Path.cwd()
 SCHEMA = json.loads((ROOT / "kit/schema/events.schema.json").read_text())
+CHECK_SCHEMA = json.loads((ROOT / "kit/schema/check.schema.json").read_text())  # which the other one refers to
+VALIDATOR = jsonschema.Draft202012Validator(
+    SCHEMA, resolver=jsonschema.RefResolver("", SCHEMA, store={"check.schema.json": CHECK_SCHEMA}))
 VORN = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve()
 
 SCORE = """te(0 8 60 120)
@@ -53,7 +56,7 @@ class EventsCommand(CommandTest):
         done = self.vornkit("events", *arguments, **options)
         self.assertEqual(done.returncode, status, done.stderr)
         piece = json.loads(done.stdout)
-        jsonschema.Draft202012Validator(SCHEMA).validate(piece)
+        VALIDATOR.validate(piece)
         for block in piece["blocks"]:
             for name, column in block["events"].items():
                 self.assertEqual(len(column), block["count"], name)
@@ -174,10 +177,11 @@ class EventsCommand(CommandTest):
         self.assertEqual(done.returncode, 1)
         self.assertIn("bad.vorn:6:4: error: ", done.stderr)
         piece = json.loads((self.folder / "out.json").read_text())
-        jsonschema.Draft202012Validator(SCHEMA).validate(piece)
+        VALIDATOR.validate(piece)
         self.assertEqual((piece["status"], len(piece["blocks"]), piece["blocks"][0]["count"]), (1, 1, 2))
         told = piece["diagnostics"][0]
-        self.assertEqual((told["level"], told["file"], told["line"], told["column"]), ("error", "bad.vorn", 6, 4))
+        place = told["place"]
+        self.assertEqual((told["level"], place["file"], place["line"], place["column"]), ("error", "bad.vorn", 6, 4))
 
     def test_a_refused_score_leaves_an_older_csv(self):
         self.write("bad.vorn", REFUSED)
