@@ -221,7 +221,7 @@ class Failing(VaryTest):
     def test_one_that_is_refused_does_not_stop_the_others(self):
         self.write("piece.vorn", self.HALF)
         done = self.vary("piece.vorn", "--set", "LENGTH=0..3", "--count", "4", "-o", "out", status=1)
-        self.assertIn("variant 1: line 4: P2 is blank", done.stderr)
+        self.assertIn("variant 1: line 3: P2 is blank", done.stderr)
         self.assertEqual([self.record(n)["state"] for n in (1, 2, 3, 4)], ["refused", "well", "well", "well"])
         page = self.read("out/index.html").decode()
         self.assertEqual((page.count('<li class="tile">'), page.count('<li class="tile refused">')), (3, 1))
