@@ -5,6 +5,7 @@ import queue
 import signal
 import subprocess
 import threading
+import time
 import unittest
 
 from vornkit import VORNKIT, CommandTest
@@ -81,6 +82,41 @@ class WatchCommand(CommandTest):
         self.expect("3 events")
         self.write("real/a.vorn", SCORE % 4)
         self.expect("4 events")
+
+    def wait_for(self, name, other_than=None):
+        """The bytes of a file as soon as there are any, and others than these."""
+        deadline = time.monotonic() + PATIENCE
+        path = self.folder / name
+        while time.monotonic() < deadline:
+            if path.exists() and path.read_bytes() not in (b"", other_than):
+                return path.read_bytes()
+            time.sleep(0.02)
+        self.fail(f"{name} was not made")
+
+    def test_picture_and_sound_are_made_anew_and_stay_when_the_score_is_wrong(self):
+        self.write("a b.vorn", SCORE % 3)
+        self.start("a b.vorn", "--picture", "a b.svg", "--wav", "a b.wav")
+        self.expect("3 events")
+        picture = self.wait_for("a b.svg")
+        sound = self.wait_for("a b.wav")
+        self.write("a b.vorn", (SCORE % 3).replace("60", "c4"))
+        self.expect("a b.vorn:4:")
+        self.assertEqual([self.wait_for("a b.svg"), self.wait_for("a b.wav")], [picture, sound])
+        self.write("a b.vorn", SCORE % 9)
+        self.expect("9 events")
+        self.assertNotEqual(self.wait_for("a b.svg", other_than=picture), picture)
+        self.assertGreater(len(self.wait_for("a b.wav", other_than=sound)), len(sound))
+
+    def test_the_orchestra_counts(self):
+        self.write("a.vorn", SCORE % 1)
+        orchestra = "sr = 8000\nksmps = 8\nnchnls = 1\n0dbfs = 1\ninstr 1\na1 oscili %s, 440\nout a1\nendin\n"
+        self.write("a.orc", orchestra % ".5")
+        self.start("a.vorn", "a.orc", "--wav", "a.wav")
+        self.expect("1 events")
+        sound = self.wait_for("a.wav")
+        self.write("a.orc", orchestra % ".1")
+        self.expect("1 events")
+        self.wait_for("a.wav", other_than=sound)
 
     def test_a_change_of_other_files_is_none(self):
         self.write("a.vorn", SCORE % 3)
