@@ -34,6 +34,7 @@ struct Tool {
 const Tool TOOLS[] = {
     {"events", {"-o"}, "out.json"},
     {"events", {"-o"}, "out.csv"},
+    {"midi", {"--quiet"}, "out.mid"},
     {"picture", {"-o"}, "out.svg"},
 };
 
