@@ -3,6 +3,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -32,6 +33,16 @@ std::string behind_links(const std::string& path) {
     return target;
 }
 
+using NamesByFolder = std::map<int, std::set<std::string>>;
+
+bool holds(const NamesByFolder& all, const NamesByFolder& some) {
+    return std::all_of(some.begin(), some.end(), [&](const auto& entry) {
+        const auto found = all.find(entry.first);
+        return found != all.end() && std::includes(found->second.begin(), found->second.end(),
+                                                   entry.second.begin(), entry.second.end());
+    });
+}
+
 }  // namespace
 
 FileWatcher::FileWatcher() : descriptor_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
@@ -57,6 +68,7 @@ bool FileWatcher::watch(const std::vector<std::string>& names) {
     bool added = descriptor_ >= 0;
     if (!added) error_ = std::string("cannot watch files: ") + std::strerror(errno);
     for (const std::string& name : names) added = added && add(name) && add(behind_links(name));
+    has_new_names_ = !holds(before, names_);
     for (const auto& [folder, unused] : before) {
         if (names_.count(folder) == 0) inotify_rm_watch(descriptor_, folder);
     }

@@ -20,6 +20,9 @@ public:
     // False, with the reason in error(), when the kernel takes no more folders.
     [[nodiscard]] bool watch(const std::vector<std::string>& names);
 
+    // Whether the last call of watch() named a file that was not watched before.
+    bool has_new_names() const { return has_new_names_; }
+
     // To be waited for; readable when something happened in a folder.
     int descriptor() const { return descriptor_; }
 
@@ -34,6 +37,7 @@ private:
 
     int descriptor_;
     std::map<int, std::set<std::string>> names_;  // by watched folder: names in it
+    bool has_new_names_ = false;
     std::string error_;
 };
 

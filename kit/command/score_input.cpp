@@ -12,6 +12,12 @@
 
 namespace vorn::kit {
 
+void tell_mistakes(const ScoreRun& run) {
+    for (const Diagnostic& diagnostic : from_messages(run)) {
+        if (diagnostic.level == Level::ERROR) std::fputs(text_form(diagnostic, run.map).c_str(), stderr);
+    }
+}
+
 // Whoever types a score at the terminal needs the line that progress would take.
 ScoreRun ScoreInput::run(const std::string& argument, const RunOptions& options) {
     std::optional<Progress> progress;
@@ -24,9 +30,7 @@ ScoreInput::ScoreInput(const std::string& argument, bool relative, const std::st
     options.relative = relative;
     options.output = output;
     run_ = run(argument, options);
-    for (const Diagnostic& diagnostic : from_messages(run_)) {
-        if (diagnostic.level == Level::ERROR) std::fputs(text_form(diagnostic, run_.map).c_str(), stderr);
-    }
+    tell_mistakes(run_);
 }
 
 }  // namespace vorn::kit

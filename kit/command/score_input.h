@@ -7,6 +7,9 @@
 
 namespace vorn::kit {
 
+// Tells the errors of a run, not its warnings, on standard error.
+void tell_mistakes(const ScoreRun& run);
+
 // The score of a command line: runs it, and tells its mistakes on standard error. `output`
 // gets the Csound score.
 class ScoreInput {

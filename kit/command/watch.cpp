@@ -3,6 +3,7 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -21,7 +22,8 @@ namespace vorn::kit {
 
 namespace {
 
-constexpr int QUIET_TIME = 15;  // milliseconds: a save of several steps is one change
+constexpr int MAX_READINGS = 10;  // of a score that changes while it is read; the next change is told anyway
+constexpr int QUIET_TIME = 15;    // milliseconds: a save of several steps is one change
 
 struct WatchArguments {
     std::string score;
@@ -70,12 +72,26 @@ std::size_t count_events(const ScoreRun& run) {
     return count;
 }
 
+// Whether the files still hold what the run has read; one that it did not find, nothing.
+bool is_as_read(const ScoreRun& run, const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        const std::optional<std::string> text = SystemSources().read(name);
+        const auto& files = run.map.files();
+        const auto found = std::find_if(files.begin(), files.end(),
+                                        [&](const SourceFile& file) { return file.name == name; });
+        const bool was_found = found != files.end();
+        if (was_found != text.has_value() || (was_found && found->text != *text)) return false;
+    }
+    return true;
+}
+
 class Watch {
 public:
     explicit Watch(const WatchArguments& arguments) : arguments_(arguments) {}
     Outcome run();
 
 private:
+    bool read_and_watch(ScoreRun& run);
     bool look();
     bool wait_for_change();
     bool take_signals();
@@ -88,17 +104,32 @@ private:
     bool has_read_ = false;
 };
 
+// Runs the score and watches what it has read; false when that cannot be watched. A
+// file may change between its reading and its watch: then it is read again.
+bool Watch::read_and_watch(ScoreRun& run) {
+    for (int reading = 0; reading < MAX_READINGS; ++reading) {
+        SystemSources sources;
+        RunOptions options;
+        options.relative = arguments_.relative;
+        run = run_score(arguments_.score, options, sources);
+        std::vector<std::string> names = sources.names();
+        if (!arguments_.orchestra.empty()) names.push_back(arguments_.orchestra);
+        if (!files_.watch(names)) return false;
+        if (!files_.has_new_names() || is_as_read(run, sources.names())) break;
+    }
+    return true;
+}
+
 // Tells what is wrong and begins what is to be made; false when nothing can be watched.
 bool Watch::look() {
-    const ScoreInput input(arguments_.score, arguments_.relative);
-    has_read_ = !input.run().map.files().empty();
-    std::vector<std::string> names = input.sources().names();
-    if (!arguments_.orchestra.empty()) names.push_back(arguments_.orchestra);
-    if (!files_.watch(names)) return false;
-    tasks_.replace(input.is_well() ? make_tasks(arguments_) : std::deque<Task>());
-    if (input.is_well()) {
-        std::printf("%s: %zu events, %.3f seconds\n", arguments_.score.c_str(), count_events(input.run()),
-                    input.run().seconds);
+    ScoreRun run;
+    if (!read_and_watch(run)) return false;
+    has_read_ = !run.map.files().empty();
+    tell_mistakes(run);
+    tasks_.replace(run.status == 0 ? make_tasks(arguments_) : std::deque<Task>());
+    if (run.status == 0) {
+        std::printf("%s: %zu events, %.3f seconds\n", arguments_.score.c_str(), count_events(run),
+                    run.seconds);
         std::fflush(stdout);
     }
     return true;
