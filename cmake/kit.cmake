@@ -17,7 +17,7 @@ add_library(vorn_kit STATIC ${kit_sources})
 target_include_directories(vorn_kit PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(vorn_kit PUBLIC vorn_core PRIVATE nlohmann_json::nlohmann_json)
 target_compile_definitions(vorn_kit PRIVATE JSON_NOEXCEPTION)
-target_compile_options(vorn_kit PRIVATE -fno-exceptions -fno-rtti
+target_compile_options(vorn_kit PRIVATE -fno-exceptions
     $<$<BOOL:${VORN_FUZZ}>:-fsanitize=fuzzer-no-link>)
 
 # What the command is made of is a library, too, so that tests can link it.
