@@ -110,6 +110,7 @@ bool AtomicFile::open(const std::string& path) {
 
 bool AtomicFile::write(std::string_view bytes) {
     if (stream_ == nullptr) return false;
+    if (bytes.empty()) return true;  // no bytes may be at no address
     return std::fwrite(bytes.data(), 1, bytes.size(), stream_) == bytes.size() || fail("write");
 }
 

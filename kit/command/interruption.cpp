@@ -1,7 +1,10 @@
 #include "kit/command/interruption.h"
 
+#include <unistd.h>
+
 #include <csignal>
 
+#include "driver/temporary_file.h"
 #include "kit/command/atomic_file.h"
 #include "kit/command/process.h"
 
@@ -18,6 +21,7 @@ constexpr int ENDING_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIG
 void clean_up(int signal) {
     end_running_processes();
     drop_unfinished_files();
+    if (tmp_fname[0] != 0) unlink(tmp_fname);  // of the run that goes on in this process
     raise(signal);  // held back until the handler is over; the default action is back by then
 }
 

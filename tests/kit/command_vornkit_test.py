@@ -1,11 +1,14 @@
 """vornkit as a whole: help, wrong use, an output that takes nothing."""
+import os
 import pathlib
+import signal
 import subprocess
+import time
 import unittest
 
 from vornkit import VORNKIT, CommandTest
 
-SUBCOMMANDS = ("check", "explain", "midi", "watch")
+SUBCOMMANDS = ("check", "explain", "events", "midi", "picture", "play", "watch", "vary", "new")
 
 
 class Vornkit(CommandTest):
@@ -31,6 +34,20 @@ class Vornkit(CommandTest):
                                       stderr=subprocess.PIPE, check=False, timeout=120)
             self.assertEqual(done.returncode, 2, arguments)
             self.assertIn(b"cannot write all to standard output", done.stderr, arguments)
+
+    def test_an_interrupted_run_leaves_no_temporary_file(self):
+        self.write("long.vorn", "i1 = 4 0 -10000000 {\np2 .001\np3 1\np4 ra(T 1 [60 72])\n}\n")
+        temporary = self.folder / "tmp"
+        temporary.mkdir()
+        for arguments in (("check", "long.vorn"), ("midi", "long.vorn", "long.mid")):
+            running = subprocess.Popen([pathlib.Path(VORNKIT).resolve(), *arguments], cwd=self.folder,
+                                       env={**os.environ, "TMPDIR": str(temporary)}, stderr=subprocess.DEVNULL)
+            while running.poll() is None and not any(temporary.iterdir()):
+                time.sleep(0.01)
+            running.send_signal(signal.SIGINT)
+            self.assertEqual(running.wait(60), -signal.SIGINT, arguments)
+            self.assertEqual(list(temporary.iterdir()), [], arguments)
+        self.assertEqual(self.files(), ["long.vorn"])
 
 
 if __name__ == "__main__":
