@@ -39,8 +39,9 @@ struct Plot {
     Scale scale;     // value, of a roll the key, to height
     double top = 0;
     double height = 0;
-    std::string name;  // "P4"
-    std::string role;  // "pitch", "level" or nothing
+    std::string name;   // "P4"
+    std::string role;   // "pitch", "level" or nothing
+    std::string range;  // in words, of the events: "from c4 to g4"
     std::vector<Tick> ticks;
     bool is_decibels = false;    // a lane of amplitudes that are written as decibels, and drawn so
     bool is_constant = false;    // a lane of which all values are equal

@@ -111,11 +111,7 @@ double draw_legend(SvgWriter& svg, const Layout& layout, const LegendNeeds& need
 
 std::string plot_label(const Plot& plot) {
     std::string text = plot.name + (plot.role.empty() ? "" : ", " + plot.role);
-    if (plot.ticks.empty() || plot.kind == PlotKind::STROKES) return text;
-    if (plot.is_constant) return text + ", " + plot.ticks[0].label + " throughout";
-    const auto [low, high] = std::minmax_element(
-        plot.ticks.begin(), plot.ticks.end(), [](const Tick& a, const Tick& b) { return a.place > b.place; });
-    return text + ", from " + low->label + " to " + high->label;
+    return plot.range.empty() ? text : text + ", " + plot.range;
 }
 
 std::string description(const Layout& layout) {

@@ -109,6 +109,10 @@ double lane_value(const Plot& plot, float value) {
     return plot.is_decibels ? to_decibels({plot.pfield, LevelUnit::AMPLITUDE}, value) : double{value};
 }
 
+std::string range_in_words(const std::string& low, const std::string& high) {
+    return low == high ? low + " throughout" : "from " + low + " to " + high;
+}
+
 Plot roll(const ScoreView& view, const Panel& panel) {
     Plot plot;
     plot.kind = PlotKind::ROLL;
@@ -117,6 +121,7 @@ Plot roll(const ScoreView& view, const Panel& panel) {
     if (plot.pfield != 0) plot.role = "pitch";
     const ValueRange range = range_of(view, panel, plot);
     plot.not_finite = range.not_finite;
+    if (!range.is_empty()) plot.range = range_in_words(key_name(range.low), key_name(range.high));
     const double low = range.is_empty() ? 60 : std::floor(range.low);
     const double high = range.is_empty() ? 60 : std::ceil(range.high);
     const double missing = std::max(0.0, FEWEST_KEYS - (high - low)) / 2;
@@ -176,8 +181,11 @@ void label_range(Plot& plot, const ValueRange& range, bool with_names) {
     const auto label = [&plot, with_names](double value, const Place& place) {
         return with_names ? key_name(value + KEY_OF_LOWEST_C) : written_label(place, plot.pfield, value);
     };
-    if (!plot.is_constant) plot.ticks.push_back({plot.scale(range.high), label(range.high, range.highest)});
-    plot.ticks.push_back({plot.scale(range.low), label(range.low, range.lowest)});
+    const std::string low = label(range.low, range.lowest);
+    const std::string high = plot.is_constant ? low : label(range.high, range.highest);
+    plot.range = range_in_words(low, high);
+    if (!plot.is_constant) plot.ticks.push_back({plot.scale(range.high), high});
+    plot.ticks.push_back({plot.scale(range.low), low});
 }
 
 Plot lane(const ScoreView& view, const Panel& panel, int pfield) {

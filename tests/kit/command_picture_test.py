@@ -69,6 +69,11 @@ class PictureCommand(CommandTest):
         self.assertIn("Instrument 1: 3 events; P5, pitch", description)
         self.assertIn("P6, 0.5 throughout", description)
 
+    def test_the_range_that_is_told_is_that_of_the_events(self):
+        # Not that of the axis, whose names of keys are round: here c, ef and fs.
+        self.write("a.vorn", "i1 = 4 0 -5 {\np2 1\np3 1\np4 no c4 d e f g\n}\n")
+        self.assertIn("P4, pitch, from c4 to g4", self.vornkit("picture", "a.vorn", "-o", "-").stdout)
+
     def test_size_and_round_axes(self):
         tree = self.tree("--width", "800")
         self.assertEqual(tree.get("width"), "800")
