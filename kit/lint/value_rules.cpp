@@ -9,6 +9,7 @@
 //
 //     bb4      b, and b4          0,5      0, and 5
 //     60-62    60, and -62        1/2      1, and 2
+//     db4      the input type of decibels, and 4
 
 namespace vorn::kit::rules {
 
@@ -106,6 +107,38 @@ void add_flat(const Statement& statement, Items flat, Findings& findings) {
     findings.add(std::move(diagnostic));
 }
 
+// "db4" among note names: a "db" with a digit right behind it, or with nothing.
+bool is_flat_d(const Statement& statement, std::size_t at) {
+    const std::vector<Item>& items = statement.items;
+    if (at + 1 == items.size()) return true;
+    const Item& next = items[at + 1];
+    return are_adjacent(items[at], next) && next.kind == ItemKind::VALUE && next.end == next.begin + 1;
+}
+
+void add_flat_d(const Statement& statement, std::size_t at, Findings& findings) {
+    const bool has_octave = at + 1 < statement.items.size();
+    const Items flat = Items(statement.items).subspan(at, has_octave ? 2 : 1);
+    Diagnostic diagnostic = place_row(statement, flat, findings);
+    const std::string cured = spelt_with_f(statement.text(flat));
+    diagnostic.text = "\"" + statement.text(flat) + "\" is read as the input type of decibels" +
+                      (has_octave ? ", and a value." : ".");
+    diagnostic.advice.push_back("A flat is written with \"f\": " + cured + ".");
+    if (diagnostic.through.empty()) diagnostic.edits.push_back({diagnostic.span, cured});
+    findings.add(std::move(diagnostic));
+}
+
+void find_flat_d(const Statement& statement, Findings& findings) {
+    int type = CODE_RE;
+    for (std::size_t at = 0; at < statement.items.size(); ++at) {
+        const Item& item = statement.items[at];
+        if (item.kind != ItemKind::INPUT_TYPE) continue;
+        if (item.code == CODE_DB && type == CODE_NO && is_flat_d(statement, at)) {
+            add_flat_d(statement, at, findings);
+        }
+        type = item.code;
+    }
+}
+
 // --- numbers ---
 
 bool is_number_type(int code) { return code == CODE_RE || code == CODE_IN || code == CODE_DB; }
@@ -194,6 +227,7 @@ void flats_spelt_with_b(const Statement& statement, Findings& findings) {
         others = others || flats.empty();
         all.insert(all.end(), flats.begin(), flats.end());
     });
+    find_flat_d(statement, findings);
     if (others) return;
     for (const Items flat : all) add_flat(statement, flat, findings);
 }

@@ -48,6 +48,19 @@ TEST(FlatsSpeltWithB, AreNotSuspectedInRightNames) {
     }
 }
 
+// Two letters that are an input type: the notes behind them would be no notes.
+TEST(FlatsSpeltWithB, OfDAreTheInputTypeOfDecibels) {
+    const std::vector<Diagnostic> notes = found_in(four_events("p4 no c4 e g db4"));
+    ASSERT_EQ(notes.size(), 1U);
+    EXPECT_EQ(notes[0].text, "\"db4\" is read as the input type of decibels, and a value.");
+    ASSERT_EQ(notes[0].edits.size(), 1U);
+    EXPECT_EQ(notes[0].edits[0].replacement, "df4");
+    EXPECT_EQ(notes_of(four_events("p4 no c4 e g db")), (Notes{"L1 4:14 db"}));
+    for (const char* types : {"no c4 db 60 65 70", "db 60 65", "no c4 db60", "re 4 db 60"}) {
+        EXPECT_EQ(notes_of(four_events(std::string("p4 ") + types)), Notes{}) << types;
+    }
+}
+
 // "c4eg" is how names may be run together, and among them "gb" are two notes.
 TEST(FlatsSpeltWithB, AreNotesWhereOthersAreRunTogetherToo) {
     EXPECT_EQ(notes_of(four_events("p4 no ceg gb")), (Notes{"L12 4:12 b"}));
