@@ -9,6 +9,8 @@ namespace vorn::kit {
 
 namespace {
 
+constexpr std::size_t SHOWN_CALLS = 5;  // of the calls that a place came out of
+
 constexpr const char* BOLD = "\x1B[1m";
 constexpr const char* RED = "\x1B[1;31m";
 constexpr const char* YELLOW = "\x1B[1;33m";
@@ -85,13 +87,20 @@ std::string call_name(const Expansion& expansion) {
     return expansion.name;
 }
 
+// "$A, in that of $B"; of a chain without an end, such as that of macros which call
+// each other, the beginning.
+std::string chain_of(const std::vector<Expansion>& calls) {
+    std::string chain;
+    for (std::size_t at = 0; at < std::min(calls.size(), SHOWN_CALLS); ++at) {
+        chain += (at == 0 ? "" : ", in that of ") + call_name(calls[at]);
+    }
+    if (calls.size() <= SHOWN_CALLS) return chain;
+    return chain + ", and " + grouped(calls.size() - SHOWN_CALLS) + " more";
+}
+
 std::string expansion(const Diagnostic& diagnostic, const char* color, const TextStyle& style) {
     if (diagnostic.through.empty()) return {};
-    std::string chain;
-    for (const Expansion& call : diagnostic.through) {
-        chain += (chain.empty() ? "" : ", in that of ") + call_name(call);
-    }
-    return "in the expansion of " + shown(chain, style) + ":\n" +
+    return "in the expansion of " + shown(chain_of(diagnostic.through), style) + ":\n" +
            marked_line(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end, color,
                        style);
 }

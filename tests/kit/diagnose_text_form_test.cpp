@@ -49,6 +49,15 @@ TEST(TextForm, CountsCharactersAndKeepsTabs) {
               "help: write `no` before note names\n");
 }
 
+// A circle of macros comes out of hundreds of calls.
+TEST(TextForm, ShowsTheBeginningOfALongChainOfCalls) {
+    const std::string text = text_of("#define A #$B $B#\n#define B #$A $A#\n" + BLOCK + "p4 $A }\n");
+    EXPECT_NE(
+        text.find("in the expansion of $A, in that of $B, in that of $A, in that of $B, in that of $A, and "),
+        std::string::npos);
+    EXPECT_LT(text.size(), 1000U);
+}
+
 TEST(TextForm, ShowsTheExpansionWithItsOwnMarks) {
     EXPECT_EQ(text_of("#define LOW #no c3 h3#\n#define TUNE #$LOW c4#\n" + BLOCK + "p4 $TUNE }\n"),
               "in.vorn:6:4: error: Value out of bounds or syntax error. [E23]\n"
