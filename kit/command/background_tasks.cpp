@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 
 #include "kit/command/console.h"
+#include "kit/command/process.h"
 
 extern char** environ;
 
@@ -14,13 +15,6 @@ extern char** environ;
 namespace vorn::kit {
 
 namespace {
-
-std::vector<char*> argument_vector(const std::vector<std::string>& arguments) {
-    std::vector<char*> vector;
-    for (const std::string& argument : arguments) vector.push_back(const_cast<char*>(argument.c_str()));
-    vector.push_back(nullptr);
-    return vector;
-}
 
 pid_t spawn(const std::vector<std::string>& arguments) {
     posix_spawnattr_t attributes;

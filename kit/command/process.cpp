@@ -109,13 +109,6 @@ private:
     sigset_t before_ = {};
 };
 
-std::vector<char*> argument_vector(const std::vector<std::string>& arguments) {
-    std::vector<char*> vector;
-    for (const std::string& argument : arguments) vector.push_back(const_cast<char*>(argument.c_str()));
-    vector.push_back(nullptr);
-    return vector;
-}
-
 // 0, or the reason as errno has it.
 int spawn(pid_t& process, const std::vector<std::string>& arguments, const Pipes& pipes,
           const sigset_t& signals) {
@@ -208,6 +201,13 @@ void end_running_processes() {
         const pid_t process = slot.load();
         if (process > 0) kill(process, SIGKILL);
     }
+}
+
+std::vector<char*> argument_vector(const std::vector<std::string>& arguments) {
+    std::vector<char*> vector;
+    for (const std::string& argument : arguments) vector.push_back(const_cast<char*>(argument.c_str()));
+    vector.push_back(nullptr);
+    return vector;
 }
 
 std::string how_to_install(const std::string& program, const std::string& package) {

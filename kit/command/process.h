@@ -23,6 +23,9 @@ struct ProcessResult {
 // Ends the programs that run now; for handlers of signals.
 void end_running_processes();
 
+// The arguments as the system wants them, a null behind the last; they must outlive it.
+[[nodiscard]] std::vector<char*> argument_vector(const std::vector<std::string>& arguments);
+
 // "rsvg-convert is needed for this and is not installed (Debian: apt install librsvg2-bin)"
 [[nodiscard]] std::string how_to_install(const std::string& program, const std::string& package);
 
