@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 
@@ -37,6 +38,30 @@ void note_unfinished(const std::string& name) {
 
 void forget_unfinished(const std::string& name) {
     if (char* slot = find_slot(name.c_str())) slot[0] = 0;
+}
+
+// A signal that comes between making a file and noting its name would leave it behind.
+class SignalsHeldBack {
+public:
+    SignalsHeldBack() {
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_SETMASK, &all, &before_);
+    }
+    ~SignalsHeldBack() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsHeldBack(const SignalsHeldBack&) = delete;
+    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+
+private:
+    sigset_t before_ = {};
+};
+
+// The descriptor of a new file whose name is noted; negative when there is none.
+int make_unfinished(std::string& name) {
+    const SignalsHeldBack held;
+    const int descriptor = mkstemp(name.data());
+    if (descriptor >= 0) note_unfinished(name);
+    return descriptor;
 }
 
 std::string temporary_pattern(const std::string& path) {
@@ -98,10 +123,9 @@ bool AtomicFile::open(const std::string& path) {
         return stream_ != nullptr || fail("write");
     }
     std::string name = temporary_pattern(path_);
-    const int descriptor = mkstemp(name.data());
+    const int descriptor = make_unfinished(name);
     if (descriptor < 0) return fail("write");
     temporary_ = name;
-    note_unfinished(temporary_);
     fchmod(descriptor, rights_for(path_));
     stream_ = fdopen(descriptor, "wb");
     if (stream_ == nullptr) close(descriptor);

@@ -109,7 +109,7 @@ private:
 
 void Workers::work(std::size_t slot, int pipe) {
     clean_up_when_interrupted();
-    for (;;) {
+    while (ended_by == 0) {  // told to end before it could be interrupted
         const std::uint64_t task = shared_->next++;
         if (task >= options_.tasks) break;
         shared_->current[slot] = task;
