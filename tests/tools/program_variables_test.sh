@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Every variable of the library that can be written stands in
-# docs/program_variables.md with the header that declares it, and nothing else does.
+# docs/development/program_variables.md with the header that declares it, and nothing else does.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 library=${VORN_LIBRARY:?names libvorn_core.a}
@@ -24,10 +24,10 @@ nm -C -A -f sysv --defined-only "$library" | awk -F'|' '
 
 # The same of the document: rows "| `NAME` | `folder/file.h` | writers |".
 sed -nE 's/^\| `([^`]+)` \| `[a-z]+\/([a-z0-9_]+)\.(h|cpp)` \| .+ \|$/\1 \2/p' \
-    docs/program_variables.md | sort >"$work/told"
+    docs/development/program_variables.md | sort >"$work/told"
 
 [ -s "$work/found" ] || { echo "no variables found in $library"; exit 1; }
-if ! diff --label docs/program_variables.md --label "$library" -u0 \
+if ! diff --label docs/development/program_variables.md --label "$library" -u0 \
     "$work/told" "$work/found"; then
     echo "The document and the library differ (-: only told, +: only found)."
     status=1
@@ -40,7 +40,7 @@ while read -r line; do
     owner=${line##* }
     [[ $name == "(anonymous namespace)"* ]] && continue
     declared=$(grep -rlE --include='*.h' "^extern [^/]*\b$name\b" src)
-    row=$(grep -F "| \`$name\` |" docs/program_variables.md | cut -d'`' -f4)
+    row=$(grep -F "| \`$name\` |" docs/development/program_variables.md | cut -d'`' -f4)
     if [ "$declared" != "src/$row" ]; then
         echo "$name ($owner): told to be declared in $row, found in: ${declared:-no header}"
         status=1
