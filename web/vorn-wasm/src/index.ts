@@ -1,0 +1,3 @@
+// The package as pages see it.
+export { VornError } from './error.js';
+export type * from './types.js';
