@@ -1,34 +1,67 @@
 #!/usr/bin/env python3
-"""Every score shown in README.md and docs/ is the input of a case, and what is
-shown as its outcome is what that case expects: fenced blocks marked "vorn" and
-"score", the latter belonging to the block before it."""
+"""Every score shown in README.md and docs/ runs without an error, unless the message that
+refuses it stands below it; what is shown as its outcome or message is what comes out. A
+score that is a file as well is shown as it stands there, and every such file is shown."""
 
+import os
 import pathlib
-import re
+import shutil
+import subprocess
 import sys
+import tempfile
 
-FENCE = re.compile(r"^```(vorn|score)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+import documents  # noqa: E402
+
+VORN = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve()
+# Pages whose scores are all files, so that a reader can take them from there.
+PAGES_OF_FILES = ("docs/tutorial/", "docs/recipes.md")
 
 
-def blocks(document):
-    return FENCE.findall(document.read_text())
+def run(score):
+    """Status, score and messages; includes are found as if the score lay in its folder."""
+    with tempfile.TemporaryDirectory(prefix="vorn-test-") as work:
+        folder = pathlib.Path(work) / "scores"
+        if score.block.file is None:
+            folder.mkdir()
+        else:
+            shutil.copytree(score.block.file.parent, folder)
+        shown, out = folder / "shown.vorn", folder / "shown.sco"
+        shown.write_text(score.block.text)
+        done = subprocess.run([VORN, shown.name, out.name], cwd=folder, capture_output=True, text=True,
+                              errors="replace", stdin=subprocess.DEVNULL, timeout=60, check=False)
+        return done.returncode, out.read_text() if out.exists() else "", done.stderr
+
+
+def outcome_problems(score):
+    status, output, said = run(score)
+    place = score.block.place
+    if status != 0 and not (status == 1 and score.messages):
+        return [f"{place}: status {status}\n{said}"]
+    wrong = [f"{shown.place}: not what comes out:\n{output}" for shown in score.yields
+             if shown.text.strip("\n") != output.strip("\n")]
+    return wrong + [f"{shown.place}: not what is said:\n{said}" for shown in score.messages
+                    if shown.text not in said]
+
+
+def file_problems(score):
+    block = score.block
+    if block.file is None:
+        page = str(block.page.relative_to(documents.ROOT))
+        return [f"{block.place}: names no file"] if page.startswith(PAGES_OF_FILES) else []
+    if not block.file.exists():
+        return [f"{block.place}: there is no {block.file}"]
+    return [] if block.text == block.file.read_text() else [f"{block.place}: not the text of {block.file}"]
 
 
 def main():
-    inputs = pathlib.Path("tests/cases").glob("*/*/in.vorn")
-    cases = {path.read_text(errors="replace"): path.parent for path in inputs}
-    documents = [pathlib.Path("README.md"), *sorted(pathlib.Path("docs").glob("*.md"))]
-    shown = [(document, kind, text) for document in documents for kind, text in blocks(document)]
-    wrong = [] if shown else ["no examples found"]
-    case = None
-    for document, kind, text in shown:
-        if kind == "vorn":
-            case = cases.get(text)
-            if case is None:
-                wrong.append(f"{document}: no case reads\n{text}")
-        elif case is None or text.strip("\n") != (case / "expected.score").read_text().strip("\n"):
-            wrong.append(f"{document}: {case} does not expect\n{text}")
-    print("\n".join(wrong) or f"{len(shown)} blocks are cases")
+    scores = [score for page in documents.pages() for score in documents.shown_scores(page)]
+    wrong = [] if scores else ["no examples found"]
+    for score in scores:
+        wrong += file_problems(score) or outcome_problems(score)
+    shown = {score.block.file for score in scores}
+    wrong += [f"{file}: no page shows it" for file in documents.score_files() if file not in shown]
+    print("\n".join(wrong) or f"{len(scores)} scores are shown as they are")
     return 1 if wrong else 0
 
 
