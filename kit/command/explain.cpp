@@ -68,8 +68,8 @@ void add_explain(CLI::App& app, Outcome& outcome) {
     CLI::App* const command = app.add_subcommand("explain", "tells what the code of a message means");
     command->footer(
         "Example: vornkit explain E27 Einclude\n"
-        "The codes stand in brackets behind the messages of vornkit check; the numbers are\n"
-        "those of the chapter Messages in docs/manual.md.");
+        "The codes stand in brackets behind the messages of vornkit check;\n"
+        "docs/messages.md has them all on one page.");
     const auto arguments = std::make_shared<ExplainArguments>();
     command->add_option("CODE", arguments->codes, "codes; 27 is E27; none: list all")
         ->transform([](const std::string& typed) { return code_in_full(typed); });

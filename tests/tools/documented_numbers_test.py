@@ -1,20 +1,19 @@
 #!/usr/bin/env python3
-"""The tables of errors and warnings in docs/manual.md show the texts that Vorn
-prints, by number, up to their first line end; and they show every one that some
-case expects."""
+"""The lists of errors and warnings in docs/messages.md show the texts that Vorn
+prints, by number; and they show every one that some case expects."""
 
 import pathlib
 import re
 import sys
 
-MANUAL = pathlib.Path("docs/manual.md")
+PAGE = pathlib.Path("docs/messages.md")
 SOURCE = pathlib.Path("src/input/message_table.cpp")
 NAMES = pathlib.Path("src/input/errors.h")
 STRING = r'"((?:[^"\\]|\\.)*)"'
 ENTRY = re.compile(r"\{(?:(\d+)|(\w+)::(\w+)),\s*((?:" + STRING + r"\s*)+)\}")
 NAMESPACE = re.compile(r"^namespace vorn::(\w+) \{(.*?)^\}", re.MULTILINE | re.DOTALL)
 CONSTANT = re.compile(r"^constexpr int (\w+) = (\d+);", re.MULTILINE)
-ROW = re.compile(r"^\| (\d+) \| (.*?) \| (.+) \|$", re.MULTILINE)
+ROW = re.compile(r"^\| \[[EW](\d+)\]\(#[ew]\1\) \| (.*) \|$", re.MULTILINE)
 
 
 def numbers():
@@ -24,24 +23,24 @@ def numbers():
 
 
 def table(name):
-    """The texts of one table in the source: number to first line."""
+    """The texts of one table in the source, their line ends included."""
     named = numbers()
     body = re.search(name + r"\[\] = \{(.*?)\n\};", SOURCE.read_text(), re.DOTALL)[1]
     entries = ((int(entry[1] or named[entry[2], entry[3]]), "".join(re.findall(STRING, entry[4])))
                for entry in ENTRY.finditer(body))
-    return {number: text.replace('\\"', '"').split("\\n")[0].strip() for number, text in entries}
+    return {number: text.replace('\\"', '"').replace("\\n", "\n") for number, text in entries}
 
 
 def section(heading):
-    return re.search(rf"^### {heading}$(.*?)(?=^#|\Z)", MANUAL.read_text(), re.MULTILINE | re.DOTALL)[1]
+    return re.search(rf"^### {heading}$(.*?)(?=^#|\Z)", PAGE.read_text(), re.MULTILINE | re.DOTALL)[1]
 
 
 def problems(heading, texts, expected):
-    rows = {int(number): text for number, text, _ in ROW.findall(section(heading))}
+    rows = {int(number): text for number, text in ROW.findall(section(heading))}
     wrong = [f"{heading}: {number} reads {text!r}, not {texts.get(number)!r}"
-             for number, text in rows.items() if text != texts.get(number)]
+             for number, text in rows.items() if text.split() != texts.get(number, "").split()]
     wrong += [f"{heading}: {number} is missing, {text!r}"
-              for number, text in texts.items() if number not in rows and text in expected]
+              for number, text in texts.items() if number not in rows and text.strip() in expected]
     return wrong, len(rows)
 
 
