@@ -1,5 +1,8 @@
 #include "preproc/constant_list.h"
 
+#include <string>
+
+#include "support/held_memory.h"
 #include "unit/preproc_fixture.h"
 
 namespace {
@@ -31,6 +34,18 @@ TEST_F(ConstantList, SecondConstantOfANameIsRefusedAndDropped) {
     EXPECT_EQ(vorn::find_var(whole_name("a"))->value, 1);
     EXPECT_EQ(vorn::var_list->next, nullptr);
 }
+
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+TEST_F(ConstantList, RefusedConstantGivesItsMemoryBack) {
+    const std::string name(1'000'000, 'a');
+    EXPECT_EQ(vorn::store_var(make(name.c_str(), 1)), 0);
+    const std::size_t before = vorn::test::held_memory();
+    vorn::Constant* refused = make(name.c_str(), 2);
+    EXPECT_GT(vorn::test::held_memory(), before + name.size());
+    EXPECT_EQ(vorn::store_var(refused), 100);
+    EXPECT_LT(vorn::test::held_memory(), before + name.size());
+}
+#endif
 
 TEST_F(ConstantList, FreedListIsEmpty) {
     EXPECT_EQ(vorn::store_var(make("a", 1)), 0);
