@@ -2,9 +2,11 @@
 
 strace counts the calls of each name and makes one of them fail. The loader's own
 stand first and are left alone: the program begins when it holds its standard streams.
+What a failed call on an output or on the temporary file costs must be told.
 """
 
 import collections
+import dataclasses
 import re
 import signal
 import tempfile
@@ -12,32 +14,49 @@ import tempfile
 from faults import runs
 from faults.verdict import Fault
 
-BEGINNING = 'openat(AT_FDCWD, "/dev/null", O_RDWR'
-CALL = re.compile(r"(\w+)\(")
+BEGINNING = re.compile(r'openat\(AT_FDCWD(<[^>]*>)?, "/dev/null", O_RDWR')
+CALL = re.compile(r"(\w+)\((?:(\d+)<([^>]*)>)?")
 NOT_FAILING = {"execve", "exit_group", "rt_sigaction", "rt_sigreturn"}
 FAILURES = {"openat": "error=EMFILE", "write": "error=ENOSPC", "mmap": "error=ENOMEM", "brk": "retval=0",
             "unlink": "error=EACCES", "ioctl": "error=ENOTTY"}
 OTHER_FAILURE = "error=EIO"
+STANDARD_STREAMS = {"0", "1", "2"}  # what is said to them may be lost
+HOLDS_BYTES = {"write", "close"}  # of a file: when they fail, its bytes may not be there
+
+
+@dataclasses.dataclass(frozen=True)
+class Call:
+    name: str
+    number: int  # how many of that name so far, from the first of the process on
+    on_stream: bool
+    on_output: bool
+
 
 
 def trace(program, case):
     with tempfile.NamedTemporaryFile(mode="r") as traced:
-        runs.run(program, case, prefix=["strace", "-o", traced.name])
+        runs.run(program, case, prefix=["strace", "-y", "-o", traced.name])
         return traced.read().splitlines()
 
 
-def numbered_calls(lines):
-    """(name, how many of that name so far) of each call of the program itself."""
+def is_output(path, case):
+    name = path.rpartition("/")[2]
+    return name not in case.inputs and name in case.arguments
+
+
+def numbered_calls(lines, case):
+    """Each call of the program itself."""
     seen = collections.Counter()
     begun = False
     for line in lines:
         call = CALL.match(line)
         if call is None:
             continue
-        seen[call[1]] += 1
-        begun = begun or line.startswith(BEGINNING)
-        if begun and call[1] not in NOT_FAILING:
-            yield call[1], seen[call[1]]
+        name, descriptor, path = call.groups()
+        seen[name] += 1
+        begun = begun or BEGINNING.match(line) is not None
+        if begun and name not in NOT_FAILING:
+            yield Call(name, seen[name], descriptor in STANDARD_STREAMS, bool(path) and is_output(path, case))
 
 
 def injecting(name, number, what):
@@ -46,14 +65,16 @@ def injecting(name, number, what):
 
 
 def faults(program, case):
-    calls = list(numbered_calls(trace(program, case)))
-    if not calls:
-        raise RuntimeError("strace saw no beginning of the program")
-    for name, number in calls:
-        what = FAILURES.get(name, OTHER_FAILURE)
+    calls = list(numbered_calls(trace(program, case), case))
+    if not any(call.on_output and call.name == "close" for call in calls):
+        raise RuntimeError("strace saw no output of the program")
+    for call in calls:
+        what = FAILURES.get(call.name, OTHER_FAILURE)
         for times in ("", "+"):
-            kind = f"{name}: {what.partition('=')[2]}" + (", and all further" if times else "")
-            yield Fault(kind, f"number {number}", injecting(name, f"{number}{times}", what),
-                        messages_may_lack=name == "write", may_leave=name == "unlink")
-        yield Fault("a signal at a system call", f"{name} {number}",
-                    injecting(name, number, f"signal={signal.SIGTERM.value}"), ends_by=signal.SIGTERM.value)
+            kind = f"{call.name}: {what.partition('=')[2]}" + (", and all further" if times else "")
+            yield Fault(kind, f"number {call.number}", injecting(call.name, f"{call.number}{times}", what),
+                        must_be_told=call.on_output and call.name in HOLDS_BYTES,
+                        messages_may_lack=call.name == "write" and (call.on_stream or bool(times)),
+                        may_leave=call.name == "unlink")
+        yield Fault("a signal at a system call", f"{call.name} {call.number}",
+                    injecting(call.name, call.number, f"signal={signal.SIGTERM.value}"), ends_by=signal.SIGTERM.value)

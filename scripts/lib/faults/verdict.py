@@ -26,6 +26,7 @@ class Fault:
     options: dict  # of runs.run
     ends_by: int = 0  # a signal
     messages_may_lack: bool = False
+    must_be_told: bool = False  # the bytes that were lost belong to an output
     may_leave: bool = False  # the temporary file, when nothing can remove it
 
 
@@ -43,7 +44,7 @@ def judge(reference, outcome, fault):
         return UNEXPECTED, f"leaves a temporary file, status {outcome.status}"
     if fault.ends_by and outcome.status == -fault.ends_by:
         return SIGNAL, ""
-    if outcome.status == reference.status and outcome.outputs == reference.outputs:
+    if outcome.status == reference.status and outcome.outputs == reference.outputs and not fault.must_be_told:
         if fault.messages_may_lack or same_messages(outcome, reference):
             return NO_EFFECT, ""
     if outcome.status == 1 and (fault.messages_may_lack or TOLD.search(outcome.messages)):
