@@ -23,5 +23,6 @@ void add_play(CLI::App& app, Outcome& outcome);
 void add_vary(CLI::App& app, Outcome& outcome);
 void add_watch(CLI::App& app, Outcome& outcome);
 void add_picture(CLI::App& app, Outcome& outcome);
+void add_words(CLI::App& app, Outcome& outcome);
 
 }  // namespace vorn::kit

@@ -27,7 +27,8 @@ using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
 // In the order of the help.
 constexpr AddSubcommand SUBCOMMANDS[] = {
-    add_new, add_check, add_explain, add_events, add_midi, add_picture, add_play, add_vary, add_watch,
+    add_new,     add_check, add_explain, add_events, add_midi,
+    add_picture, add_play,  add_vary,    add_watch,  add_words,
 };
 
 int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outcome) {
