@@ -1,6 +1,6 @@
 """The commands of the tutorial and the recipes do what their page says: each block marked
 "sh" is run, line by line, where the scores of the page lie, and what a block marked
-"text" behind it shows is what they print. Instead of playing, sounds are written."""
+"text" behind it shows is what they print. Instead of playing, sounds are written and measured."""
 import os
 import pathlib
 import re
@@ -13,11 +13,13 @@ from vornkit import CommandTest, VORNKIT
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "support"))
 import documents  # noqa: E402
+from sound import Sound  # noqa: E402
 
 DOCS = ROOT / "docs"
 FOLDERS = {page: DOCS / "tutorial" / "scores" for page in (DOCS / "tutorial").glob("*.md")}
 FOLDERS |= {page: DOCS / "recipes" for page in DOCS.glob("recipes.md")}
 PLAY = re.compile(r"^vornkit play (?!.*--wav)", re.MULTILINE)
+PLAYED = re.compile(r": ([\d.]+) s, peak (-?[\d.]+) dB$", re.MULTILINE)
 STOPS = re.compile(r"^vornkit watch ", re.MULTILINE)  # runs until it is ended
 
 
@@ -41,6 +43,8 @@ class DocumentCommands(CommandTest):
             if block.kind == "sh":
                 status, printed = self.run_block(block.text, folder)
                 problems += [f"{block.place}: status {status}\n{printed}"] if status else []
+                problems += [f"{block.place}: a peak of {peak} dB, silent or clipped"
+                             for _, peak in PLAYED.findall(printed) if not -15 < float(peak) < -1]
             elif block.kind == "text" and block.text not in printed:
                 problems.append(f"{block.place}: not in\n{printed}")
         return problems
@@ -50,6 +54,25 @@ class DocumentCommands(CommandTest):
         for page, source in sorted(FOLDERS.items()):
             with self.subTest(page=page.name):
                 self.assertEqual(self.page_problems(page, source), [])
+
+    def test_the_piece_of_the_last_lesson_is_one_to_hear(self):
+        for name in ("lanterns.vorn", "lanterns.orc"):
+            shutil.copy(DOCS / "tutorial" / "scores" / name, self.folder)
+        done = self.vornkit("play", "lanterns.vorn", "lanterns.orc", "--wav", "piece.wav")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        seconds, peak = PLAYED.search(done.stdout + done.stderr).groups()
+        self.assertTrue(115 < float(seconds) < 125 and -12 < float(peak) < -1, done.stderr)
+        sound = Sound(self.folder / "piece.wav")
+        silent = [second for second in range(0, 120, 4) if sound.peak(second, .6) < .01]
+        self.assertEqual(silent, [])
+
+    def test_nothing_in_the_scores_looks_like_a_mistake(self):
+        for file in documents.score_files():
+            if file.suffix == ".vorn":
+                with self.subTest(score=file.name):
+                    shutil.copytree(file.parent, self.folder, dirs_exist_ok=True)
+                    done = self.vornkit("check", file.name)
+                    self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
 """What documents show: their fenced blocks, scores with what is said to come of them.
 
-    [bell.vorn](scores/bell.vorn)     a link on the last line before a score names its file
+    [bell.vorn](scores/bell.vorn)     a link at the end of the last line before a block names its file
 
     ```vorn                           a score
     ```score                          what it yields
@@ -13,7 +13,8 @@ import re
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
-FILE_LINK = re.compile(r"\]\(([^)\s]+\.vorn)\)")
+KINDS_OF_FILES = (".vorn", ".orc")
+FILE_LINK = re.compile(r"\]\(([^)\s]+\.(?:vorn|orc))\)$")
 
 
 @dataclasses.dataclass
@@ -62,5 +63,5 @@ def shown_scores(page):
 
 
 def score_files():
-    """The scores that documents keep as files of their own."""
-    return sorted((ROOT / "docs").rglob("*.vorn"))
+    """What documents show and keep as files of their own."""
+    return sorted(file for file in (ROOT / "docs").rglob("*") if file.suffix in KINDS_OF_FILES)

@@ -44,25 +44,25 @@ def outcome_problems(score):
                     if shown.text not in said]
 
 
-def file_problems(score):
-    block = score.block
+def file_problems(block):
     if block.file is None:
         page = str(block.page.relative_to(documents.ROOT))
-        return [f"{block.place}: names no file"] if page.startswith(PAGES_OF_FILES) else []
+        is_loose = block.kind == "vorn" and page.startswith(PAGES_OF_FILES)
+        return [f"{block.place}: names no file"] if is_loose else []
     if not block.file.exists():
         return [f"{block.place}: there is no {block.file}"]
     return [] if block.text == block.file.read_text() else [f"{block.place}: not the text of {block.file}"]
 
 
 def main():
+    shown = [block for page in documents.pages() for block in documents.blocks(page)]
+    wrong = [problem for block in shown for problem in file_problems(block)]
+    files = {block.file for block in shown}
+    wrong += [f"{file}: no page shows it" for file in documents.score_files() if file not in files]
     scores = [score for page in documents.pages() for score in documents.shown_scores(page)]
-    wrong = [] if scores else ["no examples found"]
-    for score in scores:
-        wrong += file_problems(score) or outcome_problems(score)
-    shown = {score.block.file for score in scores}
-    wrong += [f"{file}: no page shows it" for file in documents.score_files() if file not in shown]
+    wrong += [problem for score in scores for problem in outcome_problems(score)]
     print("\n".join(wrong) or f"{len(scores)} scores are shown as they are")
-    return 1 if wrong else 0
+    return 1 if wrong or not scores else 0
 
 
 sys.exit(main())
