@@ -26,6 +26,16 @@ bool Adviser::edit(Stretch where, std::string replacement) {
     return true;
 }
 
+bool Adviser::point_at(Stretch where) {
+    if (site.file >= 0) {
+        diagnostic_.span = in_file(where);
+    } else if (!diagnostic_.through.empty()) {
+        diagnostic_.expanded_begin = where.begin;
+        diagnostic_.expanded_end = where.end;
+    }
+    return true;
+}
+
 FileSpan Adviser::in_file(Stretch stretch) const {
     if (site.file < 0) return {};
     return {site.file, stretch.begin, stretch.end};
@@ -53,7 +63,7 @@ std::string as_advice(std::string_view sentence) {
 
 void add_advice(const Site& site, Stretch mark, Diagnostic& diagnostic) {
     Adviser adviser(site, mark, diagnostic);
-    for (const auto table : {character_advice, open_block_advice, header_advice, value_advice,
+    for (const auto table : {character_advice, number_advice, open_block_advice, header_advice, value_advice,
                              generator_advice, command_advice, name_advice}) {
         if (try_table(table(), adviser, diagnostic.code)) return;
     }

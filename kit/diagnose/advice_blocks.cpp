@@ -78,14 +78,29 @@ bool advise_direct_line(Adviser& adviser) {
     return end_before(adviser, "this line, for a `>` line stands between the blocks");
 }
 
+// On the last line what stands behind "}" is read as another block.
+bool advise_behind_block(Adviser& adviser) {
+    const Site& site = adviser.site;
+    const std::size_t behind = behind_visible(site.text, adviser.mark.begin);
+    const bool is_behind = adviser.is_error() && behind > line_around(site.text, adviser.mark.begin).begin &&
+                           site[behind - 1] == '}' && adviser.mark.end > adviser.mark.begin;
+    if (!is_behind) return false;
+    if (adviser.word() == "}") {
+        adviser.edit(adviser.mark, "");
+        return adviser.help("there is a `}` too many; leave it out");
+    }
+    adviser.edit({behind, adviser.mark.begin}, "\n");
+    return adviser.help("the block ends with this `}`; write what follows on a line of its own");
+}
+
 bool advise_end(Adviser& adviser) {
     if (!is_in_block(adviser)) return false;
-    note_open_block(adviser);
     CodeBefore code = {std::string(adviser.site.text.substr(0, adviser.site.at)), 0};
     if (const auto comment = blank_comments(code.text)) {
         adviser.note("this comment has no end, and hides what follows", {*comment, *comment + 2});
         return adviser.help("write `*/` behind the comment");
     }
+    note_open_block(adviser);
     adviser.edit(adviser.mark, "\n}");
     return adviser.help("write `}` at the end of the block");
 }
@@ -99,10 +114,10 @@ bool advise_open_comment(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E27", advise_new_block},   {"E23", advise_new_block},   {"E73", advise_new_block},
-    {"E27", advise_tempo},       {"E23", advise_tempo},       {"E73", advise_tempo},
-    {"E43", advise_direct_line}, {"E27", advise_direct_line}, {"E73", advise_direct_line},
-    {"E5", advise_end},          {"E3", advise_open_comment},
+    {"", advise_behind_block},   {"E27", advise_new_block},   {"E23", advise_new_block},
+    {"E73", advise_new_block},   {"E27", advise_tempo},       {"E23", advise_tempo},
+    {"E73", advise_tempo},       {"E43", advise_direct_line}, {"E27", advise_direct_line},
+    {"E73", advise_direct_line}, {"E5", advise_end},          {"E3", advise_open_comment},
 };
 
 }  // namespace

@@ -74,6 +74,7 @@ bool advise_utf16(Adviser& adviser) {
     const std::string_view start = adviser.site.text.substr(0, 2);
     const bool has_mark = start == "\xFF\xFE" || start == "\xFE\xFF";
     if (!has_mark && adviser.site.text.substr(0, 64).find('\0') == std::string_view::npos) return false;
+    if (has_mark) adviser.point_at({0, 2});
     return adviser.help(
         has_mark ? "the file is UTF-16, with two bytes a character; save it as UTF-8"
                  : "the file holds bytes of 0: it is no text, or UTF-16; a score is a text in UTF-8");

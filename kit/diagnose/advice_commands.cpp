@@ -121,8 +121,13 @@ bool advise_misspelt(Adviser& adviser) {
         return adviser.help("did you mean `" + known + "(...)`?");
     }
     const auto names = nearest(word, all);
-    if (names.empty() || adviser.site[behind_word(adviser)] != '(') return false;
-    return adviser.help("did you mean " + either(names) + "?");
+    const char next = adviser.site[behind_word(adviser)];
+    const bool is_call = next == '(' || next == '=';
+    const bool has_value = std::all_of(word.begin(), word.end(), is_letter) && is_digit(next);
+    if (names.empty() || !(is_call || has_value)) return false;
+    if (names.size() == 1 && next == '(') adviser.edit(adviser.mark, names[0]);
+    return adviser.help("did you mean " + either(names) +
+                        (next == '(' ? "?" : ", with its value in parentheses?"));
 }
 
 // --- a command without its "(" ---
@@ -165,6 +170,22 @@ bool advise_tempo_terms(Adviser& adviser) {
         "a tempo is one number, `te(120)`, or start, end, first and last tempo: `te(0 8 60 120)`");
 }
 
+// The end of a change that lies before its start: both are likely exchanged.
+bool advise_end_time(Adviser& adviser) {
+    const std::string_view call = adviser.word();
+    const std::size_t open = call.find('(');
+    if (open == std::string_view::npos) return false;
+    const Stretch start =
+        word_at(adviser.site.text, next_visible(adviser.site.text, adviser.mark.begin + open + 1));
+    const Stretch end = word_at(adviser.site.text, next_visible(adviser.site.text, start.end));
+    const auto first = number_in(adviser.site.of(start));
+    const auto second = number_in(adviser.site.of(end));
+    if (!first || !second || *second >= *first) return false;
+    return adviser.help("the change ends at beat " + std::string(adviser.site.of(end)) +
+                        ", before it starts at " + std::string(adviser.site.of(start)) +
+                        "; write the earlier beat first");
+}
+
 constexpr AdviceRow ROWS[] = {
     {"E22", advise_sharp},
     {"E22", advise_else},
@@ -182,6 +203,7 @@ constexpr AdviceRow ROWS[] = {
     {"E151", advise_tempo_terms},
     {"E152", advise_tempo_terms},
     {"E153", advise_tempo_terms},
+    {"E159", advise_end_time},
 };
 
 }  // namespace

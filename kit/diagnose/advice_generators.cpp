@@ -76,18 +76,10 @@ std::string short_number(double value) {
     return text;
 }
 
-bool has_decimal_comma(std::string_view text) {
-    for (std::size_t at = 1; at + 1 < text.size(); ++at) {
-        if (text[at] == ',' && is_digit(text[at - 1]) && is_digit(text[at + 1])) return true;
-    }
-    return false;
-}
-
 bool advise_weight_sum(Adviser& adviser) {
     const std::string_view call = adviser.word();
     const std::size_t open = call.find('(');
     if (open == std::string_view::npos || open < 2) return false;
-    if (has_decimal_comma(call)) return adviser.help("decimals are written with a point: .5, not 0,5");
     const std::string name = {to_lower(call[open - 2]), to_lower(call[open - 1])};
     const Weights weights = weights_of(name, items_of(call.substr(open + 1)));
     if (!weights.are_read) return false;
@@ -126,9 +118,12 @@ bool advise_closing(Adviser& adviser) {
     const auto open = open_parenthesis(adviser.site);
     if (!open) return false;
     adviser.note("the parenthesis was opened here", {*open, *open + 1});
-    const std::size_t behind = behind_visible(adviser.site.text, adviser.site.at);
+    const std::size_t behind = behind_visible(adviser.site.text, adviser.mark.begin);
+    const Stretch last = word_touching(adviser.site.text, behind);
+    adviser.point_at({behind, behind});
     adviser.edit({behind, behind}, ")");
-    return adviser.help("write `)` here");
+    if (last.end == last.begin || last.end > behind) return adviser.help("write `)` here");
+    return adviser.help("write `)` behind `" + std::string(adviser.site.of(last)) + "`");
 }
 
 // --- the beginning of a generator ---

@@ -111,6 +111,17 @@ bool advise_equals(Adviser& adviser) {
     return adviser.help(std::string("write `=` behind the instrument; ") + HEADER_FORM);
 }
 
+// "include |x|": the "#" is missing, and what begins with "i" is read as a header.
+bool advise_hash(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    const std::string_view directives[] = {"const", "define", "endif", "if", "include", "undef"};
+    const bool is_directive =
+        std::find(std::begin(directives), std::end(directives), word) != std::end(directives);
+    if (!is_directive || !is_first_on_line(adviser.site.text, adviser.mark.begin)) return false;
+    adviser.edit({adviser.mark.begin, adviser.mark.begin}, "#");
+    return adviser.help("write `#" + std::string(word) + "`");
+}
+
 bool advise_instrument(Adviser& adviser) {
     if (adviser.word() == "instr") {
         return adviser.help(
@@ -160,10 +171,11 @@ bool advise_length(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E71", advise_skipped},      {"E44", advise_beyond},  {"E70", advise_duplicate},
-    {"E34", advise_csound_note},  {"E34", advise_equals},  {"E11", advise_instrument},
-    {"E30", advise_hidden_brace}, {"E30", advise_brace},   {"E12", advise_start},
-    {"E120", advise_length},      {"E121", advise_length}, {"E13", advise_length},
+    {"E71", advise_skipped},     {"E44", advise_beyond},     {"E70", advise_duplicate},
+    {"E34", advise_csound_note}, {"E34", advise_equals},     {"E11", advise_hash},
+    {"E22", advise_hash},        {"E11", advise_instrument}, {"E30", advise_hidden_brace},
+    {"E30", advise_brace},       {"E12", advise_start},      {"E120", advise_length},
+    {"E121", advise_length},     {"E13", advise_length},
 };
 
 }  // namespace

@@ -148,6 +148,7 @@ bool advise_hash_comment(Adviser& adviser) {
     if (hash >= line.end) return false;
     const char behind = adviser.site[hash + 1];
     if (!is_space(behind) && behind != '#' && behind != '!') return false;
+    adviser.point_at({hash, hash + 1});
     adviser.edit({hash, hash + 1}, ";");
     return adviser.help("`#` begins a definition; a comment begins with `;`");
 }
@@ -168,18 +169,20 @@ bool advise_open_condition(Adviser& adviser) {
     return false;
 }
 
+// The definition of a macro in whose expansion it is called again.
+bool advise_circle(Adviser& adviser) {
+    const MacroRecord* const macro = called_macro(adviser);
+    if (macro == nullptr || macro->body.find("$" + macro->name) == std::string::npos) return false;
+    adviser.note_at("its text is defined here", macro->span);
+    return adviser.help("`$" + macro->name +
+                        "` calls itself and would never end; take the call out of its text");
+}
+
 constexpr AdviceRow ROWS[] = {
-    {"Emacro", advise_macro},
-    {"Econstant", advise_constant},
-    {"Einclude", advise_include},
-    {"Ebar", advise_include_bars},
-    {"E82", advise_too_many_arguments},
-    {"E85", advise_arguments},
-    {"E86", advise_arguments},
-    {"E81", advise_body},
-    {"E500", advise_value},
-    {"E80", advise_hash_comment},
-    {"E117", advise_open_condition},
+    {"Emacro", advise_macro},        {"Econstant", advise_constant}, {"Einclude", advise_include},
+    {"Ebar", advise_include_bars},   {"E89", advise_circle},         {"E82", advise_too_many_arguments},
+    {"E85", advise_arguments},       {"E86", advise_arguments},      {"E81", advise_body},
+    {"E500", advise_value},          {"E80", advise_hash_comment},   {"E117", advise_open_condition},
     {"E119", advise_open_condition},
 };
 

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 #include "blocks/commands.h"
 #include "input/characters.h"
@@ -22,15 +20,24 @@ bool is_called(const Adviser& adviser) {
     return adviser.site[next_visible(adviser.site.text, adviser.mark.end)] == '(';
 }
 
-// The last of the three input types of numbers that the statement names.
-std::string last_type(const Site& site) {
-    const std::string code = code_before(site).text;
-    for (std::size_t at = code.size(); at-- > 1;) {
-        const std::string name = {to_lower(code[at - 1]), to_lower(code[at])};
-        const bool is_word = at < 2 || !is_letter(code[at - 2]);
-        if (is_word && (name == "db" || name == "op" || name == "rh")) return name;
+// The last input type that the statement names, and where; empty where it names none.
+Stretch last_type_place(const Site& site) {
+    const CodeBefore code = code_before(site);
+    const auto statement = statement_around(site);
+    const std::size_t first = statement ? statement->end - code.offset : 0;
+    const auto types = two_letter_names(INPUT_TYPES);
+    for (std::size_t at = code.text.size(); at-- > first + 1;) {
+        const std::string name = {to_lower(code.text[at - 1]), to_lower(code.text[at])};
+        const bool is_word = at < 2 || !is_letter(code.text[at - 2]);
+        if (is_word && contains(types, name)) return {code.offset + at - 1, code.offset + at + 1};
     }
     return {};
+}
+
+std::string last_type(const Site& site) {
+    std::string type(site.of(last_type_place(site)));
+    std::transform(type.begin(), type.end(), type.begin(), to_lower);
+    return type;
 }
 
 // What may stand before "(": settings where one value is in the parentheses, else generators.
@@ -51,31 +58,57 @@ bool advise_upper_case(Adviser& adviser) {
     return adviser.help("write the `p` of a p-field in lower case");
 }
 
+// "db4" among note names, which is read as decibels and a 4.
+bool advise_flat_d(Adviser& adviser) {
+    const Site& site = adviser.site;
+    const Stretch type = last_type_place(site);
+    const Stretch word = word_at(site.text, type.begin);
+    const std::string_view name = site.of(word);
+    const bool is_flat = name.size() >= 2 && name.size() <= 3 && to_lower(name[0]) == 'd' && name[1] == 'b' &&
+                         (name.size() == 2 || is_digit(name[2]));
+    const Site before = {site.run, site.message, site.text, type.begin, site.file};
+    if (!is_flat || !is_note_name(adviser.word()) || last_type(before) != "no") return false;
+    const std::string meant = "df" + std::string(name.substr(2));
+    adviser.point_at(word);
+    adviser.edit(word, meant);
+    return adviser.help("`" + std::string(name) + "` is read as the input type `db`" +
+                        (name.size() > 2 ? " and a value" : "") + "; a flat is written with `f`: `" + meant +
+                        "`");
+}
+
+// Where note names go on behind `at`: blanks, repeats and marks of chords between them.
+std::size_t behind_notes(std::string_view text, std::size_t at) {
+    while (at < text.size()) {
+        const Stretch word = word_at(text, at);
+        const std::string_view name = text.substr(word.begin, word.end - word.begin);
+        const bool is_mark =
+            is_space(text[at]) || std::string_view(",/:'<>").find(text[at]) != std::string_view::npos;
+        if (!is_mark && !is_note_name(name) && !name.starts_with('x')) break;
+        at = std::max(word.end, at + 1);
+    }
+    return at;
+}
+
+// "no" before the notes, and the type of before where numbers follow.
+void name_note_type(Adviser& adviser) {
+    const Site& site = adviser.site;
+    const std::size_t behind = behind_notes(site.text, adviser.mark.begin);
+    const std::string type = last_type(site);
+    if (open_parenthesis(site)) return;
+    adviser.edit({adviser.mark.begin, adviser.mark.begin}, "no ");
+    if (is_digit(site[behind]) || site[behind] == '.' || site[behind] == '-') {
+        adviser.edit({behind, behind}, (type.empty() ? "re" : type) + " ");
+    }
+}
+
 bool advise_note_name(Adviser& adviser) {
     const bool is_name = is_note_name(adviser.word());
     const std::string meant = is_name ? std::string() : note_from_elsewhere(adviser.word());
     if (!is_name && (meant.empty() || !is_digit(meant.back()))) return false;
     if (is_called(adviser)) return false;
     if (!is_name) return adviser.help("write `no` before note names, and this one as `" + meant + "`");
-    adviser.edit({adviser.mark.begin, adviser.mark.begin}, "no ");
+    name_note_type(adviser);
     return adviser.help("write `no` before note names");
-}
-
-std::string without_exponent(double value) {
-    char digits[400];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
-    return written.ec == std::errc() ? std::string(digits, written.ptr) : std::string();
-}
-
-bool advise_exponent(Adviser& adviser) {
-    const std::optional<double> value = number_in(adviser.word());
-    if (!value || adviser.word().find_first_of("eE") == std::string_view::npos) return false;
-    const double size = std::fabs(*value);
-    if (!(size < 1e15) || (size < 1e-7 && size > 0)) {
-        return adviser.help("numbers have no exponent; write all digits");
-    }
-    adviser.edit(adviser.mark, without_exponent(*value));
-    return adviser.help("numbers have no exponent; write " + without_exponent(*value));
 }
 
 bool advise_bracket(Adviser& adviser) {
@@ -90,6 +123,36 @@ bool advise_bracket(Adviser& adviser) {
                         loop + "`?");
 }
 
+// "60*4"
+bool advise_star(Adviser& adviser) {
+    if (adviser.word() != "*") return false;
+    const Site& site = adviser.site;
+    const Stretch left = word_touching(site.text, behind_visible(site.text, adviser.mark.begin));
+    const Stretch right = word_at(site.text, next_visible(site.text, adviser.mark.end));
+    const bool are_numbers = number_in(site.of(left)).has_value() && number_in(site.of(right)).has_value();
+    const std::string value(are_numbers ? site.of(left) : "60");
+    const std::string times(are_numbers ? site.of(right) : "4");
+    return adviser.help("nothing is computed here; to repeat a value write `" + value + " x" + times +
+                        "`, for a product `~[" + value + " * " + times + "]`");
+}
+
+// What stands between quotation marks may be a value by itself.
+bool advise_quote(Adviser& adviser) {
+    if (adviser.word() != "\"") return false;
+    const std::size_t begin = adviser.mark.end;
+    const Stretch line = line_around(adviser.site.text, begin);
+    const std::size_t close = adviser.site.text.substr(0, line.end).find('"', begin);
+    if (close == std::string_view::npos) return adviser.help("there are no quotation marks; leave it out");
+    if (!number_in(adviser.site.of({begin, close}))) {
+        return adviser.help(
+            "a p-field holds numbers and note names, no texts; give the text a number that the orchestra "
+            "knows");
+    }
+    adviser.edit(adviser.mark, "");
+    adviser.edit({close, close + 1}, "");
+    return adviser.help("values stand without quotation marks; leave them out");
+}
+
 bool advise_sign(Adviser& adviser) {
     struct Row {
         std::string_view sign;
@@ -97,10 +160,6 @@ bool advise_sign(Adviser& adviser) {
     };
     constexpr Row ROWS[] = {
         {"=", "a statement has no `=`; leave it out"},
-        {"\"", "there are no texts, only numbers and note names; leave the quotation marks out"},
-        {"*",
-         "nothing is computed here; for three times the same value write `60 x3`, "
-         "for a product `~[60 * 3]`"},
         {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
         {"]", "a `[` is missing, or the generator was closed before"},
         {")", "there is a `)` too many"},
@@ -120,6 +179,7 @@ bool advise_sign(Adviser& adviser) {
 bool advise_slash_comment(Adviser& adviser) {
     const std::size_t behind = behind_visible(adviser.site.text, adviser.mark.begin);
     if (behind < 2 || adviser.site.text.substr(behind - 2, 2) != "//") return false;
+    adviser.point_at({behind - 2, behind});
     adviser.edit({behind - 2, behind}, ";");
     return adviser.help("`//` repeats the value; a comment begins with `;`");
 }
@@ -136,15 +196,23 @@ bool advise_output_type(Adviser& adviser) {
                         field + "(" + word + ")`");
 }
 
-// Words with "(" are generators and settings; others are input types.
+// Words with "(" are generators and settings; before values there are input types.
+std::string_view possible_commands(const Adviser& adviser) {
+    const Site& site = adviser.site;
+    if (is_called(adviser)) return called_commands(site, adviser.mark);
+    const char next = site[next_visible(site.text, adviser.mark.end)];
+    const bool is_number = is_digit(next) || next == '.' || next == '-';
+    return is_number && adviser.word().size() == 2 ? INPUT_TYPES : STATEMENT_COMMANDS;
+}
+
 bool advise_misspelt(Adviser& adviser) {
     const std::string word(adviser.word());
     if (word.empty() || !is_letter(word[0])) return false;
     const std::string known(command_called(word));
-    const auto candidates = two_letter_names(is_called(adviser) ? called_commands(adviser.site, adviser.mark)
-                                                                : STATEMENT_COMMANDS);
+    const auto candidates = two_letter_names(possible_commands(adviser));
     const auto names = known.empty() ? nearest(word, candidates) : std::vector<std::string>{known};
     if (names.empty() || names.size() > 4) return false;
+    if (names.size() == 1) adviser.edit(adviser.mark, names[0]);
     return adviser.help("did you mean " + either(names) + "?");
 }
 
@@ -181,11 +249,18 @@ bool advise_octave(Adviser& adviser) {
     return adviser.help("octaves go from 0 to 9; c4 is the middle c");
 }
 
+std::string why_written(std::string_view word) {
+    if (to_lower(word[0]) == 'h') return "the note below c is `b`";
+    const std::size_t dash = word.find('-');
+    if (dash != std::string_view::npos) return "the octave follows directly, without a dash";
+    return word.find("es") == 1 ? "a flat is `f`" : "a sharp is `s`, a flat `f`";
+}
+
 bool advise_other_note(Adviser& adviser) {
     const std::string meant = note_from_elsewhere(adviser.word());
     if (meant.empty()) return false;
     adviser.edit(adviser.mark, meant);
-    return adviser.help("a sharp is `s`, a flat `f`, and the note below c is `b`: write `" + meant + "`");
+    return adviser.help(why_written(adviser.word()) + ": write `" + meant + "`");
 }
 
 bool advise_number(Adviser& adviser) {
@@ -194,6 +269,7 @@ bool advise_number(Adviser& adviser) {
     const std::string type = last_type(adviser.site);
     if (type == "db") return adviser.help("decibels go from 0 to 96");
     if (type == "rh") return adviser.help("a rhythm value is 4 for a quarter, 8 for an eighth, never 0");
+    if (type == "no") return adviser.help("behind `no` stand note names; write `re` before numbers");
     if (type != "op") return false;
     return adviser.help("octave and pitch class are parted by a point: `" + std::string(word) +
                         ".00` is a c");
@@ -262,18 +338,19 @@ bool advise_loop(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E27", advise_upper_case}, {"E73", advise_upper_case},
-    {"E27", advise_exponent},   {"E27", advise_bracket},
-    {"E27", advise_sign},       {"E27", advise_slash_comment},
-    {"E27", advise_note_name},  {"E27", advise_output_type},
-    {"E27", advise_point},      {"E27", advise_rhythm},
-    {"E27", advise_misspelt},   {"E27", advise_field_name},
-    {"E27", advise_word},       {"E23", advise_octave},
-    {"E23", advise_other_note}, {"E23", advise_number},
-    {"E23", advise_note},       {"E17", advise_output},
-    {"E73", advise_comma},      {"E73", advise_setting_before_end},
-    {"E73", advise_sign},       {"E73", advise_before_statement},
-    {"E20", advise_sharp},      {"E80", advise_sharp},
+    {"E27", advise_upper_case},    {"E73", advise_upper_case},
+    {"E27", advise_bracket},       {"E27", advise_star},
+    {"E27", advise_quote},         {"E27", advise_sign},
+    {"E27", advise_slash_comment}, {"E27", advise_flat_d},
+    {"E27", advise_note_name},     {"E27", advise_output_type},
+    {"E27", advise_point},         {"E27", advise_rhythm},
+    {"E27", advise_misspelt},      {"E27", advise_field_name},
+    {"E27", advise_word},          {"E23", advise_octave},
+    {"E23", advise_other_note},    {"E23", advise_number},
+    {"E23", advise_note},          {"E17", advise_output},
+    {"E73", advise_comma},         {"E73", advise_setting_before_end},
+    {"E73", advise_sign},          {"E73", advise_before_statement},
+    {"E20", advise_sharp},         {"E80", advise_sharp},
     {"E43", advise_loop},
 };
 

@@ -19,12 +19,14 @@ public:
     const Stretch mark;  // what is underlined
 
     std::string_view word() const { return site.of(mark); }
+    bool is_error() const { return diagnostic_.level == Level::ERROR; }
 
     // Each returns true, so that a row can end with it.
     bool help(std::string text);
     bool note(std::string text, Stretch where);
     bool note_at(std::string text, const FileSpan& where);
     bool edit(Stretch where, std::string replacement);  // a cure that is certain
+    bool point_at(Stretch where);                       // the cause, where it is not what was marked
 
 private:
     FileSpan in_file(Stretch stretch) const;
@@ -41,6 +43,7 @@ using AdviceTable = std::span<const AdviceRow>;
 
 // In the order in which they are tried.
 [[nodiscard]] AdviceTable character_advice();
+[[nodiscard]] AdviceTable number_advice();
 [[nodiscard]] AdviceTable open_block_advice();
 [[nodiscard]] AdviceTable header_advice();
 [[nodiscard]] AdviceTable value_advice();

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "kit/diagnose/fix.h"
 #include "kit/diagnose/shown_line.h"
 
 // The shape is fixed by its version: fields may be added, none changes or goes.
@@ -75,9 +76,12 @@ Json expansion_json(const Diagnostic& diagnostic, const SourceMap& map) {
         calls.push_back(
             {{"kind", kind_name(call.kind)}, {"name", call.name}, {"place", place_json(call.call, map)}});
     }
-    const ShownLine line =
-        shown_line(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end);
-    return {{"line", excerpt_json(line)}, {"calls", calls}};
+    const ShownText lines =
+        shown_text(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end);
+    return {{"before", lines.before},
+            {"line", excerpt_json(lines.line)},
+            {"after", lines.after},
+            {"calls", calls}};
 }
 
 Json notes_json(const std::vector<Note>& notes, const SourceMap& map) {
@@ -96,6 +100,14 @@ Json edits_json(const std::vector<Edit>& edits, const SourceMap& map) {
     return list;
 }
 
+Json fix_json(const Diagnostic& diagnostic, const SourceMap& map) {
+    const std::optional<Fix> fix = fix_of(diagnostic, map);
+    if (!fix) return nullptr;
+    Json json = {{"title", fix->title}, {"replacement", fix->replacement}};
+    json.update(place_json(fix->span, map));
+    return json;
+}
+
 Json diagnostic_json(const Diagnostic& diagnostic, const SourceMap& map) {
     return {{"level", level_name(diagnostic.level)},
             {"code", diagnostic.code},
@@ -106,6 +118,7 @@ Json diagnostic_json(const Diagnostic& diagnostic, const SourceMap& map) {
             {"notes", notes_json(diagnostic.notes, map)},
             {"advice", diagnostic.advice},
             {"edits", edits_json(diagnostic.edits, map)},
+            {"fix", fix_json(diagnostic, map)},
             {"repeats", diagnostic.repeats}};
 }
 

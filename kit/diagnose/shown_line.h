@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // What is shown of a line: the part around its mark.
 
@@ -15,6 +16,14 @@ struct ShownLine {
 
 // The line, or of a long one what stands around the mark, with "..." where it is cut.
 [[nodiscard]] ShownLine shown_line(std::string_view line, std::size_t begin, std::size_t end);
+
+// A text of several lines: the one in which the mark begins, and a few around it.
+struct ShownText {
+    std::vector<std::string> before;
+    ShownLine line;
+    std::vector<std::string> after;
+};
+[[nodiscard]] ShownText shown_text(std::string_view text, std::size_t begin, std::size_t end);
 
 // The same with what might command a terminal written as "\x1B".
 [[nodiscard]] ShownLine escaped(const ShownLine& excerpt);

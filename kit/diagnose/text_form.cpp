@@ -1,5 +1,6 @@
 #include "kit/diagnose/text_form.h"
 
+#include "kit/diagnose/fix.h"
 #include "kit/diagnose/shown_line.h"
 
 // A diagnostic top down: where and what, the line with its mark, the expansion
@@ -59,9 +60,7 @@ std::string location(const FileSpan& span, const SourceMap& map, const TextStyle
     return painted(text, BOLD, style) + " ";
 }
 
-std::string marked_line(std::string_view line, std::size_t begin, std::size_t end, const char* color,
-                        const TextStyle& style) {
-    const ShownLine plain = shown_line(line, begin, end);
+std::string marked_line(const ShownLine& plain, const char* color, const TextStyle& style) {
     const ShownLine excerpt = style.escapes ? escaped(plain) : plain;
     return excerpt.text + "\n" + painted(marks_below(excerpt), color, style) + "\n";
 }
@@ -70,7 +69,8 @@ std::string marked_source(const FileSpan& span, const SourceMap& map, const char
                           const TextStyle& style) {
     if (span.file < 0) return {};
     const TextPlace place = map.text_place(span);
-    return marked_line(place.text, place.column, place.column + (span.end - span.begin), color, style);
+    return marked_line(shown_line(place.text, place.column, place.column + (span.end - span.begin)), color,
+                       style);
 }
 
 std::string call_name(const Expansion& expansion) {
@@ -98,11 +98,18 @@ std::string chain_of(const std::vector<Expansion>& calls) {
     return chain + ", and " + grouped(calls.size() - SHOWN_CALLS) + " more";
 }
 
+std::string joined(const std::vector<std::string>& lines, const TextStyle& style) {
+    std::string text;
+    for (const std::string& line : lines) text += shown(line, style) + "\n";
+    return text;
+}
+
 std::string expansion(const Diagnostic& diagnostic, const char* color, const TextStyle& style) {
     if (diagnostic.through.empty()) return {};
+    const ShownText lines =
+        shown_text(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end);
     return "in the expansion of " + shown(chain_of(diagnostic.through), style) + ":\n" +
-           marked_line(diagnostic.expanded_line, diagnostic.expanded_begin, diagnostic.expanded_end, color,
-                       style);
+           joined(lines.before, style) + marked_line(lines.line, color, style) + joined(lines.after, style);
 }
 
 std::string heading(const Diagnostic& diagnostic, const SourceMap& map, const LevelStyle& level,
@@ -119,6 +126,10 @@ std::string note_form(const Note& note, const SourceMap& map, const TextStyle& s
            "\n" + marked_source(note.span, map, CYAN, style);
 }
 
+std::string help_form(const std::string& advice, const TextStyle& style) {
+    return painted("help:", CYAN, style) + " " + shown(advice, style) + "\n";
+}
+
 }  // namespace
 
 std::string text_form(const Diagnostic& diagnostic, const SourceMap& map, const TextStyle& style) {
@@ -127,10 +138,9 @@ std::string text_form(const Diagnostic& diagnostic, const SourceMap& map, const 
                        marked_source(diagnostic.span, map, level.color, style) +
                        expansion(diagnostic, level.color, style);
     for (const Note& note : diagnostic.notes) text += note_form(note, map, style);
-    for (const std::string& advice : diagnostic.advice) {
-        text += painted("help:", CYAN, style) + " " + shown(advice, style) + "\n";
-    }
-    return text;
+    for (const std::string& advice : diagnostic.advice) text += help_form(advice, style);
+    const std::string fix = untold_fix(diagnostic, map);
+    return fix.empty() ? text : text + help_form(fix, style);
 }
 
 }  // namespace vorn::kit

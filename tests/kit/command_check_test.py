@@ -127,7 +127,27 @@ class CheckTest(vornkit.CommandTest):
                 "edits": [{"place": {"file": "bad.vorn", "line": 4, "column": 7, "end_line": 4,
                                      "end_column": 7, "offset": 29, "end_offset": 29},
                            "replacement": "no "}],
+                "fix": {"title": "write `no` here", "replacement": "no ", "file": "bad.vorn", "line": 4,
+                        "column": 7, "end_line": 4, "end_column": 7, "offset": 29, "end_offset": 29},
                 "repeats": 1}]}]})
+
+    def test_data_of_an_expansion_of_several_lines(self):
+        self.write("bad.vorn", "#define A #60\n62 h4\n64#\n" + WELL.replace("60", "$A"))
+        expansion = self.data("bad.vorn")["scores"][0]["diagnostics"][0]["expansion"]
+        self.assertEqual((expansion["before"], expansion["line"], expansion["after"]),
+                         (["p4 60"], {"text": "62 h4", "column": 4, "end_column": 6}, ["64 }"]))
+
+    def test_a_fix_is_one_change_of_the_file_in_which_it_stands(self):
+        self.write("bad.vorn", "; \u00f6\n#include |part.inc|\n")
+        self.write("part.inc", "; \u00fc\n/* \u00e4 */ \n" + WELL.replace("= 4 0 4", "= 4 0,5 4,5"))
+        fix = self.data("bad.vorn")["scores"][0]["diagnostics"][0]["fix"]
+        self.assertEqual(fix, {"title": "write `0.5 4.5` instead of `0,5 4,5`", "replacement": "0.5 4.5",
+                               "file": "part.inc", "line": 3, "column": 8, "end_line": 3, "end_column": 15,
+                               "offset": 22, "end_offset": 29})
+
+    def test_no_fix_where_no_cure_is_certain(self):
+        self.write("bad.vorn", WELL.replace("60", "loud"))
+        self.assertIsNone(self.data("bad.vorn")["scores"][0]["diagnostics"][0]["fix"])
 
     def test_data_of_what_is_well(self):
         self.write("well.vorn", WELL)
@@ -135,11 +155,10 @@ class CheckTest(vornkit.CommandTest):
                          {"version": 1, "scores": [{"score": "well.vorn", "accepted": True, "diagnostics": []}]})
 
     def test_data_of_every_mistake_is_as_the_schema_says(self):
-        expanded = 0
-        for folder in sorted(MISTAKES.iterdir()):
-            report = self.data(folder / "in.vorn")
-            expanded += any(one["expansion"] for one in report["scores"][0]["diagnostics"])
-        self.assertGreaterEqual(expanded, 2)
+        report = self.data(*[folder / "in.vorn" for folder in sorted(MISTAKES.iterdir())])
+        told = [one for score in report["scores"] for one in score["diagnostics"]]
+        self.assertGreaterEqual(sum(one["expansion"] is not None for one in told), 2)
+        self.assertGreaterEqual(sum(one["fix"] is not None for one in told), 60)
 
     def test_bytes_that_are_no_text_become_replacement_characters(self):
         self.write("bad.vorn", BAD.encode().replace(b"c4", b"\xff\xfe"))

@@ -66,7 +66,29 @@ TEST(TextForm, ShowsTheExpansionWithItsOwnMarks) {
               "in the expansion of $TUNE, in that of $LOW:\n"
               "p4 no c3 h3 c4 }\n"
               "         ^^\n"
-              "help: a sharp is `s`, a flat `f`, and the note below c is `b`: write `b3`\n");
+              "help: the note below c is `b`: write `b3`\n");
+}
+
+TEST(TextForm, MarksTheRightLineOfAnExpansionOfSeveral) {
+    EXPECT_EQ(text_of("#define TUNE #no c3\nh3 d3\ne3#\n" + BLOCK + "p4 $TUNE }\n"),
+              "in.vorn:7:4: error: Value out of bounds or syntax error. [E23]\n"
+              "p4 $TUNE }\n"
+              "   ^^^^^\n"
+              "in the expansion of $TUNE:\n"
+              "p4 no c3\n"
+              "h3 d3\n"
+              "^^\n"
+              "e3 }\n"
+              "help: the note below c is `b`: write `b3`\n");
+}
+
+TEST(TextForm, SaysWhatToWriteWhereAdviceDoesNot) {
+    EXPECT_EQ(text_of("i1 = 4 0,5 4,5 {\n"),
+              "in.vorn:1:12: error: Missing i-block initiator ({). [E30]\n"
+              "i1 = 4 0,5 4,5 {\n"
+              "           ^^^\n"
+              "help: decimals are written with a point: 4.5, not 4,5\n"
+              "help: write `0.5 4.5` instead of `0,5 4,5`\n");
 }
 
 TEST(TextForm, TellsFurtherPlaces) {
