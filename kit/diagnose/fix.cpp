@@ -51,6 +51,11 @@ std::string_view words_for(std::string_view replacement) {
     return replacement.empty() ? "leave" : "blank";
 }
 
+bool is_said(std::string_view words, const std::vector<std::string>& advice) {
+    return std::any_of(advice.begin(), advice.end(),
+                       [words](const std::string& one) { return one.find(words) != std::string::npos; });
+}
+
 std::vector<Edit> in_order(std::vector<Edit> edits) {
     std::stable_sort(edits.begin(), edits.end(),
                      [](const Edit& a, const Edit& b) { return a.span.begin < b.span.begin; });
@@ -89,10 +94,9 @@ std::optional<Fix> fix_of(const Diagnostic& diagnostic, const SourceMap& map) {
 std::string untold_fix(const Diagnostic& diagnostic, const SourceMap& map) {
     const std::optional<Fix> fix = fix_of(diagnostic, map);
     if (!fix) return {};
-    const std::string_view told = words_for(diagnostic.edits[0].replacement);
-    const bool is_told =
-        std::any_of(diagnostic.advice.begin(), diagnostic.advice.end(),
-                    [told](const std::string& advice) { return advice.find(told) != std::string::npos; });
+    const bool is_told = std::all_of(
+        diagnostic.edits.begin(), diagnostic.edits.end(),
+        [&diagnostic](const Edit& edit) { return is_said(words_for(edit.replacement), diagnostic.advice); });
     return is_told ? std::string() : fix->title;
 }
 

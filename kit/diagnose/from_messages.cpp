@@ -33,6 +33,20 @@ void place(Diagnostic& diagnostic, const Site& site, Stretch mark) {
     }
 }
 
+// A block is told to be skipped where it ends; what takes it out stands in its header.
+void place_skipped(Diagnostic& diagnostic, const ScoreRun& run, const RunMessage& message) {
+    for (const BlockRecord& block : run.blocks) {
+        const bool ends_here = block.is_skipped && block.end_place.line == message.place.line &&
+                               block.end_place.pos == message.place.pos && block.header.file >= 0;
+        if (!ends_here) continue;
+        const std::string& text = run.map.files()[static_cast<std::size_t>(block.header.file)].text;
+        const Stretch word = word_or_character(text, block.header.begin);
+        diagnostic.span = {block.header.file, word.begin, word.end};
+        diagnostic.through.clear();
+        return;
+    }
+}
+
 Diagnostic from_message(const ScoreRun& run, const RunMessage& message) {
     Diagnostic diagnostic;
     diagnostic.level = message.severity == Severity::ERROR ? Level::ERROR : Level::WARNING;
@@ -42,6 +56,7 @@ Diagnostic from_message(const ScoreRun& run, const RunMessage& message) {
     const Site site = site_of(run, message);
     const Stretch mark = mark_of(diagnostic.code, site);
     place(diagnostic, site, mark);
+    if (diagnostic.code == "W2") place_skipped(diagnostic, run, message);
     add_advice(site, mark, diagnostic);
     return diagnostic;
 }

@@ -165,17 +165,18 @@ p4 < 60 62 > }
     {.code = "L12",
      .title = "Values have no event",
      .cause =
-         "The block has fewer events than the list has values, repeats counted; the others are left out.",
+         "The block has fewer events than the list has values, repeats counted; the others are left out. "
+         "Where Vorn warns of them itself, the warning has the count.",
      .cure =
          "Lengthen the block, or shorten the list. To repeat a value up to the end of the block, write it "
          "last.",
      .score = R"(i1 = 4, 0, 2 {
 p2 1  p3 1
-p4 60 62 64 65 }
+p4 60 62 ra(1 1 [70 72]) 64 }
 )",
-     .cured = R"(i1 = 4, 0, 4 {
+     .cured = R"(i1 = 4, 0, 5 {
 p2 1  p3 1
-p4 60 62 64 65 }
+p4 60 62 ra(1 1 [70 72]) 64 }
 )"},
     {.code = "L13",
      .title = "A MIDI file of vorn holds the first block alone",

@@ -47,6 +47,24 @@ void sort_by_place(std::vector<Diagnostic>& diagnostics) {
                      [key](const Diagnostic& a, const Diagnostic& b) { return key(a) < key(b); });
 }
 
+// Whether the engine has warned of the same values that are dropped, or of one among them.
+bool is_warning_of(const Diagnostic& warning, const Diagnostic& found) {
+    if (found.code != "L12" || (warning.code != "W10" && warning.code != "W12")) return false;
+    const bool is_in_file = warning.span.file == found.span.file && warning.span.begin >= found.span.begin &&
+                            warning.span.begin <= found.span.end;
+    const bool is_in_expansion =
+        warning.expanded_begin >= found.expanded_begin && warning.expanded_begin <= found.expanded_end;
+    return is_in_file && (found.through.empty() || is_in_expansion);
+}
+
+// The warning gets the count, and marks all that is dropped.
+void join(Diagnostic& warning, const Diagnostic& found) {
+    warning.span = found.span;
+    warning.expanded_begin = found.expanded_begin;
+    warning.expanded_end = found.expanded_end;
+    warning.advice.insert(warning.advice.begin(), found.text);
+}
+
 }  // namespace
 
 std::vector<Diagnostic> lint(const ScoreRun& run, const LintOptions& options) {
@@ -68,7 +86,18 @@ std::vector<Diagnostic> lint(const ScoreRun& run, const LintOptions& options) {
 }
 
 void add_lint(std::vector<Diagnostic>& diagnostics, const ScoreRun& run, const LintOptions& options) {
-    for (Diagnostic& found : lint(run, options)) diagnostics.push_back(std::move(found));
+    const std::size_t told = diagnostics.size();
+    for (Diagnostic& found : lint(run, options)) {
+        const auto end = diagnostics.begin() + static_cast<std::ptrdiff_t>(told);
+        const auto same = std::find_if(diagnostics.begin(), end, [&found](const Diagnostic& warning) {
+            return is_warning_of(warning, found);
+        });
+        if (same == end) {
+            diagnostics.push_back(std::move(found));
+        } else {
+            join(*same, found);
+        }
+    }
     sort_by_place(diagnostics);
 }
 

@@ -84,11 +84,19 @@ TEST(TextForm, MarksTheRightLineOfAnExpansionOfSeveral) {
 
 TEST(TextForm, SaysWhatToWriteWhereAdviceDoesNot) {
     EXPECT_EQ(text_of("i1 = 4 0,5 4,5 {\n"),
-              "in.vorn:1:12: error: Missing i-block initiator ({). [E30]\n"
+              "in.vorn:1:8: error: Missing i-block initiator ({). [E30]\n"
               "i1 = 4 0,5 4,5 {\n"
-              "           ^^^\n"
-              "help: decimals are written with a point: 4.5, not 4,5\n"
+              "       ^^^\n"
+              "help: decimals are written with a point: 0.5, not 0,5\n"
               "help: write `0.5 4.5` instead of `0,5 4,5`\n");
+}
+
+TEST(TextForm, TellsASkippedBlockWhereItsMinusStands) {
+    EXPECT_EQ(text_of("i-1 = 4 0 4 {\np2 1\np3 1\np4 60 }\n"),
+              "in.vorn:1:1: warning: I-block skipped! (i-no < 0) [W2]\n"
+              "i-1 = 4 0 4 {\n"
+              "^^^\n"
+              "help: remove the minus to hear the block\n");
 }
 
 TEST(TextForm, TellsFurtherPlaces) {

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "driver/run.h"
+#include "kit/diagnose/from_messages.h"
 
 #include "tests/kit/lint_notes.h"
 
@@ -286,6 +287,32 @@ TEST(UnclosedLoop, IsClosedAlsoBehindTheLastEvent) {
     EXPECT_EQ(notes_of(four_events("p4 < 1 2 3 4 5 >")), (Notes{"L12 4:14 5 >"}));
     EXPECT_EQ(notes_of(four_events("p4 62 64 ; <")), Notes{});
     EXPECT_EQ(notes_of(four_events("p4 62 /* < */ 64")), Notes{});
+}
+
+// --- what the engine warns of, too ---
+
+std::vector<Diagnostic> told_of(const std::string& score) {
+    const ScoreRun run = run_text(score);
+    std::vector<Diagnostic> told = from_messages(run);
+    add_lint(told, run, {});
+    return told;
+}
+
+TEST(LintBesideWarnings, TellsDroppedValuesOnce) {
+    for (const char* statement :
+         {"p4 1 2 3 4 5 6 7", "p4 1 2 3 4 pf(2) 5 6 7", "p4 1 2 3 4 x4", "p4 1 2 3 4 ////"}) {
+        const std::vector<Diagnostic> told = told_of(four_events(statement));
+        ASSERT_EQ(told.size(), 1U) << statement;
+        EXPECT_EQ(told[0].level, Level::WARNING);
+        EXPECT_EQ(told[0].advice[0], "3 values of P4 have no event: the block has 4.");
+    }
+}
+
+TEST(LintBesideWarnings, TellsThemByItselfWhereTheEngineDoesNot) {
+    const std::vector<Diagnostic> told = told_of(four_events("p4 1 2 3 4 ra(2 1 [6 7]) 8"));
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_EQ(told[0].code, "W11");
+    EXPECT_EQ(told[1].code, "L12");
 }
 
 // --- L12: values dropped ---
