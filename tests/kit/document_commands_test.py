@@ -44,7 +44,7 @@ class DocumentCommands(CommandTest):
                 status, printed = self.run_block(block.text, folder)
                 problems += [f"{block.place}: status {status}\n{printed}"] if status else []
                 problems += [f"{block.place}: a peak of {peak} dB, silent or clipped"
-                             for _, peak in PLAYED.findall(printed) if not -15 < float(peak) < -1]
+                             for _, peak in PLAYED.findall(printed) if not -20 < float(peak) < -1]
             elif block.kind == "text" and block.text not in printed:
                 problems.append(f"{block.place}: not in\n{printed}")
         return problems

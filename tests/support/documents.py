@@ -13,8 +13,8 @@ import re
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
-KINDS_OF_FILES = (".vorn", ".orc")
-FILE_LINK = re.compile(r"\]\(([^)\s]+\.(?:vorn|orc))\)$")
+KINDS_OF_FILES = (".vorn", ".orc", ".txt")
+FILE_LINK = re.compile(r"\]\(([^)\s]+\.(?:vorn|orc|txt))\)$")
 
 
 @dataclasses.dataclass

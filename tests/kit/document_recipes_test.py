@@ -1,0 +1,210 @@
+"""Each recipe of docs/recipes.md has the property for which someone would look it up."""
+import math
+import os
+import pathlib
+import re
+import shutil
+import unittest
+
+import mido
+
+from vornkit import CommandTest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RECIPES = ROOT / "docs" / "recipes"
+VORN = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve()
+
+
+class Event:
+    def __init__(self, line):
+        fields = line.split()
+        self.instrument = int(fields[0][1:])
+        self.start, self.duration, *self.rest = (float(field) for field in fields[1:])
+        self.end = self.start + self.duration
+
+    @property
+    def semitones(self):
+        """Of P4 in hertz, 48 for the middle c."""
+        return 57 + 12 * math.log2(self.rest[0] / 440)
+
+    @property
+    def key(self):
+        return round(self.semitones)
+
+
+def voices(events):
+    """The events by their instruments."""
+    found = {}
+    for event in events:
+        found.setdefault(event.instrument, []).append(event)
+    return found
+
+
+class Recipes(CommandTest):
+    def setUp(self):
+        super().setUp()
+        shutil.copytree(RECIPES, self.folder, dirs_exist_ok=True)
+
+    def score(self, name):
+        done = self.run_program(VORN, name, "out.sco")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return (self.folder / "out.sco").read_text()
+
+    def events(self, name):
+        """The events of the blocks; lines that are passed on begin with a blank."""
+        lines = self.score(name).splitlines()
+        events = [Event(line) for line in lines if re.match(r"i\d", line)]
+        self.assertTrue(events)
+        return events
+
+    def change(self, name, old, new):
+        text = (self.folder / name).read_text()
+        self.assertIn(old, text)
+        self.write("changed.vorn", text.replace(old, new))
+        return self.events("changed.vorn")
+
+    def assert_starts(self, events, step):
+        for number, event in enumerate(events):
+            self.assertAlmostEqual(event.start, number * step, delta=.0011)
+
+    def test_each_recipe_has_a_test(self):
+        shown = {re.sub(r"\W+", "_", path.stem) for path in RECIPES.glob("*.vorn")}
+        tested = {name[len("test_"):] for name in dir(self) if name.startswith("test_")}
+        self.assertEqual(shown - tested, {"part_bass", "part_melody"})
+
+    def test_triplets(self):
+        events = self.events("triplets.vorn")
+        self.assertEqual(len(events), 12)
+        self.assert_starts(events, 1 / 3)
+        self.assertEqual(len(self.change("triplets.vorn", "0 -12 {", "0 4 {")), 13)
+
+    def test_drums(self):
+        sixteenth = 60 / 104 / 4
+        strokes = {number: [round(event.start / sixteenth) for event in events]
+                   for number, events in voices(self.events("drums.vorn")).items()}
+        bars = range(0, 64, 16)
+        self.assertEqual(strokes[1], [bar + at for bar in bars for at in (0, 7, 8)])
+        self.assertEqual(strokes[2], [bar + at for bar in bars for at in (4, 12, 15)])
+        self.assertEqual(strokes[3], list(range(0, 64, 2)))
+        snare = [event.rest[0] for event in voices(self.events("drums.vorn"))[2]]
+        self.assertEqual(snare, [.7, .7, .2] * 4)
+
+    def test_fade(self):
+        levels = [event.rest[1] for event in self.events("fade.vorn")]
+        self.assertEqual(levels[:33], [.8] * 33)
+        self.assertEqual(levels[-1], 0)
+        self.assertTrue(all(later < earlier for earlier, later in zip(levels[32:], levels[33:])))
+
+    def test_section_crescendo(self):
+        events = self.events("section-crescendo.vorn")
+        self.assertEqual(len(voices(events)), 3)
+        for event in events:
+            self.assertAlmostEqual(event.rest[1], .1 + .7 * event.start / 24, delta=.0011)
+
+    def test_accelerating_canon(self):
+        found = voices(self.events("accelerating-canon.vorn"))
+        first, second, third = found[1], found[2], found[3]
+        starts = [event.start for event in first]
+        for delay, voice in ((8, second), (16, third)):
+            self.assertEqual([event.start for event in voice], starts[delay:])
+            self.assertEqual(voice[-1].end, first[-1].end)
+        self.assertEqual([event.key for event in second], [event.key for event in first[:-8]])
+        self.assertEqual([event.key for event in third], [event.key - 12 for event in first[:-16]])
+        self.assertGreater(starts[1] - starts[0], 2 * (starts[-1] - starts[-2]))
+
+    def test_two_curves(self):
+        events = self.events("two-curves.vorn")
+        last = len(events) - 1
+        low, high = (36, 57), (84, 59)
+        for number, event in enumerate(events):
+            lower = low[0] + (low[1] - low[0]) * (number / last) ** 2
+            upper = high[0] + (high[1] - high[0]) * (number / last) ** .5
+            self.assertTrue(lower - .01 < event.semitones < upper + .01, number)
+        self.assertGreater(max(event.semitones for event in events[:40]), 70)
+
+    def test_row(self):
+        keys = [event.key for event in self.events("row.vorn")]
+        row, inversion, retrograde, both = (keys[at:at + 12] for at in (0, 12, 24, 36))
+        self.assertEqual(len(keys), 48)
+        self.assertEqual(sorted(key % 12 for key in row), list(range(12)))
+        self.assertEqual([key - row[0] for key in row], [inversion[0] - key for key in inversion])
+        self.assertEqual(retrograde, row[::-1])
+        self.assertEqual(both, inversion[::-1])
+
+    def test_phase(self):
+        found = voices(self.events("phase.vorn"))
+        for number, (first, second) in enumerate(zip(found[1], found[2])):
+            self.assertEqual(first.start, 6 * number)
+            self.assertEqual(second.start, 6 * number + number // 12)
+            self.assertEqual(first.key, second.key)
+        # Not even after ten thousand notes.
+        events = voices(self.change("phase.vorn", "-144", "-12000"))
+        self.assertEqual((events[1][-1].start, events[2][-1].start), (6 * 11999, 6 * 11999 + 999))
+        done = self.vornkit("play", "phase.vorn", "--wav", "out.wav")
+        self.assertRegex(done.stdout + done.stderr, r": 52\.\d s")
+
+    def test_sonification(self):
+        table = [float(line) for line in (self.folder / "temperatures.txt").read_text().split()]
+        events = self.events("sonification.vorn")
+        self.assertEqual(len(events), len(table))
+        for value, event in zip(table, events):
+            self.assertAlmostEqual(event.semitones, 48 + 1.5 * value, places=3)
+
+    def test_switches(self):
+        self.assertEqual(set(voices(self.events("switches.vorn"))), {1, 2})
+        self.assertEqual(set(voices(self.change("switches.vorn", "BELLS 0", "BELLS 1"))), {1, 2, 3})
+        self.assertEqual(set(voices(self.change("switches.vorn", "TUNE 1", "TUNE 0"))), {2})
+
+    def test_never_twice(self):
+        for seed in (12, 1, 2, 3):
+            keys = [event.key for event in self.change("never-twice.vorn", "rs(12)", f"rs({seed})")]
+            self.assertEqual(len(keys), 64)
+            self.assertTrue(all(earlier != later for earlier, later in zip(keys, keys[1:])))
+
+    def test_walk_over_chords(self):
+        for seed in (6, 1, 2, 3):
+            found = voices(self.change("walk-over-chords.vorn", "rs(6)", f"rs({seed})"))
+            steps = []
+            for event in found[1]:
+                sounding = [chord for chord in found[2] if chord.start - .01 < event.start < chord.end - .01]
+                above = event.key - min(chord.key for chord in sounding)
+                self.assertIn(above % 12, {0, 4, 7})
+                steps.append(above // 12 * 3 + (0, 4, 7).index(above % 12))
+            self.assertTrue(all(abs(one - next_one) <= 2 for one, next_one in zip(steps, steps[1:])), steps)
+            self.assertGreater(len(set(steps)), 4)
+
+    def test_midi_band(self):
+        done = self.vornkit("midi", "midi-band.vorn", "band.mid",
+                            "--channel", "3=10", "--program", "1=34", "--program", "2=1")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        notes = [(message.channel, message.note) for track in mido.MidiFile(self.folder / "band.mid").tracks
+                 for message in track if message.type == "note_on"]
+        self.assertEqual({channel for channel, _ in notes}, {0, 1, 9})
+        self.assertEqual({note for channel, note in notes if channel == 9}, {36, 38, 42})
+
+    def test_start_times(self):
+        calls = re.findall(r"^ \$NOTE\(([\d.]+)'([\d.]+)'", (RECIPES / "start-times.vorn").read_text(), re.MULTILINE)
+        events = self.events("start-times.vorn")
+        self.assertEqual(len(events), len(calls))
+        for event, (beat, beats) in zip(events, calls):
+            self.assertAlmostEqual(event.start, float(beat) / 2, delta=.0011)
+            self.assertAlmostEqual(event.duration, float(beats) / 2, delta=.0011)
+
+    def test_csound_tempo(self):
+        score = self.score("csound-tempo.vorn")
+        self.assertIn(" t 0 60 16 150 ", score)
+        self.assertIn(" i9 0 16 73.416 $DRONE", score)
+        self.assertEqual(max(event.end for event in self.events("csound-tempo.vorn")), 16)
+        done = self.vornkit("play", "csound-tempo.vorn", "csound-tempo.orc", "--wav", "out.wav")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        # The length of a beat moves in a straight line from 1 to .4 seconds.
+        self.assertRegex(done.stdout + done.stderr, r": 11\.\d s")
+
+    def test_parts(self):
+        found = voices(self.events("parts.vorn"))
+        self.assertEqual({number: len(events) for number, events in found.items()}, {1: 24, 2: 4})
+        self.assertEqual(set(voices(self.events("part-bass.vorn"))), {2})
+
+
+if __name__ == "__main__":
+    unittest.main()
