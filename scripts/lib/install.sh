@@ -22,6 +22,9 @@ has_package() {
         nlohmann-json3-dev) [ -f /usr/include/nlohmann/json.hpp ] ;;
         librsvg2-bin) command -v rsvg-convert ;;
         timgm6mb-soundfont) [ -f /usr/share/sounds/sf2/TimGM6mb.sf2 ] ;;
+        vim-nox) command -v vim ;;
+        emacs-nox) command -v emacs ;;
+        bash-completion) [ -f /usr/share/bash-completion/bash_completion ] ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
         python3-jsonschema) /usr/bin/python3 -c 'import jsonschema' ;;
         python3-pandas) /usr/bin/python3 -c 'import pandas' ;;
