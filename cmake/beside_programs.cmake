@@ -1,7 +1,19 @@
-# What is installed beside the programs: man pages, those of vornkit where it is built.
-file(GLOB kit_pages CONFIGURE_DEPENDS man/vornkit*.1)
-install(FILES man/vorn.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# What is installed beside the programs: man pages and completions, those of vornkit
+# where it is built.
+set(bash_completions ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+set(zsh_completions ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+set(fish_completions ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+function(install_beside program)
+    file(GLOB pages CONFIGURE_DEPENDS man/${program}.1 man/${program}-*.1)
+    install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES completions/${program}.bash DESTINATION ${bash_completions} RENAME ${program})
+    install(FILES completions/_${program} DESTINATION ${zsh_completions})
+    install(FILES completions/${program}.fish DESTINATION ${fish_completions})
+endfunction()
+
+install_beside(vorn)
 install(FILES man/vorn.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
 if(TARGET vornkit)
-    install(FILES ${kit_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install_beside(vornkit)
 endif()
