@@ -127,6 +127,7 @@ class Recipes(CommandTest):
         row, inversion, retrograde, both = (keys[at:at + 12] for at in (0, 12, 24, 36))
         self.assertEqual(len(keys), 48)
         self.assertEqual(sorted(key % 12 for key in row), list(range(12)))
+        self.assertEqual(inversion[0], row[0])
         self.assertEqual([key - row[0] for key in row], [inversion[0] - key for key in inversion])
         self.assertEqual(retrograde, row[::-1])
         self.assertEqual(both, inversion[::-1])
