@@ -5,16 +5,36 @@ nchnls = 2
 
 ; p4 amplitude in decibels, p5 frequency in hertz, p6 place between left and right
 
+galeft  init 0                      ; what goes into the room
+garight init 0
+
 instr 1                             ; a stroke
-    kenv   expon  1, p3, .001
-    asound oscili ampdb(p4) * kenv, p5, 1
-    asound tone   asound, p5 * 8 * kenv + 200
-           outs   asound * sqrt(1 - p6), asound * sqrt(p6)
+    aenv   expseg .01, .003, 1, p3 - .003, .001
+    kopen  expseg 1, p3, .02
+    asound oscili ampdb(p4), p5, 1
+    asound tone   asound * aenv, p5 * 16 * kopen + 400
+    aleft  =      asound * sqrt(1 - p6)
+    aright =      asound * sqrt(p6)
+           outs   aleft, aright
+    galeft  =     galeft + aleft * .3
+    garight =     garight + aright * .3
 endin
 
 instr 2                             ; a breath of wind
-    kenv   linseg  0, p3 * .5, 1, p3 * .5, 0
-    anoise rand    ampdb(p4) * kenv
-    asound butterbp anoise, p5, p5 * .3
-           outs    asound * sqrt(1 - p6), asound * sqrt(p6)
+    aenv   linseg  0, p3 * .5, 1, p3 * .5, 0
+    kblow  linseg  .8, p3 * .5, 1.2, p3 * .5, .7
+    anoise rand    ampdb(p4), .5, 1
+    asound butterbp anoise, p5 * kblow, p5 * .12
+    asound =       asound * aenv * 3
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .4
+    garight =      garight + aright * .4
+endin
+
+instr 9                             ; the room
+    aleft, aright reverbsc galeft, garight, .84, 9000
+            outs    aleft, aright
+            clear   galeft, garight
 endin

@@ -5,20 +5,47 @@ nchnls = 2
 
 ; p4 frequency in hertz, p5 amplitude in decibels, p6 place between left and right
 
+galeft  init 0                      ; what goes into the room
+garight init 0
+
 instr 1                             ; a player: plucked
-    asound pluck  ampdb(p5), p4, p4, 0, 1
-    kenv   linsegr 1, p3, 1, .08, 0
-           outs   asound * kenv * (1 - p6), asound * kenv * p6
+    iloud  =       ampdb(p5) * 2.6
+    asound pluck   iloud, p4, p4, 0, 1
+    asound tone    asound, 5000 * ampdb(p5 - 74)
+    aenv   linsegr 0, .003, 1, p3, .8, .12, 0
+    asound =       asound * aenv
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .2
+    garight =      garight + aright * .2
 endin
 
 instr 2                             ; the bass
-    kenv   linsegr 0, .01, 1, p3, .5, .15, 0
-    asound oscili  ampdb(p5) * kenv, p4, 1
-           outs    asound * (1 - p6), asound * p6
+    aenv   linsegr 0, .01, 1, p3, .4, .2, 0
+    asound oscili  ampdb(p5) * 1.3, p4, 1
+    asound =       asound * aenv
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .1
+    garight =      garight + aright * .1
 endin
 
 instr 3                             ; a bell
-    kenv   expon   1, p3, .001
-    asound foscili ampdb(p5) * kenv, p4, 1, 2.76, 2 * kenv, 1
-           outs    asound * (1 - p6), asound * p6
+    aenv   expseg  .01, .003, 1, p3 - .003, .001
+    kring  expon   2, p3, .01
+    asound foscili ampdb(p5), p4, 1, 2.76, kring, 1
+    asound =       asound * aenv
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .4
+    garight =      garight + aright * .4
+endin
+
+instr 9                             ; the room
+    aleft, aright reverbsc galeft, garight, .78, 9000
+            outs    aleft, aright
+            clear   galeft, garight
 endin

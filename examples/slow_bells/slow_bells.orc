@@ -1,20 +1,57 @@
 sr = 44100
-ksmps = 64
-nchnls = 1
+ksmps = 32
+nchnls = 2
 0dbfs = 32768
 
-; p5 amplitude, p6 seconds of the stroke
+; p5 amplitude, p6 seconds of the stroke, p7 place between left (0) and right (1)
+
+galeft  init 0                      ; what goes into the room
+garight init 0
+
+; The partials of a bell: hum, prime, minor third, fifth, octave and above. The higher
+; they are, the sooner they are gone.
+opcode Bell, a, iii
+    ifreq, istroke, ilong xin
+    astrike cosseg 0, istroke, 1
+    along   expon  1, ilong, .001
+    amiddle expon  1, ilong * .7, .001
+    ashort  expon  1, ilong * .4, .001
+    ahum    oscili .5, ifreq * .5
+    aprime  oscili .8, ifreq
+    abeat   oscili .5, ifreq * 1.0021
+    athird  oscili .5, ifreq * 1.19
+    afifth  oscili .25, ifreq * 1.506
+    aoctave oscili .6, ifreq * 2.0
+    ahigh   oscili .3, ifreq * 2.66
+    atop    oscili .25, ifreq * 4.07
+    asound  = (ahum + aprime + abeat) * along + (athird + afifth) * amiddle + (aoctave + ahigh + atop) * ashort
+            xout   asound * astrike
+endop
 
 instr 1                             ; a bell; p4 as octave.pitch-class
-    ifreq  =       cpspch(p4)
-    kenv   expseg  .001, p6, 1, p3 - p6, .001
-    kring  line    4, p3, 0
-    asound foscili p5 * kenv, ifreq, 1, 2.76, kring, 1
-           out     asound
+    aend    linseg 1, p3 - .1, 1, .1, 0
+    asound  Bell   cpspch(p4), p6, p3
+    asound  =      asound * aend * p5 * .7
+    aleft   =      asound * sqrt(1 - p7)
+    aright  =      asound * sqrt(p7)
+            outs   aleft, aright
+    galeft  =      galeft + aleft * .35
+    garight =      garight + aright * .35
 endin
 
-instr 2                             ; the recorded bell; p4 the speed
-    kenv   expseg  .001, p6, 1, p3 - p6, .001
-    asound oscili  p5 * kenv, cpspch(8) * p4, 1
-           out     asound
+instr 2                             ; the recorded bell, without its stroke; p4 the speed
+    aswell  cosseg 0, p3 * .4, 1, p3 * .6, 0
+    asound  Bell   cpspch(8) * p4, p6, p3 * 4 / p4
+    asound  =      asound * aswell * p5 * .8
+    aleft   =      asound * sqrt(1 - p7)
+    aright  =      asound * sqrt(p7)
+            outs   aleft, aright
+    galeft  =      galeft + aleft * .6
+    garight =      garight + aright * .6
+endin
+
+instr 9                             ; the room
+    aleft, aright reverbsc galeft, garight, .88, 7500
+            outs    aleft, aright
+            clear   galeft, garight
 endin

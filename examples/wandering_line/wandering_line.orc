@@ -5,17 +5,39 @@ nchnls = 2
 
 ; p6 place between left (0) and right (1)
 
-instr 1                             ; p4 amplitude in decibels, p5 step of the scale
-    ifreq  =       cpspch(table:i(p5, 2))
-    kenv   linsegr 0, .02, 1, p3, .3, .15, 0
-    kdepth linseg  0, .4, .006, 1, .006
-    kvib   oscili  kdepth * ifreq, 5.2, 1
-    asound foscili ampdb(p4) * kenv, ifreq + kvib, 1, 1, .6 * kenv, 1
-           outs    asound * sqrt(1 - p6), asound * sqrt(p6)
+galeft  init 0                      ; what goes into the room
+garight init 0
+
+instr 1                             ; p4 amplitude in decibels, p5 frequency in hertz
+    aenv   linsegr 0, .03, 1, p3, .45, .2, 0
+    kdepth linseg  0, .4, .005, 1, .005
+    kvib   oscili  kdepth * p5, 5.2
+    kcolour linseg 2, .1, 1, p3, .6
+    asound foscili 1, p5 + kvib, 1, 1, kcolour * ampdb(p4 - 74)
+    asound =       asound * aenv * ampdb(p4) * 1.7
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .35
+    garight =      garight + aright * .35
 endin
 
 instr 2                             ; p4 octave.pitch-class, p5 amplitude in decibels
-    kenv   linsegr 0, .3, 1, p3, .4, .5, 0
-    asound oscili  ampdb(p5) * kenv, cpspch(p4), 1
-           outs    asound * sqrt(1 - p6), asound * sqrt(p6)
+    aenv   linsegr 0, .5, 1, p3, .5, .9, 0
+    kopen  linseg  300, p3 * .4, 1600, p3 * .6, 400
+    afirst vco2    .5, cpspch(p4)
+    asecond vco2   .5, cpspch(p4) * 1.004
+    asound butterlp afirst + asecond, kopen
+    asound =       asound * aenv * ampdb(p5) * 1.7
+    aleft  =       asound * sqrt(1 - p6)
+    aright =       asound * sqrt(p6)
+           outs    aleft, aright
+    galeft  =      galeft + aleft * .3
+    garight =      garight + aright * .3
+endin
+
+instr 9                             ; the room
+    aleft, aright reverbsc galeft, garight, .86, 8000
+            outs    aleft, aright
+            clear   galeft, garight
 endin
