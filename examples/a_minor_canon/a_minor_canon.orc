@@ -10,7 +10,7 @@ garight init 0
 
 instr 1                             ; a bowed voice: two strings, hardly apart
     iloud   =       (p5 - 60) / 20
-    kenv    linsegr 0, .05, 1, p3 * .5 + .05, .75, .12, 0
+    kenv    linsegr 0, .05, 1, p3 * .4, .75, p3 * .6, .5, .08 + p3 * .12, 0
     kvib    oscili  .003, 5.3 + p6
     afirst  vco2    .5, p4 * (1 + kvib)
     asecond vco2    .5, p4 * 1.003

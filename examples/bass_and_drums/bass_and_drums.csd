@@ -56,8 +56,8 @@ instr 3, 4                          ; hats, closed and open: metal and noise
 endin
 
 instr 5                             ; bass
-    aenv    linsegr 0, .004, 1, p3, .7, .04, 0
-    kopen   expseg  9, .12, 3, 2, 1.5
+    aenv    linsegr 0, .004, 1, p3, .3, .06, 0
+    kopen   expseg  24, .12, 8, 2, 3
     asaw    vco2    .6, p5
     asub    oscili  .6, p5
     asaw    butterlp asaw, p5 * kopen + 150
@@ -66,7 +66,7 @@ instr 5                             ; bass
 endin
 
 instr 6                             ; electric piano
-    aenv    linsegr 0, .004, 1, .4, .5, 3, .2, .12, 0
+    aenv    linsegr 0, .004, 1, .4, .5, 2.5, .1, .15, 0
     kbark   expseg  1.6, .25, .4, 3, .2
     asound  foscili 1, p5, 1, 1, kbark
     atine   foscili .15, p5, 1, 14, kbark * .5

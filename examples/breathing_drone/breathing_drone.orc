@@ -15,7 +15,7 @@ instr 1                             ; a breath: it brightens as it swells
     ksway   oscili .0015, .11 + p7 * .1
     afirst  vco2   .5, p4 * (1 + ksway)
     asecond vco2   .5, p4 * 1.0022, 12
-    kopen   =      p4 * 1.2 + 2400 * p6 * kenv
+    kopen   =      p4 * 1.2 + 5000 * p6 * kenv
     asound  butterlp afirst + asecond, kopen
     asound  butterlp asound, kopen * 1.5
     asound  =      asound * aenv * ampdb(p5)
