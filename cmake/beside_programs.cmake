@@ -1,5 +1,5 @@
-# What is installed beside the programs: man pages and completions, those of vornkit
-# where it is built.
+# What is installed beside the programs: man pages, completions, those of vornkit where
+# it is built, and the files for editors.
 set(bash_completions ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 set(zsh_completions ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 set(fish_completions ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
@@ -17,3 +17,9 @@ install(FILES man/vorn.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
 if(TARGET vornkit)
     install_beside(vornkit)
 endif()
+
+install(DIRECTORY editors/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
+install(FILES editors/emacs/vorn-mode.el editors/emacs/vorn-words.el
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/emacs/site-lisp)
+install(DIRECTORY editors/vscode DESTINATION ${CMAKE_INSTALL_DATADIR}/vorn)
+install(FILES editors/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/editors)

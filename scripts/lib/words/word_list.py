@@ -7,9 +7,10 @@ def generator_class(word):
     form = word["signature"]
     if "equation" in form:
         return "equation"
+    curve = "-curve" if "[curve]" in form else ""
     if "range" in form or "[low high]" in form or "from to" in form:
-        return "range"
-    return "set" if "[value ...]" in form or "[element ...]" in form else "value"
+        return "range" + curve
+    return "set" + curve if "[value ...]" in form or "[element ...]" in form else "value"
 
 
 class WordList:

@@ -6,12 +6,17 @@ import sys
 import textwrap
 
 import forms
+import snippets
 from word_list import WordList
 
 TEMPLATES = pathlib.Path("scripts/lib/words")
 MADE_FROM_TEMPLATES = [
+    ("editors/vscode/syntaxes/vorn.tmLanguage.json", forms.TextMate),
+    ("editors/vim/syntax/vorn.vim", forms.Vim),
+    ("editors/emacs/vorn-words.el", forms.Emacs),
     ("man/vorn.5", forms.Man),
 ]
+SNIPPETS = "editors/vscode/snippets/vorn.json"
 
 
 def wrapped_prose(text):
@@ -34,6 +39,7 @@ def from_template(path, form, words):
 def main():
     words = WordList(json.load(sys.stdin))
     files = {path: from_template(path, form, words) for path, form in MADE_FROM_TEMPLATES}
+    files[SNIPPETS] = snippets.text(words)
     if sys.argv[1:] != ["--check"]:
         for path, text in files.items():
             pathlib.Path(path).write_text(text)
