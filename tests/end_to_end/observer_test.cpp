@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "output/event_list.h"
+#include "output/tempo_map.h"
 #include "support/case_folder.h"
 
 // What an observer is told, over all cases and in a few scores of its own. The
@@ -164,6 +167,85 @@ TEST(Observer, ChangesNoByteOfAnyCaseAndRebuildsItsLines) {
     EXPECT_GT(spans, 1000U);
 }
 
+// "i3 0.500 1.000", the instrument, start and length of a line.
+std::string line_beginning(int instrument, double start, double duration, const Block& block) {
+    char text[200];
+    std::snprintf(text, sizeof text, "i%d %.*f %.*f", instrument, static_cast<int>(block.decimals[0]), start,
+                  static_cast<int>(block.decimals[1]), duration);
+    return text;
+}
+
+// Writes down the lines that the events of each block should become.
+class LineRecorder : public Observer {
+public:
+    void on_block(const Block& block) override {
+        if (block.instrument < 0 || block.is_midi || block.events == nullptr) return;
+        lines.push_back("block " + std::to_string(block.number) + " of i" + std::to_string(block.instrument));
+        const ListNode* event = block.events;
+        do {
+            event = event->next;
+            if (event->dur <= 0) continue;
+            lines.push_back(
+                line_beginning(block.instrument, double{event->start}, double{event->dur}, block));
+        } while (event != block.events);
+    }
+
+    std::vector<std::string> lines;
+};
+
+// The same of a score: the heads of its blocks, and the first three words of each event.
+std::vector<std::string> lines_of_score(const std::string& score) {
+    std::vector<std::string> lines;
+    std::istringstream stream(score);
+    for (std::string line; std::getline(stream, line);) {
+        int number = 0;
+        int instrument = 0;
+        if (std::sscanf(line.c_str(), ";I-block #%d (i%d)", &number, &instrument) == 2) {
+            lines.push_back("block " + std::to_string(number) + " of i" + std::to_string(instrument));
+        }
+        std::istringstream words(line);
+        std::string name;
+        std::string start;
+        std::string duration;
+        if (line.starts_with("i") && words >> name >> start >> duration) {
+            lines.push_back(name + " " + start + " " + duration);
+        }
+    }
+    return lines;
+}
+
+// A ">" line may put an event of its own into the score.
+bool writes_lines_itself(const Case& a_case) {
+    return std::any_of(a_case.inputs.begin(), a_case.inputs.end(), [](const auto& input) {
+        return input.second.find("> i") != std::string::npos || input.second.find(">i") != std::string::npos;
+    });
+}
+
+// A block that begins behind another's "}", which the last line alone may hold, is not told.
+bool begins_behind_another(const Case& a_case) {
+    return a_case.name.ends_with("/second_block_on_the_last_line");
+}
+
+TEST(Observer, TellsTheEventsOfEveryCaseAsItsScoreHasThem) {
+    std::size_t events = 0;
+    for (const std::string& name : find_cases(CASES)) {
+        SCOPED_TRACE(name);
+        const Case a_case = load_case(CASES, name);
+        if (writes_lines_itself(a_case) || begins_behind_another(a_case)) continue;
+        const WorkFolder folder;
+        write_inputs(a_case, folder);
+        LineRecorder recorder;
+        const RunResult result = run_in_process(folder, a_case.arguments, &recorder);
+        const auto output =
+            a_case.arguments.empty() ? result.files.end() : result.files.find(a_case.arguments.back());
+        if (result.status != 0 || output == result.files.end() || output->second.starts_with("MThd"))
+            continue;
+        EXPECT_EQ(recorder.lines, lines_of_score(output->second));
+        events += recorder.lines.size();
+    }
+    EXPECT_GT(events, 5'000U);
+}
+
 RunResult run_score(Recorder& recorder, const Texts& files, const Arguments& options = {}) {
     const WorkFolder folder;
     for (const auto& [name, text] : files) folder.write(name, text);
@@ -217,6 +299,32 @@ TEST(Observer, TellsOfABlockItsStatementsAndWhatSetsThem) {
     EXPECT_EQ(recorder.last_block.end.pos, 20);
     EXPECT_EQ(recorder.last_block.length, -3);
     EXPECT_EQ(recorder.sounding, 2U) << "two notes and a rest";
+}
+
+TEST(Observer, TellsOfTemposAndMacros) {
+    class Definitions : public Recorder {
+    public:
+        void on_tempo(const TempoDef& tempo, int index, const LinePlace& begin) override {
+            told.push_back("tempo " + std::to_string(index) + " at " + std::to_string(begin.line) + ":" +
+                           std::to_string(begin.pos) + " from " + std::to_string(tempo.start_time) + " " +
+                           std::to_string(tempo.start_tempo) + " to " + std::to_string(tempo.end_time) + " " +
+                           std::to_string(tempo.end_tempo));
+        }
+        void on_macro(const MacroDefinition& macro) override {
+            told.push_back("macro " + std::string(macro.name) + " of " +
+                           std::to_string(macro.argument_count) + " at " + std::to_string(macro.begin.line) +
+                           ":" + std::to_string(macro.begin.pos) + " \"" + macro.body + "\"");
+        }
+        std::vector<std::string> told;
+    } definitions;
+    const RunResult result =
+        run_score(definitions,
+                  {{"in.vorn", "te(120)\n  te( 2 4 60 90 )\n#define A(x'y) #no $x c4#\n#define B #60#\n"}});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(definitions.told,
+              (std::vector<std::string>{"tempo 0 at 1:2 from 0.000000 120.000000 to 1000.000000 120.000000",
+                                        "tempo 1 at 2:4 from 2.000000 60.000000 to 4.000000 90.000000",
+                                        "macro A of 2 at 3:16 \"no $x c4\"", "macro B of 0 at 4:11 \"60\""}));
 }
 
 TEST(Observer, IsToldOfSuppressedWarnings) {
