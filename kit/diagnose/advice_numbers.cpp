@@ -164,8 +164,9 @@ bool tell_comma(Adviser& adviser, const CommaNumber& number) {
 
 // The last one before the place where reading stopped, and those beside it.
 bool advise_comma(Adviser& adviser) {
+    if (!adviser.is_error()) return false;
     const std::optional<Range> range = range_of(adviser);
-    if (!adviser.is_error() || !range) return false;
+    if (!range) return false;
     const std::vector<CommaNumber> numbers = comma_numbers(adviser.site, range->where);
     const auto behind = std::find_if(numbers.begin(), numbers.end(), [&](const CommaNumber& number) {
         return number.where.begin > adviser.mark.end;

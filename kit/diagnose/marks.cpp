@@ -82,6 +82,21 @@ Stretch loop(const Site& site) {
     return {code.offset + open, code.offset + open + 1};
 }
 
+// "$NAME" or "~NAME" of the name that the message quotes; in a condition reading stopped before it.
+Stretch named_call(const Site& site) {
+    const Stretch touching = word_touching(site.text, site.at);
+    const std::string& text = site.message.text;
+    const std::size_t open = text.find('"');
+    const std::size_t close = open == std::string::npos ? open : text.find('"', open + 1);
+    if (close == std::string::npos || site[touching.begin] != '#') return touching;
+    const std::string_view line = site.of({site.at, line_around(site.text, site.at).end});
+    for (const char* sign : {"$", "~"}) {
+        const std::size_t call = line.find(sign + text.substr(open + 1, close - open - 1));
+        if (call != std::string_view::npos) return {site.at + call, site.at + call + close - open};
+    }
+    return touching;
+}
+
 struct Row {
     std::string_view code;
     Stretch (*mark)(const Site& site);
@@ -120,7 +135,9 @@ constexpr Row ROWS[] = {
     {"E159", enclosing_call},
     {"Ebar", directive},
     {"Eblank", statement},
+    {"Econstant", named_call},
     {"Einclude", directive},
+    {"Emacro", named_call},
     {"Enesting", directive},
     {"Epath", directive},
     {"W15", loop},

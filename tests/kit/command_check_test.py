@@ -225,6 +225,42 @@ class CheckTest(vornkit.CommandTest):
         self.assertLess(len(done.stdout), 1000)
         self.assertIn(":1:5100034: error:", done.stdout)
 
+    def test_lines_of_nine_megabytes(self):
+        """Mistakes that look around for what belongs to them do not look through all of it."""
+        block = "i1 = 4 0 4 {\np2 1\np3 1\n"
+        texts = {"number": block + "p4 " + "6" * 9_000_000 + " }\n",
+                 "commas": block + "p4 ra(T " + "0,5 " * 2_250_000 + "}\n",
+                 "parentheses": block + "p4 " + "(" * 9_000_000,
+                 "comments": block + "p4 60 " + "/*" * 4_500_000,
+                 "name": block + "p4 $" + "A" * 9_000_000,
+                 "flats": block + "p4 no " + "db4 " * 2_250_000 + "}\n"}
+        for name, text in texts.items():
+            self.write(name, text)
+            seconds = processor_time(pathlib.Path(vornkit.VORNKIT).resolve(), "check", name, cwd=self.folder)
+            self.assertLess(seconds, 20, name)
+            done = self.check("--format", "json", name)
+            self.assertEqual((done.returncode, done.stderr), (0 if name == "number" else 1, ""), name)
+            self.assertLess(len(done.stdout), 5000, name)
+
+    def test_a_hundred_thousand_warnings(self):
+        self.write("many.vorn", "rd(2)\n" * 100_000)
+        done = self.check("many.vorn")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(done.stdout.count("[W26]"), 10_000)
+
+    def test_one_byte(self):
+        for byte in b"}{i#<\"(>$~\x00\xff\x80e9 \n":
+            self.write("one.vorn", bytes([byte]))
+            self.assertIn(self.check("one.vorn").returncode, (0, 1), byte)
+            self.data("one.vorn")
+
+    def test_an_include_of_itself(self):
+        self.write("a/loop.vorn", "#include |loop.vorn|\n")
+        done = self.check("--relative", "a/loop.vorn")
+        self.assertEqual(done.returncode, 1)
+        self.assertTrue(done.stdout.startswith("a/loop.vorn:1:1: error: Too many embedded include files!"))
+        self.assertIn("take out the include that leads back", done.stdout)
+
     def test_a_million_lines(self):
         self.write("many.vorn", "; nothing\n" * 1_000_000 + BAD)
         done = self.check("many.vorn")
