@@ -11,10 +11,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const bool is_drawn = size == 0 || data[0] % 4 != 0;
-    const std::size_t skipped = size == 0 ? 0 : 1;
-    const auto read = is_drawn ? vorn::fuzz::draw_score : vorn::fuzz::score_of_bytes;
-    const std::string problem = vorn::kit::test::events_problem(read(data + skipped, size - skipped).inputs);
+    const std::string problem = vorn::kit::test::events_problem(vorn::fuzz::score_of_kind(data, size).inputs);
     if (problem.empty()) return 0;
     std::fprintf(stderr, "\nPROBLEM: %s\n", problem.c_str());
     std::abort();

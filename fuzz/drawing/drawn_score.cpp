@@ -378,4 +378,9 @@ DrawnScore score_of_bytes(const std::uint8_t* data, std::size_t size) {
     return score;
 }
 
+DrawnScore score_of_kind(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return draw_score(data, size);
+    return (data[0] % 4 != 0 ? draw_score : score_of_bytes)(data + 1, size - 1);
+}
+
 }  // namespace vorn::fuzz

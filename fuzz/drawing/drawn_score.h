@@ -22,4 +22,8 @@ DrawnScore draw_score(const std::uint8_t* data, std::size_t size);
 // The bytes as they are for the text of a score; their number chooses the options.
 DrawnScore score_of_bytes(const std::uint8_t* data, std::size_t size);
 
+// One of both from what follows the first byte, which says which: the bytes as they
+// are where it is a multiple of 4.
+DrawnScore score_of_kind(const std::uint8_t* data, std::size_t size);
+
 }  // namespace vorn::fuzz

@@ -20,22 +20,26 @@ void check(Reading read, const std::string& bytes) {
 
 TEST(EventsOfDrawnScores, AreTheirScores) {
     std::mt19937_64 random(2);
-    for (int number = 0; number < 200; ++number) {
+    for (int number = 0; number < 100; ++number) {
         std::string bytes(64 + random() % 1024, '\0');
         for (char& byte : bytes) byte = static_cast<char>(random() >> 56);
         check(fuzz::draw_score, bytes);
     }
 }
 
-TEST(EventsOfKeptScores, AreTheirScores) {
+void replay(Reading read, const std::string& fuzzer) {
     int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("fuzz/corpus/score")) {
+    for (const auto& entry : std::filesystem::directory_iterator("fuzz/corpus/" + fuzzer)) {
         std::ifstream file(entry.path(), std::ios::binary);
-        check(fuzz::score_of_bytes, {std::istreambuf_iterator<char>(file), {}});
+        check(read, {std::istreambuf_iterator<char>(file), {}});
         ++count;
     }
-    EXPECT_GT(count, 100);
+    EXPECT_GT(count, 50);
 }
+
+TEST(EventsOfKeptScores, AreTheirScores) { replay(fuzz::score_of_kind, "events"); }
+
+TEST(EventsOfKeptBytes, AreTheirScores) { replay(fuzz::score_of_bytes, "score"); }
 
 // The checks themselves see what is wrong.
 TEST(EventsCheck, SeesALineThatTheScoreDoesNotHave) {
