@@ -38,7 +38,8 @@ class ShownScore:
 
 
 def pages():
-    return [ROOT / "README.md", *sorted((ROOT / "docs").rglob("*.md"))]
+    return [ROOT / "README.md", *sorted((ROOT / "docs").rglob("*.md")),
+            *sorted((ROOT / "examples").glob("*.md"))]
 
 
 def blocks(page):

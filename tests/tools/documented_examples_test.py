@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Every score shown in README.md and docs/ runs without an error, unless the message that
-refuses it stands below it; what is shown as its outcome or message is what comes out. A
-score that is a file as well is shown as it stands there, and every such file is shown."""
+"""Every score shown in README.md, docs/ and examples/README.md runs without an error, unless
+the message that refuses it stands below it; what is shown as its outcome or message is what
+comes out. A score that is a file as well is shown as it stands there, and every such file of
+docs/ is shown."""
 
 import os
 import pathlib
