@@ -243,7 +243,7 @@ TEST(Observer, TellsTheEventsOfEveryCaseAsItsScoreHasThem) {
         EXPECT_EQ(recorder.lines, lines_of_score(output->second));
         events += recorder.lines.size();
     }
-    EXPECT_GT(events, 5'000U);
+    EXPECT_GT(events, 2'000U);
 }
 
 RunResult run_score(Recorder& recorder, const Texts& files, const Arguments& options = {}) {
