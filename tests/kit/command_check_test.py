@@ -145,6 +145,13 @@ class CheckTest(vornkit.CommandTest):
                                "file": "part.inc", "line": 3, "column": 8, "end_line": 3, "end_column": 15,
                                "offset": 22, "end_offset": 29})
 
+    def test_the_document_shows_what_is_told(self):
+        self.write("piece.vorn", WELL.replace("= 4 0 4", "= 4 0 0,9"))
+        document = (TOP / "docs/check.md").read_text()
+        self.assertIn("```text\n" + self.check("piece.vorn").stdout + "```", document)
+        fix = self.data("piece.vorn")["scores"][0]["diagnostics"][0]["fix"]
+        self.assertIn("```json\n" + json.dumps(fix, indent=2) + "\n```", document)
+
     def test_no_fix_where_no_cure_is_certain(self):
         self.write("bad.vorn", WELL.replace("60", "loud"))
         self.assertIsNone(self.data("bad.vorn")["scores"][0]["diagnostics"][0]["fix"])
