@@ -27,3 +27,5 @@ target_link_libraries(vorn_kit_command PUBLIC vorn_kit PRIVATE CLI11::CLI11 nloh
 add_executable(vornkit kit/command/main.cpp)
 target_link_libraries(vornkit PRIVATE vorn_kit_command)
 install(TARGETS vornkit RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)  # where it was built
+# Where the documents look for them.
+install(DIRECTORY kit/schema DESTINATION ${CMAKE_INSTALL_DOCDIR}/kit)

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <memory>
 
 #include "kit/command/console.h"
+#include "kit/command/option_checks.h"
+#include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 #include "kit/command/system_sources.h"
 #include "kit/diagnose/from_messages.h"
@@ -29,10 +29,7 @@ struct CheckArguments {
 // Prints each score as soon as it is checked, or keeps all for one document.
 class CheckReport {
 public:
-    explicit CheckReport(bool is_json) : is_json_(is_json) {
-        style_.escapes = is_terminal(stdout);
-        style_.colors = has_colors(stdout);
-    }
+    explicit CheckReport(bool is_json) : is_json_(is_json) {}
 
     void add(const std::string& name, const ScoreRun& run, const std::vector<Diagnostic>& diagnostics) {
         if (is_json_) {
@@ -52,7 +49,7 @@ private:
     static void print(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
     bool is_json_;
-    TextStyle style_;
+    const TextStyle style_ = style_for(stdout);
     std::vector<std::string> scores_;
 };
 
@@ -61,11 +58,8 @@ Outcome check_score(const std::string& argument, const CheckArguments& arguments
     RunOptions options;
     options.relative = arguments.relative;
     const std::string name = source_name(argument);
-    if (!sources.read(name)) {
-        complain("cannot read \"" + argument + "\": " + std::strerror(errno));
-        return Outcome::WRONG_USE;
-    }
     const ScoreRun run = run_score(name, options, sources);
+    if (!was_found(argument, run)) return Outcome::WRONG_USE;
     std::vector<Diagnostic> diagnostics = from_messages(run);
     add_lint(diagnostics, run, arguments.lint);
     report.add(name, run, diagnostics);
@@ -97,7 +91,7 @@ void add_check(CLI::App& app, Outcome& outcome) {
     const auto arguments = std::make_shared<CheckArguments>();
     command->add_option("SCORE", arguments->scores, "scores; - is standard input")->required();
     command->add_option("--format", arguments->format, "text for people, or json for programs")
-        ->check(CLI::IsMember({"text", "json"}));
+        ->check(one_of({"text", "json"}));
     command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
     command->add_flag("--midi", arguments->lint.midi, "look for what vorn -m leaves out or bends, too");
     command->add_option("--ignore", arguments->lint.ignored, "leave out these notes, L1 or L1,L3")

@@ -1,32 +1,46 @@
 #include "kit/command/console.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <string_view>
 
-#include "kit/command/system_sources.h"
+#include "kit/diagnose/shown_line.h"
+
+// A file's name may hold every byte but two, and a program's complaint any: what a
+// terminal would obey is shown as the engine shows it, "\x1B". Whatever is no terminal
+// gets the bytes.
 
 namespace vorn::kit {
 
-bool is_terminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+namespace {
 
-bool has_colors(std::FILE* stream) {
-    const char* const refused = std::getenv("NO_COLOR");
-    return (refused == nullptr || *refused == 0) && is_terminal(stream);
+bool is_set(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != 0;
 }
 
-void complain(const std::string& text) { std::fprintf(stderr, "vornkit: %s\n", text.c_str()); }
+}  // namespace
 
-bool may_write(const std::string& path, const SystemSources& sources) {
-    struct stat found = {};
-    if (path != "-" && stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode)) {
-        complain("\"" + path + "\" is a folder, not a file to write");
-        return false;
-    }
-    if (path == "-" || !sources.has_read(path)) return true;
-    complain("\"" + path + "\" is read for this; write to another file");
-    return false;
+bool is_terminal(std::FILE* stream) { return isatty(fileno(stream)) != 0; }
+
+bool is_able_terminal(std::FILE* stream) {
+    const char* const kind = std::getenv("TERM");
+    return is_terminal(stream) && (kind == nullptr || std::string_view(kind) != "dumb");
+}
+
+TextStyle style_for(std::FILE* stream) {
+    return {is_able_terminal(stream) && !is_set("NO_COLOR"), is_terminal(stream)};
+}
+
+void complain(const std::string& text) {
+    const std::string shown = is_terminal(stderr) ? escaped(std::string_view(text)) : text;
+    std::fprintf(stderr, "vornkit: %s\n", shown.c_str());
+}
+
+Outcome wrong_use(const std::string& reason) {
+    complain(reason);
+    return Outcome::WRONG_USE;
 }
 
 }  // namespace vorn::kit

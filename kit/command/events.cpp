@@ -3,6 +3,8 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
+#include "kit/command/option_checks.h"
+#include "kit/command/outputs.h"
 #include "kit/command/progress.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
@@ -49,24 +51,15 @@ private:
     AtomicFile& file_;
 };
 
-bool ends_with(const std::string& text, std::string_view ending) {
-    return text.size() > ending.size() && text.substr(text.size() - ending.size()) == ending;
-}
-
 // Null when nothing says which.
 const TableFormat* find_format(const EventsArguments& arguments) {
     for (const TableFormat& format : FORMATS) {
         if (arguments.format == format.name) return &format;
     }
     for (const TableFormat& format : FORMATS) {
-        if (ends_with(arguments.output, format.ending)) return &format;
+        if (arguments.output.ends_with(format.ending)) return &format;
     }
     return arguments.output == "-" ? &FORMATS[0] : nullptr;
-}
-
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
 }
 
 Outcome write_table(const ScoreInput& input, const EventsArguments& arguments, const TableFormat& format) {
@@ -78,7 +71,7 @@ Outcome write_table(const ScoreInput& input, const EventsArguments& arguments, c
         file.open(arguments.output) && format.write(input.run(), arguments.options, sink) && file.keep();
     progress.reset();
     if (!is_kept) return wrong_use(file.error());
-    return input.is_well() ? Outcome::WELL : Outcome::REFUSED;
+    return input.outcome();
 }
 
 Outcome events(const EventsArguments& arguments) {
@@ -88,8 +81,8 @@ Outcome events(const EventsArguments& arguments) {
                          "\" ends neither in .json nor in .csv; say which with --format");
     }
     const ScoreInput input(arguments.score, arguments.relative);
-    if (!input.is_found()) return Outcome::WRONG_USE;
-    if (!input.is_well() && !format->tells_refusal) return Outcome::REFUSED;
+    const bool is_told_in_table = input.outcome() == Outcome::REFUSED && format->tells_refusal;
+    if (!input.is_well() && !is_told_in_table) return input.outcome();
     if (!may_write(arguments.output, input.sources())) return Outcome::WRONG_USE;
     return write_table(input, arguments, *format);
 }
@@ -109,7 +102,7 @@ void add_events(CLI::App& app, Outcome& outcome) {
     command->add_option("-o,--output", arguments->output, "FILE.json or FILE.csv; - is standard output")
         ->type_name("FILE");
     command->add_option("--format", arguments->format, "json or csv, whatever the file is called")
-        ->check(CLI::IsMember({"json", "csv"}));
+        ->check(one_of({"json", "csv"}));
     command->add_flag("--rests", arguments->options.rests, "rests, too, which the Csound score leaves out");
     command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
     command->callback([arguments, &outcome] { outcome = events(*arguments); });

@@ -10,13 +10,14 @@
 
 // The handler then lets the signal do what it does of itself, so that whoever
 // waits for the command sees that it was interrupted. A signal that was ignored
-// from the start (nohup) stays so.
+// from the start (nohup) stays so. A file that may not grow further ends nothing: to
+// write it fails, as on a full disk, and that is told.
 
 namespace vorn::kit {
 
 namespace {
 
-constexpr int ENDING_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXFSZ};
+constexpr int ENDING_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE};
 
 void clean_up(int signal) {
     end_running_processes();
@@ -28,6 +29,7 @@ void clean_up(int signal) {
 }  // namespace
 
 void clean_up_when_interrupted() {
+    std::signal(SIGXFSZ, SIG_IGN);
     for (const int signal : ENDING_SIGNALS) {
         struct sigaction before = {};
         if (sigaction(signal, nullptr, &before) != 0 || before.sa_handler == SIG_IGN) continue;

@@ -13,11 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
-
 fs::path kept_path(const VaryPlan& plan, unsigned number, const std::string& folder) {
     const fs::path score = plan.score == "-" ? "score.vorn" : plan.score;
     const std::string name =

@@ -2,7 +2,8 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
-#include "kit/command/pfield_option.h"
+#include "kit/command/option_checks.h"
+#include "kit/command/outputs.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 #include "kit/midi/midi_bytes.h"
@@ -46,11 +47,6 @@ bool read_assignments(std::map<int, int>& assigned, const std::vector<std::strin
     return true;
 }
 
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
-
 // The name without folders and ending.
 std::string title_of(const std::string& score) {
     const std::size_t slash = score.rfind('/');
@@ -60,8 +56,11 @@ std::string title_of(const std::string& score) {
 
 Outcome write_midi(const MidiArguments& arguments, const MidiOptions& options) {
     ScoreInput input(arguments.score, arguments.relative);
-    if (!input.is_well()) return Outcome::REFUSED;
+    if (!input.is_well()) return input.outcome();
     if (!may_write(arguments.output, input.sources())) return Outcome::WRONG_USE;
+    if (const std::string reason = reason_against(input.run(), options.roles); !reason.empty()) {
+        return wrong_use(reason);
+    }
     const MidiNotes notes = midi_notes(input.run(), options);
     const std::string bytes = notes.error.empty() ? midi_bytes(notes, title_of(arguments.score)) : "";
     if (bytes.empty())
@@ -90,7 +89,12 @@ void add_midi(CLI::App& app, Outcome& outcome) {
     CLI::App* const command = app.add_subcommand("midi", "writes all blocks as a MIDI file");
     command->footer(
         "Example: vornkit midi piece.vorn piece.mid\n"
-        "         vornkit midi --pitch p4 --velocity p5 --channel 3=10 --program 1=33 piece.vorn piece.mid");
+        "         vornkit midi --pitch p4 --velocity p5 --channel 3=10 --program 1=33 piece.vorn piece.mid\n"
+        "\n"
+        "Levels become velocities, 1 to 127. Amplitudes: 32767 is 127, or the largest where one is\n"
+        "larger. Fractions, 0 to 1: 1 is 127. Decibels: the loudest of the score is 127, and 40 below\n"
+        "it are a tenth. A note tells what was scaled; a level without decibels, up to 1, counts as a\n"
+        "fraction, up to 120 as decibels, above as an amplitude.\n");
     const auto arguments = std::make_shared<MidiArguments>();
     command->add_option("SCORE", arguments->score, "the score; - is standard input")->required();
     command->add_option("OUT", arguments->output, "the MIDI file; - is standard output")->required();

@@ -19,11 +19,6 @@ namespace vorn::kit {
 
 namespace {
 
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
-
 std::string without_last_slashes(std::string name) {
     while (name.size() > 1 && name.back() == '/') name.pop_back();
     return name;
@@ -44,8 +39,9 @@ bool is_empty(const std::string& folder) {
     return count == 2;  // "." and ".."
 }
 
-// The name as a shell takes it.
-std::string quoted(const std::string& name) {
+// The name as a shell takes it, and a command that would read an option where "-" begins it.
+std::string quoted(const std::string& plain_name) {
+    const std::string name = plain_name.starts_with('-') ? "./" + plain_name : plain_name;
     constexpr const char* PLAIN = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-./";
     if (name.find_first_not_of(PLAIN) == std::string::npos) return name;
     std::string text = "'";

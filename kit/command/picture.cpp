@@ -4,7 +4,8 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
-#include "kit/command/pfield_option.h"
+#include "kit/command/option_checks.h"
+#include "kit/command/outputs.h"
 #include "kit/command/process.h"
 #include "kit/command/progress.h"
 #include "kit/command/score_input.h"
@@ -18,24 +19,17 @@ namespace vorn::kit {
 
 namespace {
 
+constexpr double LATEST = 1e9;  // second
+
 struct PictureArguments {
     std::string score;
     std::string output;
     std::string pitch;
+    std::string theme;
     int level = 0;
     bool relative = false;
     PictureOptions options;
 };
-
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
-
-bool ends_with(const std::string& text, const std::string& ending) {
-    return text.size() >= ending.size() &&
-           text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
 
 // The name without folders.
 std::string name_of(const std::string& score) {
@@ -55,18 +49,22 @@ bool convert_to_png(const std::string& svg, std::string& png) {
 
 // False when the bytes could not be made; the reason has been told.
 bool make_picture(const ScoreRun& run, const PictureArguments& arguments, std::string& bytes) {
-    if (ends_with(arguments.output, ".html")) {
+    if (arguments.output.ends_with(".html")) {
         bytes = picture_page(run, arguments.options);
         return true;
     }
     bytes = picture(run, arguments.options);
-    return !ends_with(arguments.output, ".png") || convert_to_png(bytes, bytes);
+    return !arguments.output.ends_with(".png") || convert_to_png(bytes, bytes);
 }
 
 Outcome draw(const PictureArguments& arguments) {
     ScoreInput input(arguments.score, arguments.relative);
-    if (!input.is_well()) return Outcome::REFUSED;
+    if (!input.is_well()) return input.outcome();
     if (!may_write(arguments.output, input.sources())) return Outcome::WRONG_USE;
+    if (const std::string reason = reason_against(input.run(), arguments.options.view.roles);
+        !reason.empty()) {
+        return wrong_use(reason);
+    }
     std::string bytes;
     const bool is_made = [&] {
         const Progress progress("drawing " + name_of(arguments.score));
@@ -77,23 +75,17 @@ Outcome draw(const PictureArguments& arguments) {
     return write_file(arguments.output, bytes, error) ? Outcome::WELL : wrong_use(error);
 }
 
-bool is_known_kind(const std::string& output) {
-    return output == "-" || ends_with(output, ".svg") || ends_with(output, ".png") ||
-           ends_with(output, ".html");
-}
-
 Outcome draw_as_asked(PictureArguments arguments) {
     PictureOptions& options = arguments.options;
-    if (!is_known_kind(arguments.output)) {
-        return wrong_use("\"" + arguments.output + "\" must end with .svg, .png or .html");
-    }
+    if (arguments.output != "-" && !is_picture_name(arguments.output)) return Outcome::WRONG_USE;
     if (!(options.view.to > options.view.from)) return wrong_use("--to must lie behind --from");
     options.view.has_pitch = arguments.pitch != "none";
     options.view.roles.level = arguments.level;
     if (options.view.has_pitch && !arguments.pitch.empty())
         options.view.roles.pitch = std::stoi(arguments.pitch);
     if (options.title.empty()) options.title = name_of(arguments.score);
-    const bool is_png = ends_with(arguments.output, ".png");
+    const bool is_png = arguments.output.ends_with(".png");
+    if (!arguments.theme.empty()) options.theme = arguments.theme == "dark" ? Theme::DARK : Theme::LIGHT;
     if (is_png && options.theme == Theme::AUTOMATIC) options.theme = Theme::LIGHT;
     return draw(arguments);
 }
@@ -115,16 +107,15 @@ void add_options(CLI::App& command, PictureArguments& arguments) {
         ->transform(pitch_name());
     command.add_option("--level", arguments.level, "the p-field of the level")->transform(pfield_name());
     command.add_option("--from", options.view.from, "second at which the picture begins")
-        ->check(CLI::Range(0.0, 1e9));
-    command.add_option("--to", options.view.to, "second at which it ends")->check(CLI::Range(0.0, 1e9));
+        ->check(number_between(0, LATEST));
+    command.add_option("--to", options.view.to, "second at which it ends")->check(number_between(0, LATEST));
     command.add_option("--width", options.width, "width in pixels, 1200 if not given")
-        ->check(CLI::Range(NARROWEST, WIDEST));
+        ->check(number_between(NARROWEST, WIDEST));
     command.add_option("--title", options.title, "the title, if it is not the score's name");
-    const std::map<std::string, Theme> themes = {{"light", Theme::LIGHT}, {"dark", Theme::DARK}};
     command
-        .add_option("--theme", options.theme, "light or dark; else as the reader's system has it, PNG light")
-        ->transform(CLI::CheckedTransformer(themes))
-        ->type_name("light|dark");
+        .add_option("--theme", arguments.theme,
+                    "light or dark; else as the reader's system has it, PNG light")
+        ->check(one_of({"light", "dark"}));
     command.add_flag("--relative", arguments.relative, "look includes up beside the including file");
 }
 

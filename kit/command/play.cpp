@@ -1,15 +1,19 @@
-#include <cmath>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <memory>
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
-#include "kit/command/pfield_option.h"
+#include "kit/command/option_checks.h"
+#include "kit/command/outputs.h"
 #include "kit/command/rendering.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 #include "kit/command/temporary_file.h"
 #include "kit/midi/midi_bytes.h"
 #include "kit/orchestra/built_in.h"
+#include "kit/run/logarithms.h"
 
 // vornkit play: a score as sound, by Csound or, as MIDI, by fluidsynth. The sound file
 // is made beside where it will stand and takes its name when it is complete.
@@ -28,18 +32,8 @@ struct PlayArguments {
     bool relative = false;
 };
 
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
-
-bool ends_with(const std::string& name, const std::string& ending) {
-    return name.size() >= ending.size() &&
-           name.compare(name.size() - ending.size(), ending.size(), ending) == 0;
-}
-
 bool is_midi_file(const PlayArguments& arguments) {
-    return ends_with(arguments.score, ".mid") || ends_with(arguments.score, ".midi");
+    return arguments.score.ends_with(".mid") || arguments.score.ends_with(".midi");
 }
 
 // A sound that is made to be kept, or only to be played.
@@ -89,7 +83,7 @@ void tell_figures(const PlayArguments& arguments, const Rendering& rendering) {
     std::FILE* const stream = arguments.wave == "-" ? stderr : stdout;
     std::fprintf(stream, "%s: %.1f s, ", source_name(arguments.score).c_str(), rendering.figures.seconds());
     if (rendering.peak > 0) {
-        const double decibels = 20 * std::log10(rendering.peak);
+        const double decibels = as_decibels(rendering.peak);
         std::fprintf(stream, "peak %.1f dB\n", decibels);
         if (rendering.clipped > 0) {
             char levels[64];
@@ -103,9 +97,20 @@ void tell_figures(const PlayArguments& arguments, const Rendering& rendering) {
     std::fflush(stream);
 }
 
+// A sound without an instrument of the score, or a silent one with complaints, is not
+// what a file is wanted for: an older one may be better.
+bool is_worth_keeping(const Rendering& rendering) {
+    if (rendering.outcome == Outcome::WELL) return true;
+    return !rendering.lacks_instruments && rendering.peak > 0;
+}
+
 // Tells what came out, and keeps or plays it.
 Outcome deliver(const PlayArguments& arguments, const Rendering& rendering, SoundFile& sound) {
     if (!rendering.has_sound) return rendering.outcome;
+    if (!arguments.wave.empty() && !is_worth_keeping(rendering)) {
+        complain("\"" + arguments.wave + "\" is not written, since these events are missing from the sound");
+        return rendering.outcome;
+    }
     tell_figures(arguments, rendering);
     if (!sound.keep()) return Outcome::WRONG_USE;
     if (!arguments.wave.empty()) return rendering.outcome;
@@ -150,8 +155,11 @@ Outcome play_score(const PlayArguments& arguments) {
     TemporaryFile score;
     if (!score.make(".sco")) return wrong_use(score.error());
     const ScoreInput input(arguments.score, arguments.relative, score.name());
-    if (!input.is_well()) return Outcome::REFUSED;
+    if (!input.is_well()) return input.outcome();
     if (!arguments.wave.empty() && !may_write(arguments.wave, input.sources())) return Outcome::WRONG_USE;
+    if (const std::string reason = reason_against(input.run(), arguments.roles); !reason.empty()) {
+        return wrong_use(reason);
+    }
     if (arguments.midi) return play_as_midi(arguments, input.run());
     if (arguments.orchestra.empty()) return play_built_in(arguments, input.run());
     return play_with(arguments, arguments.orchestra, score.name(), input.run());
@@ -161,7 +169,7 @@ Outcome play_score(const PlayArguments& arguments) {
 std::string reason_against_orchestra(const PlayArguments& arguments) {
     if (arguments.orchestra.empty()) return "";
     if (arguments.midi || is_midi_file(arguments)) return "MIDI is played without an orchestra";
-    if (ends_with(arguments.orchestra, ".csd")) {
+    if (arguments.orchestra.ends_with(".csd")) {
         return "\"" + arguments.orchestra +
                "\" holds a score of its own; give an orchestra, or play it with csound";
     }
@@ -174,12 +182,30 @@ std::string reason_against_orchestra(const PlayArguments& arguments) {
     return "";
 }
 
+// Options that would change nothing are refused, lest somebody waits for what they say.
+std::string reason_against_options(const PlayArguments& arguments) {
+    const bool has_roles = arguments.roles.pitch != 0 || arguments.roles.level != 0;
+    if (has_roles && !arguments.orchestra.empty()) {
+        return "--pitch and --level are for sounds without an orchestra; this one reads the p-fields itself";
+    }
+    if (has_roles && is_midi_file(arguments)) return "a MIDI file has no p-fields to choose";
+    if (!arguments.sound_font.empty() && !arguments.midi && !is_midi_file(arguments)) {
+        return "--soundfont is for MIDI; add --midi";
+    }
+    return {};
+}
+
 Outcome play(const PlayArguments& arguments) {
-    const std::string reason = reason_against_orchestra(arguments);
-    if (!reason.empty()) return wrong_use(reason);
+    for (const std::string& reason :
+         {reason_against_orchestra(arguments), reason_against_options(arguments)}) {
+        if (!reason.empty()) return wrong_use(reason);
+    }
     if (!is_midi_file(arguments)) return play_score(arguments);
     SystemSources sources;
-    if (!sources.read(arguments.score)) return wrong_use("cannot read \"" + arguments.score + "\"");
+    errno = 0;
+    if (!sources.read(arguments.score)) {
+        return wrong_use("cannot read \"" + arguments.score + "\": " + std::strerror(errno));
+    }
     if (!arguments.wave.empty() && !may_write(arguments.wave, sources)) return Outcome::WRONG_USE;
     return play_midi_file(arguments, arguments.score);
 }

@@ -1,9 +1,9 @@
 #include "kit/command/progress.h"
 
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdio>
+
+#include "kit/command/console.h"
 
 // A thread waits for the end and wakes up now and then to write the line again; the
 // work itself is never asked. Control characters of a file's name are not sent to
@@ -33,7 +33,7 @@ void print(const std::string& text) {
 }  // namespace
 
 Progress::Progress(std::string doing) : doing_(shown(doing)) {
-    if (isatty(STDERR_FILENO) != 0) thread_ = std::thread(&Progress::show_until_over, this);
+    if (is_able_terminal(stderr)) thread_ = std::thread(&Progress::show_until_over, this);
 }
 
 Progress::~Progress() {

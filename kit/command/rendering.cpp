@@ -2,14 +2,14 @@
 
 #include <unistd.h>
 
-#include <cmath>
+#include <cerrno>
+#include <cstring>
 
 #include "kit/command/console.h"
 #include "kit/command/process.h"
 #include "kit/command/progress.h"
 #include "kit/command/temporary_file.h"
 #include "kit/diagnose/text_form.h"
-#include "kit/orchestra/complaints.h"
 
 // A sound is first made as a file and then played from it: so its peak is known
 // before, and an orchestra that is slower than time cannot make it stumble. Csound's
@@ -51,18 +51,38 @@ bool has_begun(const ProcessResult& result, const std::string& program, const st
     return result.status >= 0;
 }
 
+std::string first_line(const std::string& text) { return text.substr(0, text.find('\n')); }
+
 void tell(const PerformanceReport& report, const SourceMap& map) {
+    const TextStyle style = style_for(stderr);
     for (const Diagnostic& diagnostic : report.diagnostics) {
-        std::fputs(text_form(diagnostic, map).c_str(), stderr);
+        std::fputs(text_form(diagnostic, map, style).c_str(), stderr);
     }
     for (const std::string& line : report.other_lines) complain("Csound: " + line);
 }
 
-bool has_errors(const PerformanceReport& report) {
-    for (const Diagnostic& diagnostic : report.diagnostics) {
-        if (diagnostic.level == Level::ERROR) return true;
+bool has_errors(const PerformanceReport& report, const SourceMap& map) {
+    return !first_complaint(report, map).empty();
+}
+
+bool is_sound_font(const std::string& name) {
+    char begin[12] = {};
+    std::FILE* const file = std::fopen(name.c_str(), "rb");
+    if (file == nullptr) return false;
+    const bool is_read = std::fread(begin, sizeof begin, 1, file) == 1;
+    std::fclose(file);
+    const std::string_view text(begin, sizeof begin);
+    return is_read && text.starts_with("RIFF") && text.ends_with("sfbk");
+}
+
+// Why that file cannot be played with.
+std::string reason_against_font(const std::string& wanted) {
+    if (wanted.empty()) return how_to_install("a sound font", "fluid-soundfont-gm, or timgm6mb-soundfont");
+    errno = 0;
+    if (access(wanted.c_str(), R_OK) != 0) {
+        return "cannot read the sound font \"" + wanted + "\": " + std::strerror(errno);
     }
-    return !report.other_lines.empty();
+    return "\"" + wanted + "\" is no sound font (.sf2, .sf3)";
 }
 
 bool measure(Rendering& rendering, const std::string& wave) {
@@ -75,7 +95,7 @@ bool measure(Rendering& rendering, const std::string& wave) {
 }
 
 std::string find_sound_font(const std::string& wanted) {
-    if (!wanted.empty()) return access(wanted.c_str(), R_OK) == 0 ? wanted : "";
+    if (!wanted.empty()) return is_sound_font(wanted) ? wanted : "";
     for (const char* const font : SOUND_FONTS) {
         if (access(font, R_OK) == 0) return font;
     }
@@ -101,6 +121,13 @@ std::string player_text(const WaveFigures& figures) {
 
 }  // namespace
 
+std::string first_complaint(const PerformanceReport& report, const SourceMap& map) {
+    for (const Diagnostic& diagnostic : report.diagnostics) {
+        if (diagnostic.level == Level::ERROR) return first_line(text_form(diagnostic, map));
+    }
+    return report.other_lines.empty() ? "" : "Csound: " + report.other_lines.front();
+}
+
 Rendering render_score(const std::string& orchestra, const std::string& score, const std::string& wave,
                        const ScoreRun& run) {
     Rendering rendering;
@@ -120,7 +147,8 @@ Rendering render_score(const std::string& orchestra, const std::string& score, c
     } else if (!measure(rendering, wave)) {
         complain(NO_FILE);
     } else {
-        rendering.outcome = has_errors(report) ? Outcome::REFUSED : Outcome::WELL;
+        rendering.outcome = has_errors(report, run.map) ? Outcome::REFUSED : Outcome::WELL;
+        rendering.lacks_instruments = report.lacks_instruments;
         rendering.clipped = report.clipped;
         if (report.clipped > 0) rendering.peak = report.peak;
     }
@@ -131,9 +159,7 @@ Rendering render_midi(const std::string& midi, const std::string& sound_font, co
     Rendering rendering;
     const std::string font = find_sound_font(sound_font);
     if (font.empty()) {
-        complain(sound_font.empty()
-                     ? how_to_install("a sound font", "fluid-soundfont-gm, or timgm6mb-soundfont")
-                     : "cannot read the sound font " + sound_font);
+        complain(reason_against_font(sound_font));
         return rendering;
     }
     const ProcessResult result = run_renderer({"fluidsynth", "-ni", "-q", "-r", "44100", "-T", "wav", "-F",
@@ -141,7 +167,7 @@ Rendering render_midi(const std::string& midi, const std::string& sound_font, co
     if (!has_begun(result, "fluidsynth", "fluidsynth")) return rendering;
     const bool is_cut_off = result.errors.find("write error") != std::string::npos;
     if (is_cut_off || result.status != 0 || !measure(rendering, wave)) {
-        complain(is_cut_off ? NOT_WHOLE : "fluidsynth made no sound: " + result.errors);
+        complain(is_cut_off ? NOT_WHOLE : "fluidsynth made no sound: " + first_line(result.errors));
         return rendering;
     }
     rendering.outcome = Outcome::WELL;

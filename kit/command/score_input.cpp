@@ -2,8 +2,11 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <optional>
 
+#include "kit/command/console.h"
 #include "kit/command/progress.h"
 #include "kit/diagnose/from_messages.h"
 #include "kit/diagnose/text_form.h"
@@ -13,9 +16,21 @@
 namespace vorn::kit {
 
 void tell_mistakes(const ScoreRun& run) {
+    const TextStyle style = style_for(stderr);
     for (const Diagnostic& diagnostic : from_messages(run)) {
-        if (diagnostic.level == Level::ERROR) std::fputs(text_form(diagnostic, run.map).c_str(), stderr);
+        if (diagnostic.level == Level::ERROR)
+            std::fputs(text_form(diagnostic, run.map, style).c_str(), stderr);
     }
+}
+
+// It is asked for once more, since only now its absence must be explained.
+bool was_found(const std::string& score, const ScoreRun& run) {
+    if (!run.map.files().empty()) return true;
+    errno = 0;
+    const bool is_there_now = SystemSources().read(source_name(score)).has_value();
+    complain("cannot read \"" + score + "\"" +
+             (is_there_now ? "" : std::string(": ") + std::strerror(errno)));
+    return false;
 }
 
 // Whoever types a score at the terminal needs the line that progress would take.
@@ -30,7 +45,12 @@ ScoreInput::ScoreInput(const std::string& argument, bool relative, const std::st
     options.relative = relative;
     options.output = output;
     run_ = run(argument, options);
+    if (!was_found(argument, run_)) {
+        outcome_ = Outcome::WRONG_USE;
+        return;
+    }
     tell_mistakes(run_);
+    if (run_.status != 0) outcome_ = Outcome::REFUSED;
 }
 
 }  // namespace vorn::kit

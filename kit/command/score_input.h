@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "kit/command/outcome.h"
 #include "kit/command/system_sources.h"
 #include "kit/run/score_run.h"
 
@@ -10,14 +11,19 @@ namespace vorn::kit {
 // Tells the errors of a run, not its warnings, on standard error.
 void tell_mistakes(const ScoreRun& run);
 
+// Whether the score itself was there to be run; if not, that is told. `score` as on the
+// command line.
+[[nodiscard]] bool was_found(const std::string& score, const ScoreRun& run);
+
 // The score of a command line: runs it, and tells its mistakes on standard error. `output`
 // gets the Csound score.
 class ScoreInput {
 public:
     ScoreInput(const std::string& argument, bool relative, const std::string& output = NOWHERE);
 
-    bool is_found() const { return !run_.map.files().empty(); }
-    bool is_well() const { return run_.status == 0; }
+    // REFUSED: it has a mistake; WRONG_USE: it cannot be read.
+    Outcome outcome() const { return outcome_; }
+    bool is_well() const { return outcome_ == Outcome::WELL; }
     const ScoreRun& run() const { return run_; }
     const SystemSources& sources() const { return sources_; }
 
@@ -26,6 +32,7 @@ private:
 
     SystemSources sources_;
     ScoreRun run_;
+    Outcome outcome_ = Outcome::WELL;
 };
 
 }  // namespace vorn::kit

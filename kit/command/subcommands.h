@@ -2,17 +2,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include "kit/command/outcome.h"
+
 // One routine a subcommand: it adds itself to the application and, when the
 // command line asks for it, runs and leaves its outcome.
 
 namespace vorn::kit {
-
-// What the status of every subcommand means.
-enum class Outcome : int {
-    WELL = 0,
-    REFUSED = 1,    // the score has a mistake
-    WRONG_USE = 2,  // an argument, a file or a program that is needed is not as it must be
-};
 
 void add_check(CLI::App& app, Outcome& outcome);
 void add_explain(CLI::App& app, Outcome& outcome);

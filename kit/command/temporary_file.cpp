@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 
+// Such a file is one that never becomes complete: what drops those when the command ends
+// or is interrupted drops these, too.
+
 namespace vorn::kit {
 
 bool TemporaryFile::make(const std::string& ending, std::string_view text) {

@@ -7,8 +7,10 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/process.h"
+#include "kit/command/rendering.h"
 #include "kit/command/system_sources.h"
 #include "kit/diagnose/from_messages.h"
+#include "kit/diagnose/text_form.h"
 #include "kit/vary/fingerprint.h"
 #include "kit/vary/miniature.h"
 #include "kit/vary/sheet.h"
@@ -82,37 +84,31 @@ TaskResult broken(unsigned number, const std::string& reason) { return {number, 
 // A file that Csound is given by name, which must not look like an option.
 std::string as_file(const std::string& name) { return name.substr(0, 1) == "-" ? "./" + name : name; }
 
-// The first line that tells an error, else the last line, without control characters.
-std::string complaint_of(const std::string& output) {
-    std::string last;
-    for (std::size_t at = 0; at < output.size();) {
-        const std::size_t end = std::min(output.find('\n', at), output.size());
-        std::string line;
-        for (const char c : output.substr(at, end - at)) {
-            if (static_cast<unsigned char>(c) >= ' ') line += c;
-        }
-        at = end + 1;
-        if (line.find("error:") != std::string::npos) return line;
-        if (!line.empty()) last = line;
-    }
-    return last;
+// Why Csound made no sound, or one without all events; empty: it made it.
+std::string reason_of_silence(const ProcessResult& csound, const std::string& sound, const ScoreRun& run) {
+    const PerformanceReport report = read_performance(csound.errors + csound.output, run);
+    if (report.disk_is_full) return "Csound could not write the sound whole; the disk may be full";
+    if (const std::string complaint = first_complaint(report, run.map); !complaint.empty()) return complaint;
+    std::error_code ignored;
+    if (csound.status == 0 && fs::file_size(sound, ignored) > 0) return {};
+    return "Csound ended before its time, status " + std::to_string(csound.status);
 }
 
 // Renders the finished score; a refusal of Csound goes into the record.
-bool render(const VaryPlan& plan, const std::string& folder, VariantRecord& record, std::string& reason) {
+bool render(const VaryPlan& plan, const ScoreRun& run, VariantRecord& record, std::string& reason) {
+    const std::string folder = folder_of(plan, record.number);
     AtomicFile sound;
     if (!sound.open(folder + SOUND_FILE)) {
         reason = sound.error();
         return false;
     }
     const ProcessResult csound =
-        run_process({"csound", "-d", "-m0", "--format=flac", "-o", as_file(sound.written_name()),
+        run_process({"csound", "-d", "-m4", "--format=flac", "-o", as_file(sound.written_name()),
                      as_file(plan.orchestra), as_file(folder + SCORE_FILE)});
-    std::error_code ignored;
-    record.has_sound = csound.status == 0 && fs::file_size(sound.written_name(), ignored) > 0;
+    record.message = reason_of_silence(csound, sound.written_name(), run);
+    record.has_sound = record.message.empty();
     if (!record.has_sound) {
         record.state = VariantState::SILENT;
-        record.message = "Csound: " + complaint_of(csound.errors);
         return true;
     }
     reason = sound.keep() ? "" : sound.error();
@@ -166,10 +162,8 @@ std::string refusal(const VaryPlan& plan, unsigned number, const ScoreRun& run) 
     if (run.status != 0) {
         for (const Diagnostic& diagnostic : from_messages(run)) {
             if (diagnostic.level != Level::ERROR) continue;
-            const TextPlace place = run.map.text_place(diagnostic.span);
-            const std::string line =
-                diagnostic.span.file >= 0 ? "line " + std::to_string(place.line) + ": " : "";
-            return line + diagnostic.text + " [" + diagnostic.code + "]";
+            const std::string text = text_form(diagnostic, run.map);
+            return text.substr(0, text.find('\n'));
         }
         return "the score is refused";
     }
@@ -212,7 +206,7 @@ TaskResult make_variant(const VaryPlan& plan, unsigned number) {
     note_picture(record, picture);
     if (!score.keep()) return broken(number, score.error());
     if (!write_file(folder + PICTURE_FILE, picture.svg, reason)) return broken(number, reason);
-    if (!plan.orchestra.empty() && !render(plan, folder, record, reason)) return broken(number, reason);
+    if (!plan.orchestra.empty() && !render(plan, run, record, reason)) return broken(number, reason);
     return finish(folder, record);
 }
 

@@ -26,7 +26,7 @@ namespace {
 
 constexpr unsigned MOST_VARIANTS = MAX_SEED;
 constexpr std::size_t MOST_LISTED = 10;
-constexpr const char* MAKE = "1";  // changes when variants are made in another way
+constexpr const char* MAKE = "2";  // changes when variants are made in another way
 
 struct VaryArguments {
     std::string score;
@@ -41,11 +41,6 @@ struct VaryArguments {
     bool relative = false;
     bool writes_workflow = false;
 };
-
-Outcome wrong_use(const std::string& reason) {
-    complain(reason);
-    return Outcome::WRONG_USE;
-}
 
 // --- what is asked for ---
 
@@ -308,8 +303,7 @@ Outcome vary(VaryArguments arguments) {
     if (const std::string reason = take_counts(plan, arguments, name); !reason.empty())
         return wrong_use(reason);
     const ScoreInput input(arguments.score, arguments.relative);
-    if (!input.is_found()) return Outcome::WRONG_USE;
-    if (!input.is_well()) return Outcome::REFUSED;
+    if (!input.is_well()) return input.outcome();
     plan.score = arguments.score;
     plan.relative = arguments.relative;
     plan.variation = plan.range ? find_name(input.run(), name) : find_seed(input.run());

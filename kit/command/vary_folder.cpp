@@ -4,6 +4,7 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/system_sources.h"
+#include "kit/vary/fingerprint.h"
 #include "kit/vary/sheet.h"
 #include "kit/vary/workflow.h"
 
@@ -17,15 +18,29 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* MARK_FILE = "vary.json";
-constexpr const char* MARK_BEGIN = "{\n \"made by\": \"vornkit vary\"";
+const std::string MARK_BEGIN = "{\n \"made by\": \"vornkit vary\"";
 
-std::string mark(const VaryPlan& plan) {
-    return std::string(MARK_BEGIN) + ",\n \"inputs\": \"" + plan.inputs + "\"\n}\n";
+// Whose variants the folder holds: the way from it to the score, which stays the same when
+// both are moved.
+std::string owner_of(const VaryPlan& plan) {
+    std::error_code ignored;
+    const std::string name =
+        plan.score == "-" ? plan.score : fs::proximate(plan.score, plan.folder, ignored).string();
+    return ",\n \"score\": \"" + fingerprint({name}) + "\"";
 }
 
-bool is_ours(const std::string& folder) {
-    const std::string text = SystemSources().read(folder + "/" + MARK_FILE).value_or("");
-    return text.rfind(MARK_BEGIN, 0) == 0;
+std::string mark(const VaryPlan& plan) {
+    return MARK_BEGIN + owner_of(plan) + ",\n \"inputs\": \"" + plan.inputs + "\"\n}\n";
+}
+
+// Empty: it is empty, or was made for this score.
+std::string reason_against_folder(const VaryPlan& plan) {
+    std::error_code error;
+    if (fs::is_empty(plan.folder, error) || error) return {};
+    const std::string text = SystemSources().read(plan.folder + "/" + MARK_FILE).value_or("");
+    if (!text.starts_with(MARK_BEGIN)) return "holds other files; give a new folder";
+    const bool is_of_score = text.find(owner_of(plan)) != std::string::npos;
+    return is_of_score ? "" : "holds the variants of another score; give a new folder";
 }
 
 // As a shell takes it: as it is, or between apostrophes.
@@ -59,9 +74,8 @@ bool claim_folder(const VaryPlan& plan, std::string& reason) {
         reason = "cannot make the folder " + plan.folder + ": " + error.message();
         return false;
     }
-    const bool is_empty = fs::is_empty(plan.folder, error);
-    if (!error && !is_empty && !is_ours(plan.folder)) {
-        reason = "\"" + plan.folder + "\" holds other files; give a new folder";
+    if (const std::string hindrance = reason_against_folder(plan); !hindrance.empty()) {
+        reason = "\"" + plan.folder + "\" " + hindrance;
         return false;
     }
     return write_file(plan.folder + "/" + MARK_FILE, mark(plan), reason);

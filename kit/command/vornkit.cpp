@@ -1,11 +1,13 @@
 #include "kit/command/vornkit.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
 #include "kit/command/console.h"
 #include "kit/command/interruption.h"
 #include "kit/command/subcommands.h"
+#include "kit/diagnose/edit_distance.h"
 
 // The command line: one application, one subcommand a task. A wrong use is told
 // in two lines, with the help that would have shown the right one.
@@ -22,6 +24,8 @@ public:
     }
     std::string make_footer(const CLI::App*) const override { return {}; }
 };
+
+constexpr std::size_t MOST_EDITS = 2;  // between a command and what was meant for it
 
 using AddSubcommand = void (*)(CLI::App& app, Outcome& outcome);
 
@@ -41,6 +45,27 @@ int parse(CLI::App& app, int argc, const char* const* argv, const Outcome& outco
     }
 }
 
+// The command that was most likely meant; empty: none is near.
+std::string nearest_command(const CLI::App& app, const std::string& word) {
+    std::string nearest;
+    std::size_t least = MOST_EDITS + 1;
+    for (const CLI::App* const command : app.get_subcommands({})) {
+        const std::size_t edits = edit_distance(word, command->get_name());
+        if (edits < least) nearest = command->get_name();
+        least = std::min(least, edits);
+    }
+    return nearest;
+}
+
+// Whether the first word is a command, or an option.
+bool is_command_known(const CLI::App& app, const std::string& word) {
+    const std::string nearest = nearest_command(app, word);
+    if (word.starts_with('-') || word == nearest) return true;
+    complain("there is no command \"" + word + "\"" +
+             (nearest.empty() ? "; vornkit --help lists them" : ", did you mean \"" + nearest + "\"?"));
+    return false;
+}
+
 // Whether all that went to standard output has arrived there.
 bool is_output_written() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
 
@@ -54,6 +79,7 @@ int run_vornkit(int argc, const char* const* argv) {
     app.footer("Example: vornkit check piece.vorn");
     app.require_subcommand(1);
     for (const AddSubcommand add : SUBCOMMANDS) add(app, outcome);
+    if (argc > 1 && !is_command_known(app, argv[1])) return static_cast<int>(Outcome::WRONG_USE);
     const int status = parse(app, argc, argv, outcome);
     if (status == static_cast<int>(Outcome::WRONG_USE) || is_output_written()) return status;
     complain("cannot write all to standard output");

@@ -10,6 +10,7 @@
 #include "kit/command/background_tasks.h"
 #include "kit/command/console.h"
 #include "kit/command/file_watcher.h"
+#include "kit/command/outputs.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 
@@ -92,6 +93,7 @@ public:
 
 private:
     bool read_and_watch(ScoreRun& run);
+    bool takes_outputs(const ScoreRun& run) const;
     bool look();
     bool wait_for_change();
     bool take_signals();
@@ -101,7 +103,7 @@ private:
     FileWatcher files_;
     BackgroundTasks tasks_;
     int signals_ = -1;
-    bool has_read_ = false;
+    bool is_possible_ = false;  // the score and the outputs are such that there is something to do
 };
 
 // Runs the score and watches what it has read; false when that cannot be watched. A
@@ -120,12 +122,25 @@ bool Watch::read_and_watch(ScoreRun& run) {
     return true;
 }
 
+// What no change of the score will mend is told before the watch begins.
+bool Watch::takes_outputs(const ScoreRun& run) const {
+    SystemSources sources;
+    for (const SourceFile& file : run.map.files()) (void)sources.read(file.name);
+    if (!arguments_.orchestra.empty()) (void)sources.read(arguments_.orchestra);
+    for (const std::string& output : {arguments_.picture, arguments_.sound}) {
+        if (!output.empty() && !(may_write(output, sources) && takes_file(output))) return false;
+    }
+    return true;
+}
+
 // Tells what is wrong and begins what is to be made; false when nothing can be watched.
 bool Watch::look() {
     ScoreRun run;
     if (!read_and_watch(run)) return false;
-    has_read_ = !run.map.files().empty();
-    tell_mistakes(run);
+    const bool is_found = was_found(arguments_.score, run);
+    if (!is_possible_) is_possible_ = is_found && takes_outputs(run);
+    if (!is_possible_) return true;
+    if (is_found) tell_mistakes(run);
     tasks_.replace(run.status == 0 ? make_tasks(arguments_) : std::deque<Task>());
     if (run.status == 0) {
         std::printf("%s: %zu events, %.3f seconds\n", arguments_.score.c_str(), count_events(run),
@@ -168,16 +183,23 @@ bool Watch::wait_for_change() {
 Outcome Watch::run() {
     signals_ = open_signals();
     bool watching = look();
-    if (watching && !has_read_) return Outcome::WRONG_USE;  // the reason has been told
+    if (watching && !is_possible_) return Outcome::WRONG_USE;  // the reason has been told
     while (watching && wait_for_change()) watching = look();
     if (!watching) complain(files_.error());
     return watching ? Outcome::WELL : Outcome::WRONG_USE;
 }
 
 Outcome watch(const WatchArguments& arguments) {
-    if (arguments.score == "-") {
-        complain("standard input does not change; give the score as a file");
-        return Outcome::WRONG_USE;
+    if (arguments.score == "-") return wrong_use("standard input does not change; give the score as a file");
+    if (arguments.picture == "-" || arguments.sound == "-") {
+        return wrong_use("what is made anew cannot go to standard output; give a file");
+    }
+    if (!arguments.picture.empty() && !is_picture_name(arguments.picture)) return Outcome::WRONG_USE;
+    if (!arguments.picture.empty() && arguments.picture == arguments.sound) {
+        return wrong_use("picture and sound cannot be one file");
+    }
+    if (!arguments.orchestra.empty() && !SystemSources().read(arguments.orchestra)) {
+        return wrong_use("cannot read the orchestra \"" + arguments.orchestra + "\"");
     }
     return Watch(arguments).run();
 }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "kit/command/subcommands.h"
+#include "kit/command/outcome.h"
 
 // Tasks that processes of their own take in turn: the engine has one state, so a
 // process runs one score at a time; and one that crashes takes no other with it.

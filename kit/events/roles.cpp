@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "blocks/command_codes.h"
+#include "kit/run/logarithms.h"
 
 // A value of a block is kept as the statement left it: pitches in semitones whatever
 // their output type, amplitudes as they are. Only where neither input nor output type
@@ -110,6 +111,17 @@ const FieldRecord* level_field(const BlockRecord& block, const WantedRoles& want
 
 }  // namespace
 
+std::string reason_against(const ScoreRun& run, const WantedRoles& wanted) {
+    for (const int number : {wanted.pitch, wanted.level}) {
+        const bool is_had = number == 0 || run.blocks.empty() ||
+                            std::any_of(run.blocks.begin(), run.blocks.end(), [&](const BlockRecord& block) {
+                                return find_number(block, number) != nullptr;
+                            });
+        if (!is_had) return "no block of the score has a p" + std::to_string(number);
+    }
+    return {};
+}
+
 PitchRole find_pitch(const BlockRecord& block, const WantedRoles& wanted) {
     const FieldRecord* const field = pitch_field(block, wanted.pitch);
     return field == nullptr ? PitchRole{} : PitchRole{field->number, pitch_unit(block, *field)};
@@ -128,7 +140,7 @@ double to_key(const PitchRole& role, float value) {
         case PitchUnit::KEY:
             return number;
         case PitchUnit::HERTZ:
-            return KEY_OF_A440 + 12 * std::log2(number / 440);
+            return KEY_OF_A440 + 12 * logarithm_to_two(number / 440);
         case PitchUnit::OCTAVE_PITCH_CLASS:
             return (std::floor(number) - 3) * 12 + (number - std::floor(number)) * 100;
     }
@@ -139,11 +151,11 @@ double to_decibels(const LevelRole& role, float value) {
     const double number = value;
     switch (role.unit) {
         case LevelUnit::AMPLITUDE:
-            return 20 * std::log10(number / LARGEST_AMPLITUDE);
+            return as_decibels(number / LARGEST_AMPLITUDE);
         case LevelUnit::DECIBELS:
             return number > 0 ? number - LARGEST_DECIBELS : number;
         case LevelUnit::FRACTION:
-            return 20 * std::log10(number);
+            return as_decibels(number);
     }
     return number;
 }

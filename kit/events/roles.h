@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "kit/run/score_run.h"
 
 // Which p-field of a block says how high and which says how loud, and in what unit.
@@ -31,6 +33,10 @@ struct WantedRoles {
     int pitch = 0;
     int level = 0;
 };
+
+// Why they cannot be had: no block has such a p-field. Empty where they can, and of a
+// score without blocks.
+[[nodiscard]] std::string reason_against(const ScoreRun& run, const WantedRoles& wanted);
 
 // The p-field with a pitch as output type, else with pitch as input, else P5, else P4.
 [[nodiscard]] PitchRole find_pitch(const BlockRecord& block, const WantedRoles& wanted = {});

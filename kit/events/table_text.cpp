@@ -5,6 +5,9 @@
 #include <cmath>
 #include <cstring>
 
+// The buffer is as large as what a disk likes to take at once; numbers are written into it
+// where they will stand, and nothing is copied twice.
+
 namespace vorn::kit {
 
 namespace {

@@ -147,6 +147,19 @@ void remark_losses(MidiNotes& result, const Losses& losses) {
     remark_count(result.remarks, losses.struck_again, "struck again while the key sounded: it ends there");
 }
 
+// Numbers for instruments that the score has not.
+void remark_absent(std::vector<std::string>& remarks, const std::vector<MidiTrack>& tracks,
+                   const std::map<int, int>& assigned, const std::string& what) {
+    for (const auto& [instrument, number] : assigned) {
+        const bool is_there = std::any_of(tracks.begin(), tracks.end(), [&](const MidiTrack& track) {
+            return track.instrument == instrument;
+        });
+        if (is_there) continue;
+        remarks.push_back("the score has no instrument " + std::to_string(instrument) + " for " + what + " " +
+                          std::to_string(number));
+    }
+}
+
 bool shares_channels(const std::vector<MidiTrack>& tracks) {
     std::set<int> channels;
     for (const MidiTrack& track : tracks) channels.insert(track.channel);
@@ -169,6 +182,8 @@ MidiNotes midi_notes(const ScoreRun& run, const MidiOptions& options) {
     const VelocityScale velocities(run, options.roles);
     if (!velocities.remark().empty()) result.remarks.push_back(velocities.remark());
     result.tracks = make_tracks(run, options);
+    remark_absent(result.remarks, result.tracks, options.channels, "channel");
+    remark_absent(result.remarks, result.tracks, options.programs, "program");
     if (shares_channels(result.tracks)) result.remarks.push_back("some instruments share a channel");
     Losses losses;
     for (const BlockRecord& block : run.blocks) {

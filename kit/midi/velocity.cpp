@@ -3,6 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kit/run/logarithms.h"
+
+// All blocks are looked through first: one scale holds for the whole score, so that what is
+// louder in one block than in another stays louder.
+
 namespace vorn::kit {
 
 namespace {
@@ -45,7 +50,7 @@ std::uint8_t VelocityScale::velocity(const LevelRole& role, float value) const {
         velocity = role.unit == LevelUnit::AMPLITUDE ? HIGHEST * number / largest_amplitude_
                    : role.unit == LevelUnit::FRACTION
                        ? HIGHEST * number
-                       : HIGHEST * std::pow(10, (number - loudest_) / DECIBELS_PER_DECADE);
+                       : HIGHEST * power_of_ten((number - loudest_) / DECIBELS_PER_DECADE);
     }
     if (!(velocity >= 1)) return 1;  // 0 would be a note's end
     return static_cast<std::uint8_t>(std::min(std::round(velocity), HIGHEST));

@@ -205,6 +205,7 @@ private:
     }
 
     void complain_of_instrument(int instrument, double time) {
+        report_.lacks_instruments = true;
         const std::string text = "instr " + std::to_string(instrument) + " is not defined in the orchestra";
         const int block = finder_.find(section_, instrument, time);
         if (block >= 0) {

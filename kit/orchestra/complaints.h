@@ -18,8 +18,9 @@ struct PerformanceReport {
     bool has_ended = false;                // Csound came to its last lines
     bool lacks_device = false;             // there is nothing to play on
     bool disk_is_full = false;
-    double peak = 0;            // 1: full scale, may be above
-    std::uint64_t clipped = 0;  // samples above full scale
+    bool lacks_instruments = false;  // an event asked for one that the orchestra has not
+    double peak = 0;                 // 1: full scale, may be above
+    std::uint64_t clipped = 0;       // samples above full scale
 };
 
 // `output` is what Csound printed, with the messages that -m4 leaves.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kit/run/logarithms.h"
+
 // How loud a sum gets depends on the phases of its parts. Amplitudes that add up to
 // less than the scale never clip; but of many notes at once the sum is far smaller, as
 // the root of the sum of their squares. The gain is the larger of what both allow; the
@@ -25,7 +27,7 @@ constexpr double RELEASE_SECONDS = 0.1;
 double frequency_of(const PitchRole& role, const BlockRecord& block, std::size_t row) {
     const double key = role.pfield == 0 ? MIDDLE_C : to_key(role, block.value(row, role.pfield));
     if (!std::isfinite(key)) return LOWEST_FREQUENCY;
-    return std::clamp(440 * std::exp2((key - KEY_OF_A440) / 12), LOWEST_FREQUENCY, HIGHEST_FREQUENCY);
+    return std::clamp(440 * power_of_two((key - KEY_OF_A440) / 12), LOWEST_FREQUENCY, HIGHEST_FREQUENCY);
 }
 
 // Decibels for the time being; not a number where the block has no level.
@@ -58,7 +60,7 @@ double loudest_level(const std::vector<PlainNote>& notes) {
 double relative_amplitude(double decibels, double loudest) {
     if (decibels == -HUGE_VAL) return 0;
     const double distance = std::isfinite(decibels) ? decibels - loudest : USUAL_DECIBELS;
-    return std::pow(10, std::max(distance, -LEVEL_RANGE) / 20);
+    return power_of_ten(std::max(distance, -LEVEL_RANGE) / 20);
 }
 
 struct Change {

@@ -1,5 +1,6 @@
 #include "kit/picture/marks.h"
 
+#include <musl/portable_math.h>
 #include <algorithm>
 #include <cmath>
 
@@ -105,18 +106,21 @@ public:
     std::int32_t most() const { return *std::max_element(counts_.begin(), counts_.end()); }
 
     void make_bars(PlotMarks& marks) {
-        for (std::size_t row = 0; row < rows_; ++row) {
-            std::size_t begin = 0;
-            for (std::size_t at = 1; at <= columns_; ++at) {
-                if (at < columns_ && shade(cell(row, at), marks.most) == shade(cell(row, begin), marks.most))
-                    continue;
-                add_bar(marks, row, begin, at);
-                begin = at;
-            }
-        }
+        for (std::size_t row = 0; row < rows_; ++row) make_bars_of_row(marks, row);
     }
 
 private:
+    void make_bars_of_row(PlotMarks& marks, std::size_t row) {
+        std::size_t begin = 0;
+        for (std::size_t at = 1; at <= columns_; ++at) {
+            const bool is_alike =
+                at < columns_ && shade(cell(row, at), marks.most) == shade(cell(row, begin), marks.most);
+            if (is_alike) continue;
+            add_bar(marks, row, begin, at);
+            begin = at;
+        }
+    }
+
     static std::size_t row_count(const Plot& plot) {
         const double keys =
             plot.kind == PlotKind::ROLL ? std::round(plot.scale.high - plot.scale.low) : HUGE_VAL;
@@ -127,7 +131,7 @@ private:
     static int shade(std::int32_t count, std::uint32_t most) {
         if (count <= 0) return -1;
         if (most <= 1) return FULLEST;
-        return shade_of_share(std::log(count) / std::log(most));
+        return shade_of_share(portable::log(count) / portable::log(most));
     }
 
     std::size_t column(double second) const {

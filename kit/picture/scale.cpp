@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <initializer_list>
 
+#include "kit/run/logarithms.h"
+
 // Ticks are multiples of a step, counted as whole numbers, so that no sum of steps
 // drifts away from them. A step is chosen from the room that a label needs.
 
@@ -52,7 +54,7 @@ double pixels_per_unit(const Scale& scale) {
 
 double round_step(double least) {
     if (!(least > 0) || !std::isfinite(least)) return 1;
-    const double power = std::pow(10, std::floor(std::log10(least)));
+    const double power = power_of_ten(decimal_exponent(least));
     const double factor = first_of({1, 2, 5, 10}, least / power * (1 - 1e-12));
     return factor * power;
 }
@@ -66,8 +68,8 @@ double round_seconds(double least) {
 std::string step_label(double value, double step) {
     if (value == 0) return "0";
     if (std::fabs(value) >= LARGEST_PLAIN || step < SMALLEST_PLAIN) return short_number(value);
-    const double digits = std::ceil(-std::log10(step) - 1e-9);
-    return with_digits(value, std::chars_format::fixed, std::max(0, static_cast<int>(digits)));
+    const int digits = -decimal_exponent(step * (1 + 1e-9));
+    return with_digits(value, std::chars_format::fixed, std::max(0, digits));
 }
 
 std::string short_number(double value) {

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "kit/run/logarithms.h"
+
 // Values between the ends get two digits more than it takes to tell neighbours apart,
 // and lose the noughts behind them: 0..1 in five steps is 0, 0.25, 0.5, 0.75, 1.
 
@@ -29,8 +31,7 @@ bool read_end(const std::string& text, double& value) {
 std::size_t needed_decimals(const Range& range, std::size_t count) {
     const double step = count > 1 ? std::fabs(range.to - range.from) / static_cast<double>(count - 1) : 0;
     if (step <= 0 || range.is_whole) return range.decimals;
-    const double places = std::ceil(-std::log10(step)) + 2;
-    const std::size_t needed = places > 0 ? static_cast<std::size_t>(places) : 0;
+    const auto needed = static_cast<std::size_t>(std::max(0, 2 - decimal_exponent(step)));
     return std::clamp(needed, std::min(range.decimals, MAX_DECIMALS), MAX_DECIMALS);
 }
 

@@ -17,9 +17,15 @@ from vornkit import VORNKIT, CommandTest
 
 ROOT = pathlib.Path.cwd()
 SCHEMA = json.loads((ROOT / "kit/schema/events.schema.json").read_text())
-CHECK_SCHEMA = json.loads((ROOT / "kit/schema/check.schema.json").read_text())  # which the other one refers to
-VALIDATOR = jsonschema.Draft202012Validator(
-    SCHEMA, resolver=jsonschema.RefResolver("", SCHEMA, store={"check.schema.json": CHECK_SCHEMA}))
+
+
+def validator_of(schema):
+    """By the description at that place; what it refers to lies beside it."""
+    text = json.loads(schema.read_text())
+    return jsonschema.Draft202012Validator(text, resolver=jsonschema.RefResolver(schema.resolve().as_uri(), text))
+
+
+VALIDATOR = validator_of(ROOT / "kit/schema/events.schema.json")
 VORN = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve()
 
 SCORE = """te(0 8 60 120)
@@ -61,6 +67,16 @@ class EventsCommand(CommandTest):
             for name, column in block["events"].items():
                 self.assertEqual(len(column), block["count"], name)
         return piece
+
+    def test_what_is_installed_describes_it(self):
+        self.run_program("cmake", "--install", pathlib.Path(VORNKIT).resolve().parent, "--prefix", self.folder / "there")
+        [schema] = (self.folder / "there").rglob("events.schema.json")
+        link = (schema.parents[2] / "docs/events.md").read_text().split("[events.schema.json](")[1].split(")")[0]
+        self.assertEqual((schema.parents[2] / "docs" / link).resolve(), schema.resolve())
+        self.write("bad.vorn", REFUSED)
+        piece = json.loads(self.vornkit("events", "bad.vorn").stdout)
+        self.assertNotEqual(piece["diagnostics"], [])
+        validator_of(schema).validate(piece)
 
     def test_the_json_tells_all_of_the_score(self):
         self.write("piece.vorn", SCORE)

@@ -70,6 +70,19 @@ class MidiCommand(CommandTest):
         self.assertEqual((self.folder / "old.mid").read_bytes(), b"older")
         self.assertEqual(self.files(), ["bad.vorn", "old.mid"])
 
+    def test_an_instrument_that_the_score_has_not_is_told(self):
+        self.write("piece.vorn", SCORE)
+        done = self.vornkit("midi", "--channel", "3=10", "--program", "12=5", "--program", "4=2", "piece.vorn", "x.mid")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("note: the score has no instrument 3 for channel 10\n", done.stderr)
+        self.assertIn("note: the score has no instrument 4 for program 2\n", done.stderr)
+        self.assertNotIn("instrument 12", done.stderr)
+
+    def test_help_tells_how_levels_become_velocities(self):
+        said = self.vornkit("midi", "--help").stdout
+        for words in ("Amplitudes: 32767 is 127", "Fractions", "Decibels: the loudest of the score is 127"):
+            self.assertIn(words, said)
+
     def test_wrong_use_is_told_with_status_two(self):
         self.write("piece.vorn", SCORE)
         for arguments, said in ((["piece.vorn"], "OUT"),
@@ -77,6 +90,7 @@ class MidiCommand(CommandTest):
                                 (["piece.vorn", "."], "is a folder"),
                                 (["piece.vorn", "no/such/x.mid"], "cannot write no/such/x.mid"),
                                 (["--pitch", "p3", "piece.vorn", "x.mid"], "p4 to p128"),
+                                (["--pitch", "p99", "piece.vorn", "x.mid"], "no block of the score has a p99"),
                                 (["--channel", "3=17", "piece.vorn", "x.mid"], "from 1 to 16"),
                                 (["--program", "3:17", "piece.vorn", "x.mid"], "instrument=number")):
             done = self.vornkit("midi", *arguments)

@@ -51,6 +51,12 @@ class NewCommand(CommandTest):
             for word in words[0][2:] + words[1][1:]:
                 self.assertTrue((self.folder / word).exists(), word)
 
+    def test_what_it_says_to_do_is_no_option(self):
+        done = self.vornkit("new", "--", "-x")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("vornkit play ./-x/-x.vorn ./-x/-x.orc\n", done.stdout)
+        self.assertIn("csound ./-x/-x.csd\n", done.stdout)
+
     def test_an_empty_folder_is_filled(self):
         (self.folder / "here").mkdir()
         self.assertEqual(self.vornkit("new", "here/").returncode, 0)

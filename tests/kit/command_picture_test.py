@@ -172,10 +172,13 @@ class PictureCommand(CommandTest):
         self.write("piece.vorn", SCORE)
         for options in (["-o", "piece.gif"], ["-o", "piece.svg", "--pitch", "p3"], ["-o", "no/such/folder.svg"],
                         ["-o", "piece.svg", "--from", "3", "--to", "2"], ["-o", "a.svg", "--width", "10"],
-                        ["-o", "a.svg", "--theme", "blue"], []):
+                        ["-o", "a.svg", "--theme", "blue"], ["-o", "a.svg", "--level", "p77"],
+                        *(["-o", "a.svg", "--width", width] for width in ("nan", "inf", "-inf", "0", "-5", "1e300", "")),
+                        ["-o", "a.svg", "--from", "nan"], ["-o", "a.svg", "--to", "nan"], []):
             done = self.vornkit("picture", "piece.vorn", *options)
             self.assertEqual((done.returncode, done.stdout), (2, ""), options)
             self.assertNotEqual(done.stderr, "", options)
+            self.assertNotIn("->", done.stderr, options)
         self.assertEqual(self.files(), ["piece.vorn"])
 
     def test_it_does_not_overwrite_what_it_reads(self):

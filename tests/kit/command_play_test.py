@@ -127,6 +127,18 @@ class PlayCommand(CommandTest):
         self.assertEqual((self.folder / "piece.wav").read_bytes(), b"older")
         self.assertEqual(self.files(), ["own.orc", "piece.vorn", "piece.wav"])
 
+    def test_an_orchestra_that_lacks_an_instrument_leaves_the_older_sound(self):
+        self.write("own.orc", ORCHESTRA.replace("GAIN", "1"))
+        self.write("piece.wav", "older")
+        for score in (SCORE.replace("i1", "i7"), SCORE + SCORE.replace("i1", "i7")):
+            self.write("piece.vorn", score)
+            done = self.play("piece.vorn", "own.orc", "--wav", "piece.wav")
+            self.assertEqual((done.returncode, done.stdout), (1, ""))
+            self.assertIn("instr 7 is not defined in the orchestra", done.stderr)
+            self.assertIn('"piece.wav" is not written', done.stderr)
+            self.assertEqual((self.folder / "piece.wav").read_bytes(), b"older")
+            self.assertTrue(self.nothing_temporary_is_left())
+
     def test_a_mistake_in_the_score_stops_all(self):
         self.write("piece.vorn", SCORE.replace("no a4", "no h4"))
         done = self.play("piece.vorn", "--wav", "piece.wav")
@@ -185,6 +197,12 @@ class PlayCommand(CommandTest):
                                 (["piece.vorn", "--wav", "no/such.wav"], "cannot write no/such.wav"),
                                 (["none.mid", "--wav", "x.wav"], "cannot read"),
                                 (["piece.vorn", "--midi", "--soundfont", "none.sf2", "--wav", "x.wav"], "none.sf2"),
+                                (["piece.vorn", "--midi", "--soundfont", "own.orc", "--wav", "x.wav"], "no sound font"),
+                                (["piece.vorn", "--soundfont", "none.sf2", "--wav", "x.wav"], "add --midi"),
+                                (["piece.vorn", "--pitch", "p99", "--wav", "x.wav"], "no block of the score has a p99"),
+                                (["piece.vorn", "--midi", "--level", "p9", "--wav", "x.wav"], "has a p9"),
+                                (["piece.vorn", "own.orc", "--pitch", "p4", "--wav", "x.wav"], "without an orchestra"),
+                                (["none.mid", "--pitch", "p4", "--wav", "x.wav"], "has no p-fields"),
                                 (["piece.vorn", "--pitch", "p3"], "p4 to p128"), ([], "SCORE")):
             done = self.play(*arguments)
             self.assertEqual(done.returncode, 2, arguments)

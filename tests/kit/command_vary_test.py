@@ -194,6 +194,17 @@ class Restarting(VaryTest):
         self.assertEqual(self.files(), ["out/letter.txt", "piece.vorn"])
         self.assertIn("holds other files", self.vary("piece.vorn", "-o", ".", status=2).stderr)
 
+    def test_a_folder_of_another_score_is_left_alone(self):
+        for name in ("piece.vorn", "other.vorn", "sub/piece.vorn"):
+            self.write(name, SCORE)
+        self.vary("piece.vorn", "--count", "2", "-o", "out")
+        before = self.files()
+        for score in ("other.vorn", "sub/piece.vorn"):
+            said = self.vary(score, "--count", "3", "-o", "out", status=2).stderr
+            self.assertIn('"out" holds the variants of another score', said)
+        self.assertEqual(self.files(), before)
+        self.vary("./sub/../piece.vorn", "--count", "3", "-o", "out")  # the same by another name
+
     def test_an_interruption_leaves_whole_files_and_says_how_to_go_on(self):
         self.write("piece.vorn", SCORE.replace("0 8 {", "0 -20000 {"))
         program = pathlib.Path(VORNKIT).resolve()
@@ -221,7 +232,7 @@ class Failing(VaryTest):
     def test_one_that_is_refused_does_not_stop_the_others(self):
         self.write("piece.vorn", self.HALF)
         done = self.vary("piece.vorn", "--set", "LENGTH=0..3", "--count", "4", "-o", "out", status=1)
-        self.assertIn("variant 1: line 3: P2 is blank", done.stderr)
+        self.assertIn("variant 1: piece.vorn:3:1: error: P2 is blank", done.stderr)
         self.assertEqual([self.record(n)["state"] for n in (1, 2, 3, 4)], ["refused", "well", "well", "well"])
         page = self.read("out/index.html").decode()
         self.assertEqual((page.count('<li class="tile">'), page.count('<li class="tile refused">')), (3, 1))
@@ -325,6 +336,12 @@ class Rendering(VaryTest):
         self.write("piece.vorn", SCORE)
         self.write("piece.orc", ORCHESTRA)
 
+    def test_an_orchestra_that_lacks_an_instrument(self):
+        self.write("bad.orc", ORCHESTRA.replace("instr 1", "instr 9"))
+        done = self.vary("piece.vorn", "--count", "2", "--render", "bad.orc", "-o", "out", status=1)
+        self.assertRegex(done.stderr, r"variant 2: piece\.vorn:\d+:1: error: instr 1 is not defined in the orchestra")
+        self.assertEqual(self.record(2)["state"], "silent")
+
     def test_each_has_its_sound(self):
         self.vary("piece.vorn", "--count", "2", "--render", "piece.orc", "-o", "out")
         for number in (1, 2):
@@ -337,6 +354,7 @@ class Rendering(VaryTest):
         self.write("bad.orc", ORCHESTRA.replace("oscili(", "nonsense("))
         done = self.vary("piece.vorn", "--count", "2", "--render", "bad.orc", "-o", "out", status=1)
         self.assertIn("variant 2: Csound: error:", done.stderr)
+        self.assertNotIn("\x1b", done.stderr)
         self.assertEqual(self.record(2)["state"], "silent")
         self.assertNotIn("variants/2/sound.flac", self.whole())
         self.assertIn("no sound", self.read("out/index.html").decode())

@@ -1,6 +1,7 @@
 """vornkit as a whole: help, wrong use, an output that takes nothing."""
 import os
 import pathlib
+import pty
 import signal
 import subprocess
 import time
@@ -25,6 +26,55 @@ class Vornkit(CommandTest):
             done = self.vornkit(*arguments)
             self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
             self.assertNotEqual(done.stderr, "", arguments)
+
+    def test_a_misspelt_command_is_named(self):
+        self.assertEqual(self.vornkit("chek", "x").stderr, 'vornkit: there is no command "chek", did you mean "check"?\n')
+        self.assertEqual(self.vornkit("compose").stderr, 'vornkit: there is no command "compose"; vornkit --help lists them\n')
+
+    def test_a_missing_score_is_told_alike_by_all(self):
+        self.write("folder/x", "")
+        for name, reason in (("none.vorn", "No such file or directory"), ("folder", "Is a directory")):
+            for arguments in (("check",), ("events",), ("midi", "-", "x.mid"), ("picture", "-", "-o", "x.svg"),
+                              ("play", "-", "--wav", "x.wav"), ("vary", "-", "-o", "out"), ("watch",)):
+                command = [name if one == "-" else one for one in arguments]
+                done = self.vornkit(*command, *([] if name in command else [name]))
+                self.assertEqual((done.returncode, done.stdout), (2, ""), command)
+                self.assertEqual(done.stderr, f'vornkit: cannot read "{name}": {reason}\n', command)
+        self.assertEqual(self.files(), ["folder/x"])
+
+    def test_a_score_may_come_through_a_pipe(self):
+        done = self.run_program("bash", "-c", 'cat <<<"oops" | "$0" check /dev/stdin', pathlib.Path(VORNKIT).resolve())
+        self.assertEqual((done.returncode, done.stderr), (1, b""))
+        self.assertIn(b"/dev/stdin:1:1: error:", done.stdout)
+
+    def test_a_file_that_may_not_grow_is_told(self):
+        self.write("long.vorn", "i1 = 4 0 -100000 {\np2 1\np3 1\np4 ra(T 1 [60 72])\n}\n")
+        for arguments in (("events", "long.vorn", "-o", "out.json"), ("midi", "--quiet", "long.vorn", "out.json")):
+            done = self.run_program("sh", "-c", 'ulimit -f 64; exec "$0" "$@"', pathlib.Path(VORNKIT).resolve(), *arguments)
+            self.assertEqual((done.returncode, done.stderr), (2, b"vornkit: cannot write out.json: File too large\n"))
+            self.assertEqual(self.files(), ["long.vorn"])
+
+    def on_a_terminal(self, *arguments, **surroundings):
+        """Standard error of a command that has a terminal there."""
+        above, below = pty.openpty()
+        environment = {**os.environ, "TERM": "xterm", **surroundings}
+        environment.pop("NO_COLOR", None)
+        done = subprocess.run([pathlib.Path(VORNKIT).resolve(), *arguments], cwd=self.folder, stderr=below,
+                              stdout=subprocess.DEVNULL, env=environment, check=False, timeout=120)
+        os.close(below)
+        self.addCleanup(os.close, above)
+        return done.returncode, os.read(above, 65536)
+
+    def test_a_terminal_gets_no_control_characters_of_names(self):
+        self.assertEqual(self.on_a_terminal("events", "a\x1b[31mb"),
+                         (2, b'vornkit: cannot read "a\\x1B[31mb": No such file or directory\r\n'))
+        self.write("a\x1bb", "oops\n")
+        self.assertIn(b"a\\x1Bb:1:1:", self.on_a_terminal("events", "a\x1bb", "-o", "x.csv")[1])
+
+    def test_colors_only_on_a_terminal_that_knows_them(self):
+        self.write("wrong.vorn", "oops\n")
+        self.assertIn(b"\x1b[1;31m", self.on_a_terminal("events", "wrong.vorn", "-o", "x.csv")[1])
+        self.assertNotIn(b"\x1b", self.on_a_terminal("events", "wrong.vorn", "-o", "x.csv", TERM="dumb")[1])
 
     def test_an_output_that_takes_nothing_is_told(self):
         self.write("wrong.vorn", "oops\n")

@@ -133,6 +133,25 @@ class WatchCommand(CommandTest):
             self.assertEqual(done.returncode, 2, arguments)
             self.assertNotEqual(done.stderr, "")
 
+    def test_outputs_that_can_never_be_written(self):
+        self.write("part.inc", SCORE % 2)
+        self.write("a.vorn", "#include |part.inc|\n")
+        self.write("b.svg", SCORE % 2)
+        before = self.files()
+        for arguments, said in ((["a.vorn", "--picture", "a.gif"], ".svg, .png or .html"),
+                                (["b.svg", "--picture", "b.svg"], "is read for this"),
+                                (["a.vorn", "--wav", "part.inc"], "is read for this"),
+                                (["a.vorn", "--wav", "no/such.wav"], "cannot write no/such.wav"),
+                                (["a.vorn", "--picture", "no/such.svg"], "cannot write no/such.svg"),
+                                (["a.vorn", "--wav", "."], "is a folder"),
+                                (["a.vorn", "--wav", "-"], "standard output"),
+                                (["a.vorn", "--wav", "a.svg", "--picture", "a.svg"], "cannot be one file"),
+                                (["a.vorn", "none.orc", "--wav", "a.wav"], "cannot read the orchestra")):
+            done = self.vornkit("watch", *arguments, timeout=PATIENCE)
+            self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+            self.assertIn(said, done.stderr)
+        self.assertEqual(self.files(), before)
+
     def test_every_signal_that_ends_it_ends_it_well(self):
         self.write("a.vorn", SCORE % 3)
         for number in (signal.SIGTERM, signal.SIGHUP):
