@@ -13,14 +13,11 @@
 namespace vorn::kit {
 
 const Tones LIGHT_TONES = {
-    0xffffff, 0x1a1a1a, 0x5c5f66, 0xdcdfe4, {0x0072b2, 0xd55e00, 0x009e73, 0xcc79a7, 0x000000}};
+    0xffffff, 0x1a1a1a, 0x5c5f66, 0xdcdfe4, {0x0072b2, 0xd55e00, 0x009e73, 0xcc79a7, 0x000000}, 0.5};
 const Tones DARK_TONES = {
-    0x14161a, 0xf0f1f3, 0xa3a8b0, 0x33373e, {0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442}};
+    0x14161a, 0xf0f1f3, 0xa3a8b0, 0x33373e, {0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442}, 0.68};
 
 namespace {
-
-// How much of its colour each shade has; the rest is paper.
-constexpr double SHADES[SHADE_COUNT] = {0.5, 0.62, 0.75, 0.87, 1};
 
 constexpr const char* FAMILY = "\"Helvetica Neue\",Helvetica,Arial,\"DejaVu Sans\",sans-serif";
 constexpr const char* WHEN_DARK = "@media (prefers-color-scheme:dark){";
@@ -100,11 +97,12 @@ double character_width(char first_byte) {
 }  // namespace
 
 std::uint32_t shade_color(const Tones& tones, int color, int shade) {
+    const double share = tones.faintest + (1 - tones.faintest) * shade / (SHADE_COUNT - 1);
     std::uint32_t mixed = 0;
     for (int shift = 16; shift >= 0; shift -= 8) {
         const double paper = tones.paper >> shift & 0xFFU;
         const double full = tones.instruments[color] >> shift & 0xFFU;
-        const double part = std::round(paper + (full - paper) * SHADES[shade]);
+        const double part = std::round(paper + (full - paper) * share);
         mixed |= static_cast<std::uint32_t>(part) << shift;
     }
     return mixed;

@@ -29,6 +29,7 @@ struct Tones {
     std::uint32_t muted;
     std::uint32_t grid;
     std::uint32_t instruments[COLOR_COUNT];
+    double faintest;  // part of its colour that the lowest shade has; the rest is paper
 };
 
 // The colours of instruments are from the palette of Okabe and Ito, "Color Universal

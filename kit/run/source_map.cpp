@@ -58,7 +58,8 @@ void SourceMap::add_splice(const Splice& splice) {
 
 FileSpan SourceMap::in_file(std::uint64_t line, std::int32_t begin, std::int32_t end) const {
     if (line == 0 || line >= line_offsets_.size()) return {};
-    const std::uint64_t offset = line_offsets_[line - 1] + static_cast<std::uint64_t>(begin);
+    const std::uint64_t offset =
+        line_offsets_[static_cast<std::size_t>(line - 1)] + static_cast<std::uint64_t>(begin);
     const auto behind =
         std::upper_bound(spans_.begin(), spans_.end(), offset,
                          [](std::uint64_t at, const Span& span) { return at < span.copy_offset; });
@@ -95,7 +96,7 @@ FileSpan SourceMap::find(const LinePlace& place, std::vector<Expansion>* through
 TextPlace SourceMap::text_place(const FileSpan& span) const {
     if (span.file < 0) return {};
     const SourceFile& file = files_[static_cast<std::size_t>(span.file)];
-    const std::size_t at = std::min<std::size_t>(span.begin, file.text.size());
+    const std::size_t at = static_cast<std::size_t>(std::min<std::uint64_t>(span.begin, file.text.size()));
     const std::size_t line = file.index.line_of(at);
     const std::size_t begin = file.index.line_begin(line);
     TextPlace place;
@@ -114,7 +115,8 @@ std::string SourceMap::joined_text() const {
         const bool is_last = at + 1 == spans_.size();
         const std::size_t length =
             is_last ? text.size() : static_cast<std::size_t>(spans_[at + 1].copy_offset - span.copy_offset);
-        joined += text.substr(std::min<std::size_t>(span.file_offset, text.size()), length);
+        joined += text.substr(
+            static_cast<std::size_t>(std::min<std::uint64_t>(span.file_offset, text.size())), length);
     }
     return joined;
 }

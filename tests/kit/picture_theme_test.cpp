@@ -75,6 +75,15 @@ TEST_P(Tones, StandOutFromThePaper) {
     for (const std::uint32_t color : tones.instruments) EXPECT_GE(contrast(color, tones.paper), 3) << color;
 }
 
+// On dark paper even a quiet note must be seen; light ones are read more easily.
+TEST_P(Tones, FaintShadesStandOutToo) {
+    const kit::Tones& tones = *GetParam();
+    const double least = &tones == &DARK_TONES ? 3 : 1.6;
+    for (int color = 0; color < COLOR_COUNT; ++color) {
+        EXPECT_GE(contrast(shade_color(tones, color, 0), tones.paper), least) << color;
+    }
+}
+
 TEST_P(Tones, AreDistinctForEveryVision) {
     const kit::Tones& tones = *GetParam();
     for (const Matrix& vision : {NORMAL, PROTANOPIA, DEUTERANOPIA, TRITANOPIA}) {
