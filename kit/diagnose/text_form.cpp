@@ -69,8 +69,8 @@ std::string marked_source(const FileSpan& span, const SourceMap& map, const char
                           const TextStyle& style) {
     if (span.file < 0) return {};
     const TextPlace place = map.text_place(span);
-    return marked_line(shown_line(place.text, place.column, place.column + (span.end - span.begin)), color,
-                       style);
+    const auto length = static_cast<std::size_t>(span.end - span.begin);
+    return marked_line(shown_line(place.text, place.column, place.column + length), color, style);
 }
 
 std::string call_name(const Expansion& expansion) {
