@@ -90,8 +90,8 @@ void add_check(CLI::App& app, Outcome& outcome) {
         "          vornkit check --format json piece.vorn > piece.json");
     const auto arguments = std::make_shared<CheckArguments>();
     command->add_option("SCORE", arguments->scores, "scores; - is standard input")->required();
-    command->add_option("--format", arguments->format, "text for people, or json for programs")
-        ->check(one_of({"text", "json"}));
+    take_one_of(command->add_option("--format", arguments->format, "text for people, or json for programs"),
+                {"text", "json"});
     command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
     command->add_flag("--midi", arguments->lint.midi, "look for what vorn -m leaves out or bends, too");
     command->add_option("--ignore", arguments->lint.ignored, "leave out these notes, L1 or L1,L3")

@@ -101,8 +101,9 @@ void add_events(CLI::App& app, Outcome& outcome) {
     command->add_option("SCORE", arguments->score, "the score; - is standard input")->required();
     command->add_option("-o,--output", arguments->output, "FILE.json or FILE.csv; - is standard output")
         ->type_name("FILE");
-    command->add_option("--format", arguments->format, "json or csv, whatever the file is called")
-        ->check(one_of({"json", "csv"}));
+    take_one_of(
+        command->add_option("--format", arguments->format, "json or csv, whatever the file is called"),
+        {"json", "csv"});
     command->add_flag("--rests", arguments->options.rests, "rests, too, which the Csound score leaves out");
     command->add_flag("--relative", arguments->relative, "look includes up beside the including file");
     command->callback([arguments, &outcome] { outcome = events(*arguments); });

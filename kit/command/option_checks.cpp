@@ -25,12 +25,9 @@ std::string check_pfield(std::string& text) {
     return {};
 }
 
-// "text or json", "red, green or blue"
-std::string listed(const std::vector<std::string>& words) {
+std::string joined(const std::vector<std::string>& words, const std::string& between) {
     std::string list = words[0];
-    for (std::size_t at = 1; at < words.size(); ++at) {
-        list += (at + 1 < words.size() ? ", " : " or ") + words[at];
-    }
+    for (std::size_t at = 1; at < words.size(); ++at) list += between + words[at];
     return list;
 }
 
@@ -43,13 +40,12 @@ std::string plain_number(double number) {
 
 CLI::Validator pfield_name() { return {check_pfield, "P-FIELD"}; }
 
-CLI::Validator one_of(std::vector<std::string> words) {
-    const std::string list = listed(words);
-    const auto check = [words, list](std::string& text) {
+void take_one_of(CLI::Option* option, const std::vector<std::string>& words) {
+    const auto check = [words](const std::string& text) {
         const bool is_found = std::find(words.begin(), words.end(), text) != words.end();
-        return is_found ? std::string() : "\"" + text + "\": write " + list;
+        return is_found ? std::string() : "\"" + text + "\": write " + joined(words, " or ");
     };
-    return {check, list};
+    option->check(check)->type_name(joined(words, "|"));
 }
 
 CLI::Validator number_between(double low, double high) {

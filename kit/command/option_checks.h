@@ -10,8 +10,8 @@ namespace vorn::kit {
 // Of an option that names a p-field: "p4" or "4", up to p128.
 [[nodiscard]] CLI::Validator pfield_name();
 
-// Of an option with a few words to choose from.
-[[nodiscard]] CLI::Validator one_of(std::vector<std::string> words);
+// Lets an option take one of these words, and its help show them.
+void take_one_of(CLI::Option* option, const std::vector<std::string>& words);
 
 // Of an option that is a number between two; what is not finite is none.
 [[nodiscard]] CLI::Validator number_between(double low, double high);

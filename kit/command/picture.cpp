@@ -112,10 +112,9 @@ void add_options(CLI::App& command, PictureArguments& arguments) {
     command.add_option("--width", options.width, "width in pixels, 1200 if not given")
         ->check(number_between(NARROWEST, WIDEST));
     command.add_option("--title", options.title, "the title, if it is not the score's name");
-    command
-        .add_option("--theme", arguments.theme,
-                    "light or dark; else as the reader's system has it, PNG light")
-        ->check(one_of({"light", "dark"}));
+    take_one_of(command.add_option("--theme", arguments.theme,
+                                   "light or dark; else as the reader's system has it, PNG light"),
+                {"light", "dark"});
     command.add_flag("--relative", arguments.relative, "look includes up beside the including file");
 }
 

@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "kit/command/console.h"
+#include "kit/command/option_checks.h"
 #include "kit/command/subcommands.h"
 #include "kit/language/word_form.h"
 #include "kit/language/words.h"
@@ -45,9 +46,8 @@ void add_words(CLI::App& app, Outcome& outcome) {
         "The data (--format json) is what editors colour scores by.");
     const auto arguments = std::make_shared<WordsArguments>();
     command->add_option("WORD", arguments->words, "words, as they stand in a score; none: list all");
-    command->add_option("--format", arguments->format, "text or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->capture_default_str();
+    take_one_of(command->add_option("--format", arguments->format, "text or json")->capture_default_str(),
+                {"text", "json"});
     command->callback([arguments, &outcome] { outcome = words(*arguments); });
 }
 
