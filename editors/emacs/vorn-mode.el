@@ -144,6 +144,9 @@
     ("#\\(?:define\\|undef\\)\\s-+\\([[:alpha:]][[:alnum:]_]*\\)\\(?:(\\([^)\n]*\\))\\)?"
      (1 font-lock-function-name-face) (2 font-lock-variable-name-face nil t))
     ("#const\\s-+\\([[:alpha:]][[:alnum:]_]*\\)" 1 font-lock-variable-name-face)
+    ("~\\["
+     ("[[:alpha:]][[:alnum:]_]*" (save-excursion (skip-chars-forward "^]\n") (point)) nil
+      (0 font-lock-variable-name-face)))
     ("\\$[[:alpha:]][[:alnum:]_]*" . font-lock-function-name-face)
     ("~\\(?:@[1-4]\\|[[:alpha:]][[:alnum:]_]*\\)" . font-lock-variable-name-face)
     (vorn--match-direct (1 font-lock-keyword-face keep) (2 font-lock-string-face keep))

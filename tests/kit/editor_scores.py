@@ -18,7 +18,7 @@ p7 ex(T .5 p4 .5 I[p4 / 3 + 2]) dv(.1) db 60
 p8 no MS(T 1 c [c4 e] [f4 a]) mo(2 1 e4 c5)
 <1
 > 2 }
-i-4 = 5 0 4 { p2 1 /* } */ p3 ra(T) } te(1)
+i-4 = 5 0 4 { p2 1 /* } */ p3 ra(T) } te(~[FACE])
 #include |part one.vorn|
 /* outer /* inner */ te(1) */ te(2)
 #if($X)
@@ -57,7 +57,7 @@ PIECES = [
     (14, "p4", 2, "field"), (14, "dv", 1, "command"), (14, "db", 1, "type"), (15, "MS", 1, "generator"),
     (15, "c", 1, "curve"), (15, "c4", 1, "note"), (15, "a", 1, "note"), (15, "e", 2, "curve"),
     (15, "c5", 1, "note"), (17, "2", 1, "number"), (18, "i-4", 1, "comment"), (18, "ra", 1, "comment"),
-    (18, "te", 1, "command"), (19, "#include", 1, "directive"), (19, "part one", 1, "include"),
+    (18, "te", 1, "command"), (18, "FACE", 1, "constant"), (19, "#include", 1, "directive"), (19, "part one", 1, "include"),
     (20, "inner", 1, "comment"), (20, "te", 2, "comment"), (20, "te", 3, "command"), (21, "#if", 1, "directive"),
     (22, "i", 1, "instrument"), (22, "$A", 1, "macro"), (22, "~B", 1, "constant"), (22, "1", 1, "number"),
     (23, "#endif", 1, "directive"),

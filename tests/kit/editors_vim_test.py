@@ -11,7 +11,7 @@ TOP = pathlib.Path(__file__).resolve().parents[2]
 FILES = TOP / "editors/vim"
 GROUPS = {
     "comment": {"vornLineComment", "vornComment", "vornCsoundComment", "vornSkipped"},
-    "command": {"vornCommand"}, "number": {"vornNumber"}, "curve": {"vornCurve"}, "constant": {"vornConstant"},
+    "command": {"vornCommand"}, "number": {"vornNumber"}, "curve": {"vornCurve"}, "constant": {"vornConstant", "vornName"},
     "direct": {"vornDirect"}, "directive": {"vornDirective"}, "macro": {"vornMacro", "vornDefined"},
     "pfield": {"vornPfield"}, "instrument": {"vornHeader"}, "type": {"vornType", "vornOutput"},
     "note": {"vornNote"}, "rest": {"vornRest"}, "repeat": {"vornRepeat", "vornPrevious"},

@@ -80,8 +80,8 @@ syntax region vornBody matchgroup=vornDirective start=/#/ end=/#/ contained keep
       \ contains=@vornItem,vornHeader,vornBodyDirect
 
 syntax match vornHeader /\v[A-Za-z0-9_$~]@1<!i\s*%(\d+|[$~]@=)\ze\s*[=$~]/
-syntax region vornBlock matchgroup=vornHeader start=/\v[A-Za-z0-9_$~]@1<!i\s*%(\d+|[$~]@=)\ze\s*[=$~]/ end=/}/
-      \ contains=@vornItem,vornDirective,vornInclude transparent fold
+syntax region vornBlock matchgroup=vornHeader start=/\v[A-Za-z0-9_$~]@1<!i\s*%(\d+|[$~]@=)\ze\s*[=$~]/
+      \ matchgroup=NONE end=/}/ contains=@vornItem,vornDirective,vornInclude transparent fold
 syntax match vornDirect /\v^\s*\>.*/ contains=vornCsoundComment,vornMacro,vornConstant,vornTime,vornEquation
 syntax match vornBodyDirect /\v%(^|\#@1<=)\s*\>[^#]*/ contained contains=vornMacro,vornConstant,vornTime,vornEquation
 syntax match vornCsoundComment /;.*/ contained
@@ -128,7 +128,7 @@ highlight default link vornRepeat Operator
 highlight default link vornPrevious Operator
 highlight default link vornDelimiter Delimiter
 highlight default link vornNumber Number
-highlight default link vornNote Identifier
+highlight default link vornNote String
 highlight default link vornRest Comment
 
 let b:current_syntax = 'vorn'
