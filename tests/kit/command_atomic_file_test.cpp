@@ -38,6 +38,7 @@ protected:
 };
 
 void write_interrupted(const std::string& path, int signal) {
+    std::signal(signal, SIG_DFL);  // whatever began the test may let it ignore them
     clean_up_when_interrupted();
     signal_when_made = signal;
     std::string error;

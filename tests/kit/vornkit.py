@@ -1,11 +1,17 @@
 """What tests of the command share: running it in a folder of their own."""
 import os
 import pathlib
+import signal
 import subprocess
 import tempfile
 import unittest
 
 VORNKIT = os.environ.get("VORNKIT_PROGRAM", "build/dev/vornkit")
+
+# A shell lets what it runs in the background ignore these, and so would the programs begun here.
+signal.signal(signal.SIGINT, signal.default_int_handler)
+for number in (signal.SIGQUIT, signal.SIGHUP):
+    signal.signal(number, signal.SIG_DFL)
 
 
 class CommandTest(unittest.TestCase):
