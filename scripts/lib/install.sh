@@ -11,6 +11,7 @@ has_package() {
         lld-14) command -v wasm-ld-14 ;;
         nodejs) command -v node ;;
         g++-*-linux-gnu) command -v "${1#g++-}-g++" ;;
+        g++-mingw-w64-x86-64-posix) command -v x86_64-w64-mingw32-g++-posix ;;
         qemu-user) command -v qemu-s390x ;;
         wasi-libc) [ -e /usr/lib/wasm32-wasi/libc.a ] ;;
         libc++-14-dev-wasm32) [ -e /usr/lib/wasm32-wasi/libc++.a ] ;;
@@ -20,6 +21,7 @@ has_package() {
         libbenchmark-dev) compgen -G '/usr*/include/benchmark/benchmark.h' ;;
         libcli11-dev) [ -f /usr/include/CLI/CLI.hpp ] ;;
         nlohmann-json3-dev) [ -f /usr/include/nlohmann/json.hpp ] ;;
+        dpkg-dev) command -v dpkg-shlibdeps ;;
         librsvg2-bin) command -v rsvg-convert ;;
         timgm6mb-soundfont) [ -f /usr/share/sounds/sf2/TimGM6mb.sf2 ] ;;
         vim-nox) command -v vim ;;

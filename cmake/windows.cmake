@@ -1,0 +1,7 @@
+# The calls that POSIX has and Windows has not, for the command vorn: windows/README.md.
+target_compile_options(vorn_flags INTERFACE -include ${PROJECT_SOURCE_DIR}/windows/posix.h)
+target_include_directories(vorn_flags SYSTEM INTERFACE ${PROJECT_SOURCE_DIR}/windows/include)
+target_sources(vorn PRIVATE windows/main.cpp windows/posix.cpp)
+foreach(call main fopen fclose open stat unlink getenv)
+    target_link_options(vorn PRIVATE -Wl,--wrap=${call})
+endforeach()

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# What is handed on, used as others would: the Debian package is clean to lintian,
+# installed, used and removed in a bare root; the program for any Linux runs there
+# without a library; the sources build by themselves.
+set -uo pipefail
+cd "$(dirname "$0")/../.." || exit 1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+status=0
+
+fail() {
+    echo "$*"
+    status=1
+}
+
+scripts/release deb static source >"$work/made" || { cat "$work/made"; exit 1; }
+(cd build/packages && sha256sum --quiet -c SHA256SUMS) || fail "the sums are not those of the packages"
+package=$(ls build/packages/vorn_*.deb)
+lintian --fail-on error "$package" >"$work/lintian" 2>&1 || { cat "$work/lintian"; fail "lintian finds errors"; }
+
+# Run in the bare root, whose only addition is the package.
+cat >"$work/use" <<'E2'
+set -e
+apt-get install -qq --no-install-recommends -y ./vorn.deb >/dev/null
+cd "$(mktemp -d)"
+cp /usr/share/doc/vorn/examples/clockwork/clockwork.vorn .
+vorn clockwork.vorn piece.sco 2>/dev/null
+vorn -m /usr/share/doc/vorn/examples/midi_chorale/midi_chorale.vorn piece.mid 2>/dev/null
+vornkit check clockwork.vorn
+vornkit picture clockwork.vorn -o piece.svg
+grep -q '^i' piece.sco && grep -q '</svg>' piece.svg && head -c 4 piece.mid | grep -q MThd
+/portable/bin/vorn clockwork.vorn portable.sco 2>/dev/null
+cmp piece.sco portable.sco
+apt-get remove -qq -y vorn >/dev/null
+! command -v vorn && ! command -v vornkit
+[ -z "$(find / -xdev -name '*vorn*' -not -path '/proc/*' -not -path '/portable*' -not -path '/var/*' \
+    -not -path '/tmp/*' -not -name vorn.deb)" ]
+echo used and removed
+E2
+mkdir "$work/portable"
+tar -xzf build/packages/vorn-*-linux-*.tar.gz -C "$work/portable" --strip-components=1 || fail "no archive for Linux"
+if ldd "$work/portable/bin/vorn" 2>/dev/null | grep -q '=>'; then fail "the program for any Linux needs libraries"; fi
+mmdebstrap --quiet --variant=apt --hook-dir=/usr/share/mmdebstrap/hooks/merged-usr \
+    --customize-hook="cp $package \"\$1/vorn.deb\" && cp -r $work/portable \"\$1/portable\" && cp $work/use \"\$1/use\"" \
+    --customize-hook='chroot "$1" sh /use' bookworm /dev/null >"$work/bare" 2>&1
+grep -q 'used and removed' "$work/bare" || { tail -n 30 "$work/bare"; fail "not used in a bare root"; }
+
+mkdir "$work/sources"
+tar -xzf build/packages/vorn-*[0-9].tar.gz -C "$work/sources" --strip-components=1 || fail "no archive of the sources"
+{ cmake -S "$work/sources" -B "$work/built" -G Ninja -DVORN_TESTS=OFF -DCMAKE_BUILD_TYPE=Release &&
+    cmake --build "$work/built" --target vorn; } >"$work/built.log" 2>&1 || { cat "$work/built.log"; fail "no build"; }
+exit $status
