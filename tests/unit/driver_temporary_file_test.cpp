@@ -2,6 +2,7 @@
 
 #include "driver/temporary_file.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -32,6 +33,17 @@ extern "C" [[gnu::noinline]] int getentropy(void* buffer, std::size_t size) {
     }
     if (drawn_names.size() > DRAWN) drawn_names.erase(0, DRAWN);
     return 0;
+}
+
+namespace {
+
+bool no_stream = false;  // what fdopen says next
+
+}  // namespace
+
+extern "C" [[gnu::noinline]] FILE* fdopen(int descriptor, const char* mode) noexcept {
+    static const auto real = reinterpret_cast<FILE* (*)(int, const char*)>(dlsym(RTLD_NEXT, "fdopen"));
+    return no_stream ? nullptr : real(descriptor, mode);
 }
 
 namespace vorn::test {
@@ -116,6 +128,19 @@ TEST_F(TemporaryFile, NeedsAFolder) {
     dup2(kept, STDIN_FILENO);
     close(null);
     close(kept);
+}
+
+TEST_F(TemporaryFile, IsClosedAgainWithoutAStream) {
+    const int free_before = dup(STDIN_FILENO);
+    close(free_before);
+    drawn_names = "mine00";
+    no_stream = true;
+    EXPECT_FALSE(make());
+    no_stream = false;
+    EXPECT_EQ(capture_.text(), REFUSED);
+    const int free_after = dup(STDIN_FILENO);
+    EXPECT_EQ(free_after, free_before);
+    close(free_after);
 }
 
 TEST_F(TemporaryFile, StandsInTheSystemsFolderWhenNoneIsNamed) {
