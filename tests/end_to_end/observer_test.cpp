@@ -327,6 +327,18 @@ TEST(Observer, TellsOfTemposAndMacros) {
                                         "macro A of 2 at 3:16 \"no $x c4\"", "macro B of 0 at 4:11 \"60\""}));
 }
 
+TEST(Observer, IsToldWhetherABlockBecomesMidi) {
+    const Texts texts = {{"in.vorn", "i1 = 5 0 1 {p2 1 p3 1 p4 60 p5 9}\n"}};
+    Recorder score;
+    Recorder midi;
+    run_score(score, texts);
+    run_score(midi, texts, {"-m"});
+    ASSERT_EQ(score.blocks, 1U);
+    ASSERT_EQ(midi.blocks, 1U);
+    EXPECT_FALSE(score.last_block.is_midi);
+    EXPECT_TRUE(midi.last_block.is_midi);
+}
+
 TEST(Observer, IsToldOfSuppressedWarnings) {
     Recorder recorder;
     const RunResult result = run_score(recorder, {{"in.vorn", "rd(2)\n"}}, {"-s"});
