@@ -24,6 +24,7 @@ constexpr std::size_t MAX_TEXT = 6000;  // characters, behind which the shortest
 constexpr std::size_t MAX_DEPTH = 200;  // of productions within productions
 constexpr int MAX_INCLUDES = 9;         // with what the score itself opens below the limit of a run
 constexpr int MAX_TEMPOS = 30;
+constexpr int FEWEST_FOR_PARTS = 4;    // events of a block
 constexpr std::size_t HEAD_SIZE = 10;  // bytes that choose the options and the mistake
 
 class Drawing {
@@ -98,6 +99,7 @@ private:
     int pfields_ = 0;
     int hidden_ = 0;
     bool by_events_ = false;  // the block is as long as a number of events
+    bool has_parts_ = true;   // and a quarter of them is one at least
     int pfield_ = 0;          // of the statement at hand
     std::vector<int> given_;  // p-fields before this statement
     int chord_pfield_ = 0;    // the one whose statement has chords, or 0
@@ -247,7 +249,9 @@ std::string Drawing::count(std::string_view) {
 
 std::string Drawing::length(std::string_view) {
     by_events_ = dice_.roll(2) == 0;
-    return expand(by_events_ ? "events" : "beats");
+    const std::string text = expand(by_events_ ? "events" : "beats");
+    has_parts_ = !by_events_ || to_int(text) <= -FEWEST_FOR_PARTS;
+    return text;
 }
 
 // Those of P3 and above, at times with the last one first.
@@ -309,8 +313,10 @@ std::string Drawing::rest(std::string_view) {
     return "-1";
 }
 
+// No part of a block is without events: a p-field with nothing else would be blank.
 std::string Drawing::time(std::string_view) {
-    const std::string text = expand("time_words");
+    std::string text = expand("time_words");
+    if (text.front() == 'T' && !has_parts_) text = "T";
     const bool whole_block = text.front() == 'T' || text.front() == 't';
     by_time_ = whole_block ? !by_events_ : text.front() != '-';
     return text;
