@@ -27,6 +27,7 @@ has_package() {
         vim-nox) command -v vim ;;
         emacs-nox) command -v emacs ;;
         bash-completion) [ -f /usr/share/bash-completion/bash_completion ] ;;
+        hunspell-en-gb) [ -e /usr/share/hunspell/en_GB.dic ] ;;
         python3) [ -x /usr/bin/python3 ] ;;  # Debian's own: its packages are seen by no other
         python3-jsonschema) /usr/bin/python3 -c 'import jsonschema' ;;
         python3-pandas) /usr/bin/python3 -c 'import pandas' ;;

@@ -1,4 +1,4 @@
-"""The page of all messages: page.md with what `vornkit explain` tells of each code, and
+"""The page of all messages: page.txt with what `vornkit explain` tells of each code, and
 below each score that it shows what `vorn` prints, or `vornkit check` of what is legal.
 
     page = MessagePage(vorn, vornkit).text()
@@ -10,7 +10,7 @@ import re
 import subprocess
 import tempfile
 
-FRAME = pathlib.Path(__file__).parent / "page.md"
+FRAME = pathlib.Path(__file__).parent / "page.txt"
 SCORE = "score.vorn"  # some messages name it
 CARET = re.compile(r"\s*\^\s*")
 TIME_LIMIT = 60  # seconds

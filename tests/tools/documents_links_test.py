@@ -1,0 +1,68 @@
+#!/usr/bin/env python3
+"""Every link within the pages leads to a file that is there and, behind a #, to a heading; and
+what is installed for composers leads nowhere but to what is installed with it."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+import pages  # noqa: E402
+
+BUILD = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve().parent
+ELSEWHERE = ("http://", "https://", "mailto:")
+
+
+def problem(page, target):
+    """What is wrong with a link, or None."""
+    path, _, anchor = target.partition("#")
+    file = (page.parent / path).resolve() if path else page
+    if not file.exists():
+        return f"there is no {target}"
+    if anchor and file.suffix == ".md" and anchor not in set(pages.anchors(file.read_text())):
+        return f"no heading for {target}"
+    return None
+
+
+def problems(page, top):
+    for line, target in pages.links(page.read_text()):
+        if not target.startswith(ELSEWHERE):
+            wrong = problem(page, target)
+            if wrong:
+                yield f"{page.relative_to(top)}:{line}: {wrong}"
+
+
+class Links(unittest.TestCase):
+    def assert_whole(self, listed, top):
+        wrong = [one for page in listed for one in problems(page, top)]
+        self.assertEqual(wrong, [], "\n" + "\n".join(wrong))
+
+    def test_links_lead_somewhere(self):
+        listed = pages.pages()
+        self.assertGreater(sum(1 for page in listed for _ in pages.links(page.read_text())), 100)
+        self.assert_whole(listed, pages.ROOT)
+
+    def test_installed_pages_for_composers_need_no_sources(self):
+        with tempfile.TemporaryDirectory(prefix="vorn-test-") as folder:
+            subprocess.run(["cmake", "--install", BUILD, "--prefix", folder], stdout=subprocess.DEVNULL, check=True)
+            top = pathlib.Path(folder).resolve()
+            installed = [page for page in top.rglob("*.md")
+                         if "development" not in page.parts and page.name != "CONTRIBUTING.md"]
+            self.assertTrue(any(page.name == "manual.md" for page in installed))
+            self.assert_whole(installed, top)
+
+    def test_broken_links_are_found(self):
+        with tempfile.TemporaryDirectory(prefix="vorn-test-") as folder:
+            page = pathlib.Path(folder).resolve() / "page.md"
+            page.write_text("# A page\n\n## On `se(...)`: sets\n\n[a](none.md) [b](#a-page) [c](page.md#nothing)\n"
+                            "[d](#on-se-sets) ![e](none.svg) `[f](none.md)`\n")
+            self.assertEqual(list(problems(page, page.parent)), [
+                "page.md:5: there is no none.md", "page.md:5: no heading for page.md#nothing",
+                "page.md:6: there is no none.svg"])
+
+
+if __name__ == "__main__":
+    unittest.main()
