@@ -1,0 +1,30 @@
+# For scripts/demo, which builds the programs once to try them: sources of a folder are compiled as
+# one where their names allow it, and the headers that cost most are read once for all others.
+
+set(COMPILED_AS_ONE src/input src/preproc src/blocks src/generators src/output
+    kit/run kit/events kit/midi kit/orchestra kit/vary kit/command)
+# Files of these whose inner names meet those of a neighbour.
+set(STANDING_ALONE file_watcher keep_variants midi new picture play vary worker_processes)
+
+function(compile_by_folder target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    get_target_property(sources ${target} SOURCES)
+    string(REPLACE ";" "|" alone "${STANDING_ALONE}")
+    foreach(folder ${COMPILED_AS_ONE})
+        set(joined ${sources})
+        list(FILTER joined INCLUDE REGEX "/${folder}/[^/]*\\.cpp$")
+        list(FILTER joined EXCLUDE REGEX "/command/(${alone})\\.cpp$")
+        string(REPLACE "/" "_" group ${folder})
+        set_source_files_properties(${joined} PROPERTIES UNITY_GROUP ${group})
+    endforeach()
+endfunction()
+
+function(build_quickly)
+    compile_by_folder(vorn_core)
+    if(TARGET vorn_kit)
+        compile_by_folder(vorn_kit)
+        compile_by_folder(vorn_kit_command)
+        target_precompile_headers(vorn_kit_command PRIVATE <CLI/CLI.hpp> <nlohmann/json.hpp>)
+    endif()
+endfunction()
+cmake_language(DEFER CALL build_quickly)
