@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The words of all pages are in the dictionary of British English or in docs/development/words.txt,
+"""The words of all pages are in the dictionary of British English or in docs/development/words.list,
 where the words of the field stand. What is shown as code is not read, nor the program's own
 messages, which docs/messages.md quotes as they are."""
 
@@ -12,7 +12,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 import pages  # noqa: E402
 
-WORDS = pages.ROOT / "docs" / "development" / "words.txt"
+WORDS = pages.ROOT / "docs" / "development" / "words.list"
 QUOTED = re.compile(r"^(?:\*\*.*\*\*|\| \[[EWL].*|- \[[EWL]\w*\]\(.*|### [EWL]\w*)$|\[[EWL]\w+\]\(#\w+\)", re.MULTILINE)
 MESSAGES = "docs/messages.md"
 
@@ -44,7 +44,7 @@ class Spelling(unittest.TestCase):
         texts = {page: text_of(page) for page in pages.pages()}
         self.assertGreater(len(texts), 20)
         wrong = [place for word in unknown_words("\n".join(texts.values())) for place in places(word, texts)]
-        self.assertEqual(wrong, [], "\nMend them, or put words of the field into docs/development/words.txt:\n"
+        self.assertEqual(wrong, [], "\nMend them, or put words of the field into docs/development/words.list:\n"
                          + "\n".join(wrong))
 
     def test_a_misspelt_word_is_found(self):
