@@ -58,22 +58,40 @@ bool advise_upper_case(Adviser& adviser) {
     return adviser.help("write the `p` of a p-field in lower case");
 }
 
+bool is_flat_d(std::string_view name) {
+    return name.size() >= 2 && name.size() <= 3 && to_lower(name[0]) == 'd' && name[1] == 'b' &&
+           (name.size() == 2 || is_digit(name[2]));
+}
+
+// The words "db4" right behind each other before the place, the last one first; none where
+// no "no" stands before them.
+std::vector<Stretch> flats_before(Site site) {
+    constexpr std::size_t MOST = 8;  // each looks for the one before it
+    std::vector<Stretch> flats;
+    while (flats.size() < MOST) {
+        const Stretch type = last_type_place(site);
+        const Stretch word = word_at(site.text, type.begin);
+        if (last_type(site) == "no") return flats;
+        if (!is_flat_d(site.of(word))) break;
+        flats.push_back(word);
+        site.at = type.begin;
+    }
+    return {};
+}
+
 // "db4" among note names, which is read as decibels and a 4.
 bool advise_flat_d(Adviser& adviser) {
-    const Site& site = adviser.site;
-    const Stretch type = last_type_place(site);
-    const Stretch word = word_at(site.text, type.begin);
-    const std::string_view name = site.of(word);
-    const bool is_flat = name.size() >= 2 && name.size() <= 3 && to_lower(name[0]) == 'd' && name[1] == 'b' &&
-                         (name.size() == 2 || is_digit(name[2]));
-    const Site before = {site.run, site.message, site.text, type.begin, site.file};
-    if (!is_flat || !is_note_name(adviser.word()) || last_type(before) != "no") return false;
-    const std::string meant = "df" + std::string(name.substr(2));
-    adviser.point_at(word);
-    adviser.edit(word, meant);
-    return adviser.help("`" + std::string(name) + "` is read as the input type `db`" +
-                        (name.size() > 2 ? " and a value" : "") + "; a flat is written with `f`: `" + meant +
-                        "`");
+    if (!is_note_name(adviser.word())) return false;
+    const std::vector<Stretch> flats = flats_before(adviser.site);
+    if (flats.empty()) return false;
+    for (const Stretch flat : flats) {
+        adviser.edit(flat, "df" + std::string(adviser.site.of(flat).substr(2)));
+    }
+    const std::string name(adviser.site.of(flats.back()));
+    adviser.point_at(flats.back());
+    return adviser.help("`" + name + "` is read as the input type `db`" +
+                        (name.size() > 2 ? " and a value" : "") + "; a flat is written with `f`: `df" +
+                        name.substr(2) + "`");
 }
 
 // Where note names go on behind `at`: blanks, repeats and marks of chords between them.

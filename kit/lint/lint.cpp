@@ -50,10 +50,10 @@ void sort_by_place(std::vector<Diagnostic>& diagnostics) {
 // Whether the engine has warned of the same values that are dropped, or of one among them.
 bool is_warning_of(const Diagnostic& warning, const Diagnostic& found) {
     if (found.code != "L12" || (warning.code != "W10" && warning.code != "W12")) return false;
-    const bool is_in_file = warning.span.file == found.span.file && warning.span.begin >= found.span.begin &&
-                            warning.span.begin <= found.span.end;
+    const bool is_in_file = warning.span.file == found.span.file && warning.span.begin <= found.span.end &&
+                            warning.span.end >= found.span.begin;
     const bool is_in_expansion =
-        warning.expanded_begin >= found.expanded_begin && warning.expanded_begin <= found.expanded_end;
+        warning.expanded_begin <= found.expanded_end && warning.expanded_end >= found.expanded_begin;
     return is_in_file && (found.through.empty() || is_in_expansion);
 }
 

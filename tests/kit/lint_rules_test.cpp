@@ -299,8 +299,8 @@ std::vector<Diagnostic> told_of(const std::string& score) {
 }
 
 TEST(LintBesideWarnings, TellsDroppedValuesOnce) {
-    for (const char* statement :
-         {"p4 1 2 3 4 5 6 7", "p4 1 2 3 4 pf(2) 5 6 7", "p4 1 2 3 4 x4", "p4 1 2 3 4 ////"}) {
+    for (const char* statement : {"p4 1 2 3 4 5 6 7", "p4 1 2 3 4 pf(2) 5 6 7", "p4 1 2 3 4 x4",
+                                  "p4 1 2 3 4 db5 6 7", "p4 1 2 3 4 ////"}) {
         const std::vector<Diagnostic> told = told_of(four_events(statement));
         ASSERT_EQ(told.size(), 1U) << statement;
         EXPECT_EQ(told[0].level, Level::WARNING);
