@@ -30,7 +30,7 @@ bool read_assignment(std::map<int, int>& assigned, const std::string& text, int 
     int instrument = 0;
     int number = 0;
     char rest = 0;
-    if (std::sscanf(text.c_str(), "%d=%d%c", &instrument, &number, &rest) == 2 && number >= 1 &&
+    if (std::sscanf(text.c_str(), "%9d=%9d%c", &instrument, &number, &rest) == 2 && number >= 1 &&
         number <= highest) {
         assigned[instrument] = number;
         return true;

@@ -11,6 +11,10 @@
 namespace vorn::kit {
 
 bool may_write(const std::string& path, const SystemSources& sources) {
+    if (path.empty()) {
+        complain("the output has no name");
+        return false;
+    }
     struct stat found = {};
     if (path != "-" && stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode)) {
         complain("\"" + path + "\" is a folder, not a file to write");

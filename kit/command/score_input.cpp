@@ -23,13 +23,16 @@ void tell_mistakes(const ScoreRun& run) {
     }
 }
 
-// It is asked for once more, since only now its absence must be explained.
+// It is asked for once more, since only now its absence must be explained. What can be
+// read and was not taken all the same, the engine has a reason for.
 bool was_found(const std::string& score, const ScoreRun& run) {
     if (!run.map.files().empty()) return true;
     errno = 0;
-    const bool is_there_now = SystemSources().read(source_name(score)).has_value();
-    complain("cannot read \"" + score + "\"" +
-             (is_there_now ? "" : std::string(": ") + std::strerror(errno)));
+    if (SystemSources().read(source_name(score))) {
+        tell_mistakes(run);
+    } else {
+        complain("cannot read \"" + score + "\": " + std::strerror(errno));
+    }
     return false;
 }
 

@@ -91,6 +91,8 @@ class MidiCommand(CommandTest):
                                 (["piece.vorn", "no/such/x.mid"], "cannot write no/such/x.mid"),
                                 (["--pitch", "p3", "piece.vorn", "x.mid"], "p4 to p128"),
                                 (["--pitch", "p99", "piece.vorn", "x.mid"], "no block of the score has a p99"),
+                                (["piece.vorn", ""], "the output has no name"),
+                                (["--channel", "99999999999=3", "piece.vorn", "x.mid"], "write instrument=number"),
                                 (["--channel", "3=17", "piece.vorn", "x.mid"], "from 1 to 16"),
                                 (["--program", "3:17", "piece.vorn", "x.mid"], "instrument=number")):
             done = self.vornkit("midi", *arguments)

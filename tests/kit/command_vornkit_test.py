@@ -42,6 +42,12 @@ class Vornkit(CommandTest):
                 self.assertEqual(done.stderr, f'vornkit: cannot read "{name}": {reason}\n', command)
         self.assertEqual(self.files(), ["folder/x"])
 
+    def test_a_score_that_is_refused_unread_has_a_reason(self):
+        for arguments in (("check", "/dev/null"), ("events", "/dev/null"), ("midi", "/dev/null", "x.mid")):
+            done = self.vornkit(*arguments)
+            self.assertEqual((done.returncode, done.stdout, self.files()), (2, "", []), arguments)
+            self.assertIn("use a filename multiple times", done.stderr, arguments)
+
     def test_a_score_may_come_through_a_pipe(self):
         done = self.run_program("bash", "-c", 'cat <<<"oops" | "$0" check /dev/stdin', pathlib.Path(VORNKIT).resolve())
         self.assertEqual((done.returncode, done.stderr), (1, b""))
