@@ -16,6 +16,7 @@ instr 1                             ; bass drum: a tone that drops, and the beat
     adrum   oscili  1, kdrop
     anoise  rand    .4, .5, 1
     asound  =       (adrum * aenv + anoise * aclick) * ampdb(p4) * .7
+    asound  butterhp asound, 25
             outs    asound, asound
 endin
 
@@ -65,7 +66,8 @@ instr 6                             ; electric piano
     kbark   expseg  1.6, .25, .4, 3, .2
     asound  foscili 1, p5, 1, 1, kbark
     atine   foscili .15, p5, 1, 14, kbark * .5
-    asound  =       (asound + atine * aenv) * aenv * ampdb(p4)
+    asound  butterhp asound + atine * aenv, 60
+    asound  =       asound * aenv * ampdb(p4)
     aleft   =       asound * .85
     aright  =       asound * .5
             outs    aleft, aright

@@ -18,7 +18,7 @@ instr 1                             ; a harp
     aplay   linseg  1, p3 - .05, 1, .05, 0
     kopen   expseg  1, .2, .3, 2, .1
     astring vco2    1, p4, 4, .15
-    asound  butterlp astring, p4 * 2 + 5000 * kopen * ampdb(p5 - 78)
+    asound  butterlp astring, p4 * 2 + 5000 * kopen * ampdb((p5 - 78) / 2)
     asound  =       asound * aenv * aplay * ampdb(p5)
     aleft   =       asound * sqrt(1 - p6)
     aright  =       asound * sqrt(p6)

@@ -18,8 +18,8 @@ instr 1                             ; a marimba: the bar, its two overtones, the
     aenv    expseg .01, .002, 1, p3 - .002, .001
     aover   expseg .01, .002, 1, .12, .001, 1, .001
     abar    oscili 1, p4
-    afourth oscili .4, p4 * 3.93
-    atenth  oscili .12, p4 * 9.6
+    afourth oscili .5, p4 * 3.93
+    atenth  oscili .25, p4 * 9.6
     asound  =      (abar * aenv + (afourth + atenth) * aover) * ampdb(p5)
     aleft   =      asound * sqrt(1 - p6)
     aright  =      asound * sqrt(p6)

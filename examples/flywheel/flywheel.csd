@@ -16,7 +16,7 @@ garight init 0
 instr 1                             ; a stroke
     aenv   expseg .01, .003, 1, p3 - .003, .001
     kopen  expseg 1, p3, .02
-    asound oscili ampdb(p4), p5, 1
+    asound oscili ampdb(p4) * 1.4, p5, 1
     asound tone   asound * aenv, p5 * 16 * kopen + 400
     aleft  =      asound * sqrt(1 - p6)
     aright =      asound * sqrt(p6)
@@ -30,7 +30,7 @@ instr 2                             ; a breath of wind
     kblow  linseg  .8, p3 * .5, 1.2, p3 * .5, .7
     anoise rand    ampdb(p4), .5, 1
     asound butterbp anoise, p5 * kblow, p5 * .12
-    asound =       asound * aenv * 3
+    asound =       asound * aenv * 4
     aleft  =       asound * sqrt(1 - p6)
     aright =       asound * sqrt(p6)
            outs    aleft, aright

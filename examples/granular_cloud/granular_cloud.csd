@@ -56,7 +56,7 @@ rs(1871)                            ; another seed is another cloud
 
 i1 = 7, 0, 60 {                     ; the cloud
 p2 mo(30 1 e [.12 .25] [.02 .04])   ; ever denser for 30 beats,
-   mo(30 1 l [.02 .04] [.2 .7])     ; then thinner
+   mo(30 1 e [.02 .04] [.2 .7])     ; then thinner
 p3 mo(30 1 [1000.4 1000.9] [1000.08 1000.2])    ; 1000 and more: seconds
    mo(30 1 [1000.08 1000.2] [1000.8 1001.6])
 p4 mo(30 1 s [67 72] [67 77])

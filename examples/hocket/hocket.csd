@@ -14,8 +14,9 @@ galeft  init 0                      ; what goes into the room
 garight init 0
 
 instr 1                             ; a player: plucked
-    iloud  =       ampdb(p5) * 2.6
+    iloud  =       ampdb(p5) * 3.4
     asound pluck   iloud, p4, p4, 0, 1
+    asound butterhp asound, 80              ; the string begins as noise, which has a steady part
     asound tone    asound, 5000 * ampdb(p5 - 74)
     aenv   linsegr 0, .003, 1, p3, .8, .12, 0
     asound =       asound * aenv
@@ -27,8 +28,8 @@ instr 1                             ; a player: plucked
 endin
 
 instr 2                             ; the bass
-    aenv   linsegr 0, .01, 1, p3, .4, .2, 0
-    asound oscili  ampdb(p5) * 1.3, p4, 1
+    aenv   linsegr 0, .01, 1, p3, .25, .25, 0
+    asound oscili  ampdb(p5) * 1.7, p4, 1
     asound =       asound * aenv
     aleft  =       asound * sqrt(1 - p6)
     aright =       asound * sqrt(p6)
@@ -40,7 +41,7 @@ endin
 instr 3                             ; a bell
     aenv   expseg  .01, .003, 1, p3 - .003, .001
     kring  expon   2, p3, .01
-    asound foscili ampdb(p5), p4, 1, 2.76, kring, 1
+    asound foscili ampdb(p5) * 1.3, p4, 1, 2.76, kring, 1
     asound =       asound * aenv
     aleft  =       asound * sqrt(1 - p6)
     aright =       asound * sqrt(p6)

@@ -29,7 +29,10 @@ opcode Bell, a, iii
     aoctave oscili .6, ifreq * 2.0
     ahigh   oscili .3, ifreq * 2.66
     atop    oscili .25, ifreq * 4.07
-    asound  = (ahum + aprime + abeat) * along + (athird + afifth) * amiddle + (aoctave + ahigh + atop) * ashort
+    aedge   oscili .15, ifreq * 6.28
+    aedge   =      aedge * ashort * ashort
+    asound  =      (ahum + aprime + abeat) * along + (athird + afifth) * amiddle
+    asound  =      asound + (aoctave + ahigh + atop) * ashort + aedge
             xout   asound * astrike
 endop
 

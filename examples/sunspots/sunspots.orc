@@ -11,7 +11,7 @@ garight init 0
 gaecho  init 0                      ; what is heard again
 
 instr 1                             ; the year: a tone that opens with its brightness
-    aenv    linsegr 0, .03, 1, p3 * .5, .6, p3 * .5, .25, .3, 0
+    aenv    linsegr 0, .03, 1, p3 * .5, .6, p3 * .5, .2, .1 + p3 * .2, 0
     kopen   expseg  1, .15, .6, p3, .2
     afirst  vco2    .5, p4
     asecond vco2    .5, p4 * 1.004, 10

@@ -13,7 +13,7 @@ instr 1                             ; p4 amplitude in decibels, p5 frequency in 
     kdepth linseg  0, .4, .005, 1, .005
     kvib   oscili  kdepth * p5, 5.2
     kcolour linseg 2, .1, 1, p3, .6
-    asound foscili 1, p5 + kvib, 1, 1, kcolour * ampdb(p4 - 74)
+    asound foscili 1, p5 + kvib, 1, 2, kcolour * ampdb(p4 - 74)
     asound =       asound * aenv * ampdb(p4) * 1.7
     aleft  =       asound * sqrt(1 - p6)
     aright =       asound * sqrt(p6)
@@ -24,7 +24,7 @@ endin
 
 instr 2                             ; p4 octave.pitch-class, p5 amplitude in decibels
     aenv   linsegr 0, .5, 1, p3, .5, .9, 0
-    kopen  linseg  300, p3 * .4, 1600, p3 * .6, 400
+    kopen  linseg  300, p3 * .4, 600 + 250 * (p5 - 62), p3 * .6, 400
     afirst vco2    .5, cpspch(p4)
     asecond vco2   .5, cpspch(p4) * 1.004
     asound butterlp afirst + asecond, kopen
