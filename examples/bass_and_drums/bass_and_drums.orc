@@ -15,7 +15,7 @@ instr 1                             ; bass drum: a tone that drops, and the beat
     aclick  expseg  1, .008, .001, 1, .001
     adrum   oscili  1, kdrop
     anoise  rand    .4, .5, 1
-    asound  =       (adrum * aenv + anoise * aclick) * ampdb(p4) * .7
+    asound  =       (adrum * aenv + anoise * aclick) * ampdb(p4) * .62
     asound  butterhp asound, 25
             outs    asound, asound
 endin
@@ -28,7 +28,7 @@ instr 2                             ; snare: two tones of the skin, and the wire
     ahigh   oscili  .4, p5 * 1.78
     anoise  rand    1, .5, 1
     anoise  butterhp anoise, 1500
-    asound  =       ((alow + ahigh) * askin + anoise * aenv * .7) * ampdb(p4) * .55
+    asound  =       ((alow + ahigh) * askin + anoise * aenv * .7) * ampdb(p4) * .5
     aleft   =       asound * .75
     aright  =       asound * .65
             outs    aleft, aright

@@ -23,7 +23,7 @@ instr 1                             ; a breath: it brightens as it swells
     kopen   =      p4 * 1.2 + 5000 * p6 * kenv
     asound  butterlp afirst + asecond, kopen
     asound  butterlp asound, kopen * 1.5
-    asound  =      asound * aenv * ampdb(p5)
+    asound  =      asound * aenv * ampdb(p5) * .85
     aleft   =      asound * sqrt(1 - p7)
     aright  =      asound * sqrt(p7)
             outs   aleft, aright
@@ -88,13 +88,13 @@ endin
 
 /* Beats are seconds here. A duration of 1.3 goes on into the next breath, so that one
    swells while the other sinks. The pitches are octave.pitch-class with hundredths of a
-   semitone ("opx"), since pure intervals lie between the keys: 6.09 is a, 55 hertz, 7.0402
+   semitone ("opx"), since pure intervals lie between the keys: 5.09 is a, 55 hertz, 7.0402
    its third partial, 165 hertz, a fiftieth of a semitone above the e. */
 
 i1 = 7, 0, 120 {                    ; the ground
 p2 12
 p3 1.35
-p4(hz) opx 6.09 x4  5.0198 x3  6.09
+p4(hz) opx 5.09 x4  5.0198 x3  5.09
 p5 79 81 82 83  84 84 83  82 80 77
 p6 mo(T*.5 1 .1 .5) mo(T*.5 1 .5 .05)
 p7 .5
@@ -130,7 +130,7 @@ p7 < .1 .9 .3 .7 >
 i3 = 7, 0, -4 {                     ; the gong
 p2 48 36 30 1
 p3 1018
-p4(hz) opx 6.09 5.0198 6.09 6.09
+p4(hz) opx 5.09 5.0198 5.09 5.09
 p5 78 80 80 76
 p6 .3 .5 .5 .2
 p7 .5 .4 .6 .5

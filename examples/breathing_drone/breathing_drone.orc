@@ -18,7 +18,7 @@ instr 1                             ; a breath: it brightens as it swells
     kopen   =      p4 * 1.2 + 5000 * p6 * kenv
     asound  butterlp afirst + asecond, kopen
     asound  butterlp asound, kopen * 1.5
-    asound  =      asound * aenv * ampdb(p5)
+    asound  =      asound * aenv * ampdb(p5) * .85
     aleft   =      asound * sqrt(1 - p7)
     aright  =      asound * sqrt(p7)
             outs   aleft, aright

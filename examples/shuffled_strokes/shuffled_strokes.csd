@@ -94,7 +94,7 @@ p6 se(T 1 x [.1 .3 .5 .7])          ; "x": never twice in one place
 i2 = 6, 16, -88 {                   ; skins: 22 bars of four strokes, from bar 5 on
 p2 rh se(T 1 * [4. 4. 8 8])
 p3 1000.3
-p4 se(T 1 * [83 77 74 74])
+p4 se(T 1 * [82 77 74 74])
 p5(hz) no se(T 1 x [fs2 b2 ef3])
 p6 se(T 1 x [.4 .6])
 }
@@ -127,14 +127,14 @@ p6 se(T 1 x [.1 .3 .5 .7])
 i2 = 6, 104, -9 {                   ; the end, all together
 p2 rh 8. 8. 8 8. 8. 8 8 8 4
 p3 1000.3 x8 1001
-p4 mo(-8 1 78 84) 84
+p4 mo(-8 1 77 82) 82
 p5(hz) no ef3 b2 fs2 ef3 b2 fs2 ef3 b2 d2
 p6 .5
 }
 i1 = 6, 104, -9 {
 p2 rh 8. 8. 8 8. 8. 8 8 8 4
 p3 1000.4
-p4 mo(-8 1 70 80) 80
+p4 mo(-8 1 70 79) 79
 p5(hz) no d5:d4
 p6 < .3 .7 >
 }
