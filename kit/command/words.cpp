@@ -3,6 +3,7 @@
 #include "kit/command/console.h"
 #include "kit/command/option_checks.h"
 #include "kit/command/subcommands.h"
+#include "kit/diagnose/words.h"
 #include "kit/language/word_form.h"
 #include "kit/language/words.h"
 
@@ -21,6 +22,23 @@ void append(std::vector<Word>& all, const std::vector<Word>& more) {
     all.insert(all.end(), more.begin(), more.end());
 }
 
+// What the word may have been meant to be: what others call a command, or what is nearest.
+std::vector<std::string> meant(const std::string& spelling) {
+    const std::string_view called = command_called(spelling);
+    if (!called.empty()) return {std::string(called)};
+    std::vector<std::string> names;
+    for (const Word& word : all_words()) {
+        if (word.word.size() > 1) names.push_back(word.word);
+    }
+    return nearest(spelling, names);
+}
+
+void complain_of_word(const std::string& spelling) {
+    const std::vector<std::string> names = meant(spelling);
+    const std::string question = names.empty() ? "" : " Did you mean " + either(names) + "?";
+    complain("there is no word \"" + spelling + "\"." + question + " \"vornkit words\" lists all.");
+}
+
 Outcome words(const WordsArguments& arguments) {
     Outcome outcome = Outcome::WELL;
     std::vector<Word> found;
@@ -29,7 +47,7 @@ Outcome words(const WordsArguments& arguments) {
         const std::vector<Word> spelt = words_spelt(spelling);
         append(found, spelt);
         if (!spelt.empty()) continue;
-        complain("there is no word \"" + spelling + "\". \"vornkit words\" lists all.");
+        complain_of_word(spelling);
         outcome = Outcome::WRONG_USE;
     }
     std::fputs((arguments.format == "json" ? words_json(found) : words_text(found)).c_str(), stdout);

@@ -5,6 +5,7 @@
 #include "input/characters.h"
 #include "kit/diagnose/adviser.h"
 #include "kit/diagnose/words.h"
+#include "kit/language/words.h"
 
 // Numbers as other languages write them, "1e3" and "0,9", wherever one value stands
 // for itself: in headers, in parentheses and behind "#const". A comma parts values, so
@@ -107,7 +108,7 @@ bool is_header_line(const Adviser& adviser, Stretch line) {
 // "rd(" and the like take one value.
 bool is_setting(const Site& site, std::size_t open) {
     if (open < 2) return false;
-    const auto names = two_letter_names(SETTINGS);
+    const auto names = command_names(WordKind::SETTING);
     return std::find(names.begin(), names.end(), std::string(site.of({open - 2, open}))) != names.end();
 }
 

@@ -5,6 +5,7 @@
 #include "kit/diagnose/adviser.h"
 #include "kit/diagnose/note_names.h"
 #include "kit/diagnose/words.h"
+#include "kit/language/words.h"
 
 // Words among the values of a statement that are none.
 
@@ -25,7 +26,7 @@ Stretch last_type_place(const Site& site) {
     const CodeBefore code = code_before(site);
     const auto statement = statement_around(site);
     const std::size_t first = statement ? statement->end - code.offset : 0;
-    const auto types = two_letter_names(INPUT_TYPES);
+    const auto types = command_names(WordKind::INPUT_TYPE);
     for (std::size_t at = code.text.size(); at-- > first + 1;) {
         const std::string name = {to_lower(code.text[at - 1]), to_lower(code.text[at])};
         const bool is_word = at < 2 || !is_letter(code.text[at - 2]);
@@ -41,13 +42,13 @@ std::string last_type(const Site& site) {
 }
 
 // What may stand before "(": settings where one value is in the parentheses, else generators.
-std::string_view called_commands(const Site& site, Stretch name) {
+std::vector<std::string> called_commands(const Site& site, Stretch name) {
     const std::size_t open = next_visible(site.text, name.end);
     const std::size_t close = site.text.substr(0, line_around(site.text, open).end).find(')', open);
-    if (close == std::string_view::npos) return GENERATORS;
+    if (close == std::string_view::npos) return command_names(WordKind::GENERATOR);
     const std::size_t first = next_visible(site.text, open + 1);
     const std::size_t behind = next_visible(site.text, word_at(site.text, first).end);
-    return behind >= close ? SETTINGS : GENERATORS;
+    return command_names(behind >= close ? WordKind::SETTING : WordKind::GENERATOR);
 }
 
 // "P3" for "p3", as a statement and in an equation.
@@ -215,19 +216,20 @@ bool advise_output_type(Adviser& adviser) {
 }
 
 // Words with "(" are generators and settings; before values there are input types.
-std::string_view possible_commands(const Adviser& adviser) {
+std::vector<std::string> possible_commands(const Adviser& adviser) {
     const Site& site = adviser.site;
     if (is_called(adviser)) return called_commands(site, adviser.mark);
     const char next = site[next_visible(site.text, adviser.mark.end)];
     const bool is_number = is_digit(next) || next == '.' || next == '-';
-    return is_number && adviser.word().size() == 2 ? INPUT_TYPES : STATEMENT_COMMANDS;
+    const bool is_type = is_number && adviser.word().size() == 2;
+    return is_type ? command_names(WordKind::INPUT_TYPE) : two_letter_names(STATEMENT_COMMANDS);
 }
 
 bool advise_misspelt(Adviser& adviser) {
     const std::string word(adviser.word());
     if (word.empty() || !is_letter(word[0])) return false;
     const std::string known(command_called(word));
-    const auto candidates = two_letter_names(possible_commands(adviser));
+    const auto candidates = possible_commands(adviser);
     const auto names = known.empty() ? nearest(word, candidates) : std::vector<std::string>{known};
     if (names.empty() || names.size() > 4) return false;
     if (names.size() == 1) adviser.edit(adviser.mark, names[0]);

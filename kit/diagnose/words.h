@@ -9,13 +9,6 @@
 
 namespace vorn::kit {
 
-// Commands of statements that are called with "(", by what is said where it is missing.
-inline constexpr std::string_view GENERATORS = "exhomomsrarwses2";
-inline constexpr std::string_view SETTINGS = "dvpfrdrs";
-
-// Commands of statements that say how the values behind them are read.
-inline constexpr std::string_view INPUT_TYPES = "dbinnooprerh";
-
 // Those of `names` that are nearest to the word, if they are near enough to be meant; upper and
 // lower case are alike.
 [[nodiscard]] std::vector<std::string> nearest(std::string_view word, const std::vector<std::string>& names);

@@ -98,6 +98,15 @@ std::vector<Word> words_of(WordKind kind) {
     return words;
 }
 
+std::vector<std::string> command_names(WordKind kind) {
+    std::vector<std::string> names;
+    for (const CommandRow& row : command_rows()) {
+        if (row.kind == kind) names.emplace_back(command_name(row.code));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 std::vector<Word> words_spelt(std::string_view spelling) {
     std::vector<Word> words = all_words();
     std::erase_if(words, [spelling](const Word& word) {

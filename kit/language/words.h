@@ -14,6 +14,9 @@ namespace vorn::kit {
 // The words of one kind.
 [[nodiscard]] std::vector<Word> words_of(WordKind kind);
 
+// The names of two letters of one kind, as the engine has them, in alphabetical order.
+[[nodiscard]] std::vector<std::string> command_names(WordKind kind);
+
 // All words of this spelling; upper and lower case are alike where they mean the same.
 [[nodiscard]] std::vector<Word> words_spelt(std::string_view spelling);
 

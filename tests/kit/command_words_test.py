@@ -59,6 +59,8 @@ class Words(CommandTest):
         self.assertEqual(done.returncode, 2)
         self.assertEqual(done.stderr, 'vornkit: there is no word "qq". "vornkit words" lists all.\n')
         self.assertIn("One value held.", done.stdout)
+        self.assertIn("Did you mean `ra`?", self.vornkit("words", "random").stderr)
+        self.assertIn("Did you mean `#define`?", self.vornkit("words", "#defien").stderr)
         self.assertEqual(self.vornkit("words", "T").returncode, 0)
         self.assertEqual(self.vornkit("words", "").returncode, 2)
         self.assertEqual(self.vornkit("words", "--format", "xml").returncode, 2)

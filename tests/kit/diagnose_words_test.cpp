@@ -2,27 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "blocks/commands.h"
 #include "kit/diagnose/note_names.h"
-#include "table_sources.h"
 
 namespace vorn::kit {
 
 namespace {
 
 using Names = std::vector<std::string>;
-
-// The error that a command of a statement ends in when no "(" follows it.
-int error_without_parenthesis(const std::string& command) {
-    const ScoreRun run = test::run_text("i1 = 4 0 4 {\np2 1 p3 1\np4 " + command + " ! }\n");
-    return run.messages.empty() ? 0 : run.messages.back().number;
-}
-
-bool has(const Names& names, const std::string& name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 }  // namespace
 
@@ -51,18 +37,6 @@ TEST(NumberIn, TakesTheWholeWord) {
     EXPECT_EQ(number_in("0x10"), std::nullopt);
     EXPECT_EQ(number_in("inf"), std::nullopt);
     EXPECT_EQ(number_in(""), std::nullopt);
-}
-
-// What the engine says of a name without "(" tells what kind of command it is.
-TEST(CalledCommands, AreThoseThatTheEngineCalls) {
-    constexpr int DDF_WITHOUT_PARENTHESIS = 36;
-    constexpr int COMMAND_WITHOUT_PARENTHESIS = 96;
-    for (const std::string& name : two_letter_names(STATEMENT_COMMANDS)) {
-        const int error = error_without_parenthesis(name);
-        EXPECT_EQ(has(two_letter_names(GENERATORS), name), error == DDF_WITHOUT_PARENTHESIS) << name << error;
-        EXPECT_EQ(has(two_letter_names(SETTINGS), name), error == COMMAND_WITHOUT_PARENTHESIS)
-            << name << error;
-    }
 }
 
 TEST(NoteFromElsewhere, KnowsSignsTrackersAndGermanNames) {
