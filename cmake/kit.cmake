@@ -16,9 +16,16 @@ list(REMOVE_ITEM kit_command_sources ${PROJECT_SOURCE_DIR}/kit/command/main.cpp)
 add_library(vorn_kit STATIC ${kit_sources})
 target_include_directories(vorn_kit PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(vorn_kit PUBLIC vorn_core PRIVATE nlohmann_json::nlohmann_json)
-target_compile_definitions(vorn_kit PRIVATE JSON_NOEXCEPTION)
+target_compile_definitions(vorn_kit PRIVATE JSON_NOEXCEPTION
+    JSON_HAS_FILESYSTEM=0 JSON_HAS_EXPERIMENTAL_FILESYSTEM=0)  # which not every C++ library has
 target_compile_options(vorn_kit PRIVATE -fno-exceptions
     $<$<BOOL:${VORN_FUZZ}>:-fsanitize=fuzzer-no-link>)
+
+# A platform without processes has the library, and its module for pages.
+if(CMAKE_SYSTEM_NAME STREQUAL Generic)
+    include(cmake/web_engine.cmake)
+    return()
+endif()
 
 # What the command is made of is a library, too, so that tests can link it.
 add_library(vorn_kit_command STATIC ${kit_command_sources})

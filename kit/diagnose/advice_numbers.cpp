@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 #include "input/characters.h"
 #include "kit/diagnose/adviser.h"
 #include "kit/diagnose/words.h"
 #include "kit/language/words.h"
+#include "kit/run/decimal_text.h"
 
 // Numbers as other languages write them, "1e3" and "0,9", wherever one value stands
 // for itself: in headers, in parentheses and behind "#const". A comma parts values, so
@@ -22,12 +22,6 @@ constexpr std::size_t LONGEST_RANGE = 512;  // bytes that are looked through
 
 // --- exponents ---
 
-std::string without_exponent(double value) {
-    char digits[400];
-    const auto written = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
-    return written.ec == std::errc() ? std::string(digits, written.ptr) : std::string();
-}
-
 bool has_exponent(std::string_view word) {
     return number_in(word).has_value() && word.find_first_of("eE") != std::string_view::npos;
 }
@@ -39,8 +33,8 @@ bool tell_exponent(Adviser& adviser, Stretch where) {
     if (!(size < 1e15) || (size < 1e-7 && size > 0)) {
         return adviser.help("numbers have no exponent; write all digits");
     }
-    adviser.edit(where, without_exponent(value));
-    return adviser.help("numbers have no exponent; write " + without_exponent(value));
+    adviser.edit(where, shortest_decimal_text(value));
+    return adviser.help("numbers have no exponent; write " + shortest_decimal_text(value));
 }
 
 // The first word with an exponent in what is marked, which may be a whole call.

@@ -1,11 +1,11 @@
 #include "kit/orchestra/built_in.h"
 
-#include <charconv>
 #include <cstring>
 #include <map>
 
 #include "kit/orchestra/plain_notes.h"
 #include "kit/orchestra/timbres.h"
+#include "kit/run/decimal_text.h"
 
 // The instruments add to one pair of channels; the last one bends peaks above
 // three quarters of the scale and writes them out, so that nothing clips.
@@ -34,11 +34,8 @@ std::map<int, int> numbers_of(const ScoreRun& run) {
 }
 
 void add_number(std::string& text, double value, int decimals) {
-    char digits[400];
-    const std::to_chars_result end =
-        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
     text += ' ';
-    text.append(digits, end.ptr);
+    text += decimal_text(value, decimals);
 }
 
 void add_note(std::string& text, const PlainNote& note, int instrument) {

@@ -1,11 +1,11 @@
 #include "kit/picture/scale.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <initializer_list>
 
+#include "kit/run/decimal_text.h"
 #include "kit/run/logarithms.h"
 
 // Ticks are multiples of a step, counted as whole numbers, so that no sum of steps
@@ -27,12 +27,6 @@ double first_of(std::initializer_list<double> steps, double least) {
         if (step >= least) return step;
     }
     return 0;
-}
-
-std::string with_digits(double value, std::chars_format format, int digits) {
-    char text[64];
-    const auto end = std::to_chars(text, text + sizeof text, value, format, digits).ptr;
-    return {text, end};
 }
 
 // The whole multiples of `step` within the scale, as numbers of steps.
@@ -69,14 +63,14 @@ std::string step_label(double value, double step) {
     if (value == 0) return "0";
     if (std::fabs(value) >= LARGEST_PLAIN || step < SMALLEST_PLAIN) return short_number(value);
     const int digits = -decimal_exponent(step * (1 + 1e-9));
-    return with_digits(value, std::chars_format::fixed, std::max(0, digits));
+    return decimal_text(value, std::max(0, digits));
 }
 
 std::string short_number(double value) {
     if (value == 0) return "0";
     const double size = std::fabs(value);
-    if (size >= 1000 && size < LARGEST_PLAIN) return with_digits(value, std::chars_format::fixed, 0);
-    return with_digits(value, std::chars_format::general, 4);
+    if (size >= 1000 && size < LARGEST_PLAIN) return decimal_text(value, 0);
+    return significant_text(value, 4);
 }
 
 std::string counted(std::size_t count, const std::string& one) {

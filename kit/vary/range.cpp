@@ -1,8 +1,10 @@
 #include "kit/vary/range.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
+
+#include "kit/run/decimal_text.h"
 
 #include "kit/run/logarithms.h"
 
@@ -23,8 +25,7 @@ std::size_t decimals_of(const std::string& number) {
 
 bool read_end(const std::string& text, double& value) {
     if (!is_plain_number(text)) return false;
-    const char* const first = text.c_str() + (text[0] == '+' ? 1 : 0);
-    std::from_chars(first, text.c_str() + text.size(), value);
+    value = std::strtod(text.c_str(), nullptr);
     return std::fabs(value) <= LARGEST;
 }
 
@@ -79,11 +80,8 @@ Assignment read_assignment(const std::string& text) {
 std::string range_value(const Range& range, std::size_t index, std::size_t count) {
     const double part = count > 1 ? static_cast<double>(index) / static_cast<double>(count - 1) : 0;
     const double value = range.from + (range.to - range.from) * part;
-    char digits[64];
-    const auto written =
-        std::to_chars(digits, digits + sizeof digits, range.is_whole ? std::round(value) : value,
-                      std::chars_format::fixed, static_cast<int>(needed_decimals(range, count)));
-    return without_noughts({digits, written.ptr});
+    return without_noughts(decimal_text(range.is_whole ? std::round(value) : value,
+                                        static_cast<int>(needed_decimals(range, count))));
 }
 
 std::size_t whole_numbers(const Range& range) {

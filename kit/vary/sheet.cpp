@@ -1,11 +1,11 @@
 #include "kit/vary/sheet.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <map>
 
 #include "kit/picture/svg_writer.h"
+#include "kit/run/decimal_text.h"
 #include "kit/vary/sheet_parts.h"
 
 // Every picture fills its own frame; the page puts it on the part that it covers of a
@@ -27,12 +27,7 @@ struct Counts {
     std::size_t sounds = 0;
 };
 
-std::string percent(double part) {
-    char digits[32];
-    const auto written =
-        std::to_chars(digits, digits + sizeof digits, part * 100, std::chars_format::fixed, 2);
-    return std::string(digits, written.ptr) + "%";
-}
+std::string percent(double part) { return decimal_text(part * 100, 2) + "%"; }
 
 // "0:07", "2:05"
 std::string minutes(double seconds) {

@@ -1,0 +1,85 @@
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+#include "kit/diagnose/explanation_form.h"
+#include "web/vorn-wasm/engine/answer.h"
+#include "web/vorn-wasm/engine/expanded_lines.h"
+
+// What the module offers. A caller puts texts into the module's memory, calls, and
+// reads the answer before it calls again:
+//
+//     address = vorn_allocate(size), bytes are written there
+//     vorn_compile(address, size), vorn_release(address)
+//     vorn_answer(), vorn_answer_size(): the answer
+//
+// The module has one engine and one compilation at a time. A text passed in belongs
+// to the caller.
+
+namespace vorn::web {
+
+namespace {
+
+Compilation last_compilation;
+SaidTexts last_command;
+std::string answer;
+int is_out_of_memory = 0;  // 1: the module has ended for want of memory
+
+[[noreturn]] void end_for_want_of_memory() {
+    is_out_of_memory = 1;
+    __builtin_trap();
+}
+
+std::vector<std::string> split(std::string_view text) {
+    std::vector<std::string> parts;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\0');
+        parts.emplace_back(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return parts;
+}
+
+}  // namespace
+
+#define VORN_EXPORT(name) extern "C" __attribute__((export_name(#name))) auto name
+
+VORN_EXPORT(vorn_begin)()->void { std::set_new_handler(end_for_want_of_memory); }
+VORN_EXPORT(vorn_is_out_of_memory)()->int { return is_out_of_memory; }
+VORN_EXPORT(vorn_allocate)(std::size_t size)->void* { return std::malloc(size > 0 ? size : 1); }
+VORN_EXPORT(vorn_release)(void* address)->void { std::free(address); }
+VORN_EXPORT(vorn_answer)()->const char* { return answer.data(); }
+VORN_EXPORT(vorn_answer_size)()->std::size_t { return answer.size(); }
+
+VORN_EXPORT(vorn_compile)(const char* request, std::size_t size)->void {
+    last_compilation = {};
+    answer = {};
+    last_compilation = compile(read_request({request, size}));
+    answer = compilation_answer(last_compilation);
+}
+
+// Arguments end with a NUL byte each.
+VORN_EXPORT(vorn_run)(const char* arguments, std::size_t size)->void {
+    last_command = run_vorn(split({arguments, size}), nullptr);
+    answer = command_answer(last_command);
+}
+
+VORN_EXPORT(vorn_expanded_lines)(const char* file, std::size_t size, std::size_t line)->void {
+    answer = texts_answer(expanded_lines(last_compilation.run, {file, size}, line));
+}
+
+VORN_EXPORT(vorn_performance)(const char* output, std::size_t size)->void {
+    const kit::PerformanceReport report = kit::read_performance({output, size}, last_compilation.run);
+    answer = performance_answer(report, last_compilation.run.map);
+}
+
+VORN_EXPORT(vorn_explain)(const char* code, std::size_t size)->void {
+    const std::string full = kit::code_in_full({code, size});
+    const auto explanation = kit::find_explanation(full);
+    answer =
+        kit::explanations_json(explanation ? std::vector{*explanation} : std::vector<kit::Explanation>());
+}
+
+VORN_EXPORT(vorn_explanations)()->void { answer = kit::explanations_json(kit::all_explanations()); }
+
+}  // namespace vorn::web
