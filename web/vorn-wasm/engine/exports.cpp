@@ -3,6 +3,8 @@
 #include <new>
 
 #include "kit/diagnose/explanation_form.h"
+#include "kit/language/word_form.h"
+#include "kit/language/words.h"
 #include "web/vorn-wasm/engine/answer.h"
 #include "web/vorn-wasm/engine/expanded_lines.h"
 
@@ -80,6 +82,7 @@ VORN_EXPORT(vorn_explain)(const char* code, std::size_t size)->void {
         kit::explanations_json(explanation ? std::vector{*explanation} : std::vector<kit::Explanation>());
 }
 
+VORN_EXPORT(vorn_words)()->void { answer = kit::words_json(kit::all_words()); }
 VORN_EXPORT(vorn_explanations)()->void { answer = kit::explanations_json(kit::all_explanations()); }
 
 }  // namespace vorn::web

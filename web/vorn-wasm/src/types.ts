@@ -66,8 +66,8 @@ export interface Result {
     readonly tempo: TempoCurve;
     readonly constants: readonly Constant[];
     readonly macros: readonly Macro[];
-    /** Where the first seed stands or, without one, where it would be written. */
-    readonly seed: Seed;
+    /** Where the first seed stands or would be written; null where it cannot be replaced. */
+    readonly seed: Seed | null;
     /** The files that were read, by the names under which they were found. */
     readonly sources: readonly string[];
     /** Names under which an included file was looked for and not found. */
@@ -117,7 +117,7 @@ export interface Diagnostic {
     /** The line, or of a long one what stands around the mark. */
     readonly source: Excerpt | null;
     /** Where the place came out of macros or constants. */
-    readonly expansion: { readonly line: Excerpt; readonly calls: readonly Call[] } | null;
+    readonly expansion: ExpansionOf | null;
     readonly notes: readonly { readonly text: string; readonly place: Place | null }[];
     /** What to write, one idea each. */
     readonly advice: readonly string[];
@@ -132,6 +132,15 @@ export interface Excerpt {
     readonly text: string;
     readonly column: number;
     readonly endColumn: number;
+}
+
+/** The line that the mark stands in once calls have given way to their texts, and lines around it. */
+export interface ExpansionOf {
+    readonly before: readonly string[];
+    readonly line: Excerpt;
+    readonly after: readonly string[];
+    /** The outermost first. */
+    readonly calls: readonly Call[];
 }
 
 export interface Call {
@@ -157,6 +166,7 @@ export interface Block {
     readonly header: Place | null;
     /** Behind the "}". */
     readonly end: Place | null;
+    // Of these four one that is not finite is NaN.
     readonly startBeat: number;
     /** Beats; below 0 minus the number of events. */
     readonly length: number;
@@ -247,12 +257,6 @@ export interface BuiltIn {
     readonly score: string;
 }
 
-/** A line of a file after macros and constants; several where it was read several times. */
-export interface ExpandedLine {
-    readonly text: string;
-    readonly calls: readonly Call[];
-}
-
 /** What Csound printed during a performance, with the blocks that it is about. */
 export interface PerformanceReport {
     readonly diagnostics: readonly Diagnostic[];
@@ -278,6 +282,21 @@ export interface Explanation {
     readonly unprovoked?: string;
 }
 
+/** A word of the language. One spelling may be several words: what it is says where it may stand. */
+export interface Word {
+    readonly word: string;
+    /** "generator", "input-type", "curve" ... */
+    readonly kind: string;
+    /** The form in which it is written, with what belongs to it. */
+    readonly signature: string;
+    readonly text: string;
+    readonly example: string;
+    /** Upper-case letters mean the same. */
+    readonly any_case: boolean;
+    /** That may directly follow the word: "0-7". */
+    readonly digits?: string;
+}
+
 /** A run of the command `vorn`, file by file. */
 export interface CommandResult {
     readonly status: number;
@@ -291,8 +310,9 @@ export interface CommandResult {
 /** The engine in the same thread (`loadVorn`). */
 export interface Vorn {
     compile(files: Files, options?: CompileOptions): Result;
-    /** A line of the last compilation, after macros and constants. Lines count from 1. */
-    expandedLines(file: string, line: number): ExpandedLine[];
+    /** A line of the last compilation, after macros and constants, once for each time that it was
+     * read. Lines count from 1. */
+    expandedLines(file: string, line: number): string[];
     /** What Csound (-m4) printed while it performed the last compilation. */
     performance(output: string): PerformanceReport;
     /** Null: there is no such code. "e27", "27" and "[E27]" are "E27". */
@@ -300,12 +320,15 @@ export interface Vorn {
     /** All codes, in the order of a table. */
     explanations(): Explanation[];
     /** The words of the language, as `vornkit words --format json` prints them. */
-    words(): unknown;
+    words(): Word[];
     /** The command itself: `vorn.run(files, ['-m', 'in.vorn', 'out.mid'])`. */
     run(files: Files, args: readonly string[]): CommandResult;
     /** Bytes of memory that the engine holds. */
     readonly memoryBytes: number;
 }
+
+/** What can be asked of an engine. */
+export type VornMethods = Omit<Vorn, 'memoryBytes'>;
 
 type Promised<Call> = Call extends (...args: infer Arguments) => infer Value
     ? (...args: Arguments) => Promise<Value>
