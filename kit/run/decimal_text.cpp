@@ -26,6 +26,8 @@ std::string decimal_text(double value, int decimals) { return printed("%.*f", de
 
 std::string significant_text(double value, int digits) { return printed("%.*g", digits, value); }
 
+std::string scientific_text(double value) { return printed("%.*e", DBL_DECIMAL_DIG - 1, value); }
+
 std::string shortest_decimal_text(double value) {
     int decimals = 0;
     std::string text = decimal_text(value, decimals);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <musl/portable_math.h>
-#include <charconv>
+#include <cstdlib>
 #include <numbers>
-#include <string_view>
+#include <string>
+
+#include "kit/run/decimal_text.h"
 
 // Logarithms and powers whose every bit is the same on every machine, since what is
 // computed with them is written into files.
@@ -23,14 +25,8 @@ namespace vorn::kit {
 
 // The power of ten of the first digit of a number above 0: 3 for 1000, 2 for 999.9, -1 for 0.1.
 [[nodiscard]] inline int decimal_exponent(double number) {
-    char text[32];
-    const char* const end =
-        std::to_chars(text, text + sizeof text, number, std::chars_format::scientific).ptr;
-    const std::string_view written(text, static_cast<std::size_t>(end - text));
-    const std::size_t sign = written.find('e') + 1;
-    int exponent = 0;
-    std::from_chars(text + sign + (written[sign] == '+' ? 1 : 0), end, exponent);
-    return exponent;
+    const std::string written = scientific_text(number);
+    return std::atoi(written.c_str() + written.find('e') + 1);
 }
 
 }  // namespace vorn::kit

@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "kit/run/decimal_text.h"
-
 #include "kit/run/logarithms.h"
 
 // Values between the ends get two digits more than it takes to tell neighbours apart,

@@ -23,6 +23,12 @@ TEST(DecimalText, HasTheDigitsThatAreWanted) {
     EXPECT_EQ(significant_text(100, 4), "100");
 }
 
+TEST(DecimalText, HasAllDigitsOfAPower) {
+    EXPECT_EQ(scientific_text(1000), "1.0000000000000000e+03");
+    EXPECT_EQ(scientific_text(999.9), "9.9989999999999998e+02");
+    EXPECT_EQ(scientific_text(0.1), "1.0000000000000001e-01");
+}
+
 TEST(DecimalText, IsAsShortAsTheValueAllows) {
     EXPECT_EQ(shortest_decimal_text(1e3), "1000");
     EXPECT_EQ(shortest_decimal_text(1e-3), "0.001");
