@@ -4,7 +4,7 @@
 set(COMPILED_AS_ONE src/input src/preproc src/blocks src/generators src/output
     kit/run kit/events kit/midi kit/orchestra kit/vary kit/command)
 # Files of these whose inner names meet those of a neighbour.
-set(STANDING_ALONE file_watcher keep_variants midi new picture play vary worker_processes)
+set(STANDING_ALONE file_watcher vary worker_processes)
 
 function(compile_by_folder target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
