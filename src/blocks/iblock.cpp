@@ -68,7 +68,8 @@ int end_block(Reader& reader, bool command_pending) {
 }
 
 int do_header(Reader& reader) {
-    if (reader.observer != nullptr) reader.observer->on_header(place(reader));
+    reader.header = place(reader);
+    if (reader.observer != nullptr) reader.observer->on_header(reader.header);
     const int result = do_p1(reader);
     if (result == SKIPPED_BLOCK) warning_no(warning::BLOCK_SKIPPED, reader);
     return result;

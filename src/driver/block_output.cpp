@@ -62,12 +62,12 @@ Written write_midi() {
     return Written::BLOCK;
 }
 
-void tell_block(const Reader& reader, const LinePlace& begin, int block_number) {
+void tell_block(const Reader& reader, int block_number) {
     Block block;
     block.number = block_number;
     block.instrument = I_NO;
     block.is_midi = MKMIDI != 0;
-    block.begin = begin;
+    block.begin = reader.header;
     block.end = place(reader);
     if (I_NO >= 0) describe_block(block);
     reader.observer->on_block(block);
@@ -86,11 +86,10 @@ void report_block(int block_number) {
 }  // namespace
 
 int do_iblock(Reader& reader, int& block_number) {
-    const LinePlace begin = place(reader);
-    const bool is_block = reader.text[reader.pos] == 'i';  // else the score ends here
+    reader.header = {};
     const int result = parse_iblock(reader);
     if (result > 0) return result;
-    if (is_block && reader.observer != nullptr) tell_block(reader, begin, block_number);
+    if (reader.header.line > 0 && reader.observer != nullptr) tell_block(reader, block_number);
     const bool score = !MKMIDI && note_list != nullptr;
     const Written written = score ? write_score(block_number) : write_midi();
     free_output_settings();

@@ -24,6 +24,7 @@ struct Reader {
     std::uint64_t line = 0;       // lines read so far; 1 after the first
 
     Observer* observer = nullptr;  // who is told what is read; null: nobody
+    LinePlace header;              // of the block at hand; line 0: none has been read
 };
 
 inline LinePlace place(const Reader& reader) { return {reader.line, reader.pos}; }
