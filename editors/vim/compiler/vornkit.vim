@@ -5,6 +5,8 @@ if exists('current_compiler')
   finish
 endif
 let current_compiler = 'vornkit'
+let s:cpo_save = &cpo
+set cpo&vim
 
 CompilerSet makeprg=vornkit\ check\ %:S
 
@@ -14,3 +16,6 @@ CompilerSet errorformat=%f:%l:%c:\ %trror:\ %m,
       \%f:%l:%c:\ %tarning:\ %m,
       \%f:%l:%c:\ %tote:\ %m,
       \%-G%.%#
+
+let &cpo = s:cpo_save
+unlet s:cpo_save

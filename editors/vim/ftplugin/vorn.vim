@@ -7,6 +7,8 @@ if exists('b:did_ftplugin')
   finish
 endif
 let b:did_ftplugin = 1
+let s:cpo_save = &cpo
+set cpo&vim
 
 setlocal comments=:;
 setlocal commentstring=;\ %s
@@ -21,3 +23,6 @@ compiler vornkit
 
 let b:undo_ftplugin = 'setlocal comments< commentstring< formatoptions< iskeyword< matchpairs<'
       \ . ' include< define< keywordprg< suffixesadd< makeprg< errorformat<'
+
+let &cpo = s:cpo_save
+unlet s:cpo_save

@@ -30,10 +30,15 @@ def wrapped_prose(text):
 
 def from_template(path, form, words):
     template = (TEMPLATES / pathlib.Path(path).name).read_text()
-    made = re.sub(r"\{\{(\w+) ([a-z:+-]+)\}\}", lambda found: getattr(form, found[1])(words, found[2]), template)
+    made = re.sub(r"\{\{(\w+) ([a-z:+-]+)\}\}",
+                  lambda found: getattr(form, found[1])(words, found[2]), template)
     if path.endswith(".json"):
         return json.dumps(json.loads(made), indent=4, ensure_ascii=False) + "\n"
     return wrapped_prose(made) if form is forms.Man else made
+
+
+def read(path):
+    return pathlib.Path(path).read_text() if pathlib.Path(path).is_file() else None
 
 
 def main():
@@ -44,7 +49,7 @@ def main():
         for path, text in files.items():
             pathlib.Path(path).write_text(text)
         return 0
-    other = [path for path, text in files.items() if not pathlib.Path(path).is_file() or pathlib.Path(path).read_text() != text]
+    other = [path for path, text in files.items() if read(path) != text]
     for path in other:
         print(f"{path} is not what vornkit words makes of it: run scripts/words", file=sys.stderr)
     return 1 if other else 0
