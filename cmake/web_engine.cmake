@@ -11,4 +11,3 @@ target_link_options(vorn_engine PRIVATE -mexec-model=reactor
 # What is not the engine itself is made small rather than fast.
 target_compile_options(vorn_kit PRIVATE -Oz)
 target_compile_options(vorn_engine PRIVATE -Oz)
-set_target_properties(vorn_kit vorn_engine PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)

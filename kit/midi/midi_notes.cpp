@@ -151,9 +151,9 @@ void remark_losses(MidiNotes& result, const Losses& losses) {
 void remark_absent(std::vector<std::string>& remarks, const std::vector<MidiTrack>& tracks,
                    const std::map<int, int>& assigned, const std::string& what) {
     for (const auto& [instrument, number] : assigned) {
-        const bool is_there = std::any_of(tracks.begin(), tracks.end(), [&](const MidiTrack& track) {
-            return track.instrument == instrument;
-        });
+        const bool is_there =
+            std::any_of(tracks.begin(), tracks.end(),
+                        [wanted = instrument](const MidiTrack& track) { return track.instrument == wanted; });
         if (is_there) continue;
         remarks.push_back("the score has no instrument " + std::to_string(instrument) + " for " + what + " " +
                           std::to_string(number));
