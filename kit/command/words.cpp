@@ -3,15 +3,25 @@
 #include "kit/command/console.h"
 #include "kit/command/option_checks.h"
 #include "kit/command/subcommands.h"
+#include "kit/diagnose/plain_words.h"
 #include "kit/diagnose/words.h"
 #include "kit/language/word_form.h"
 #include "kit/language/words.h"
 
-// vornkit words: the words of the language, for people and for editors.
+// vornkit words: the words of the language, for people and for editors. A word is shown
+// in its form, which tells more than its name:
+//
+//     Generators in a statement
+//       ra(time weight range ...)
+//           Random values.
 
 namespace vorn::kit {
 
 namespace {
+
+constexpr std::size_t WIDTH = 78;
+constexpr std::string_view FORM_INDENT = "  ";
+constexpr std::string_view TEXT_INDENT = "      ";
 
 struct WordsArguments {
     std::vector<std::string> words;
@@ -20,6 +30,29 @@ struct WordsArguments {
 
 void append(std::vector<Word>& all, const std::vector<Word>& more) {
     all.insert(all.end(), more.begin(), more.end());
+}
+
+// A word that its form does not begin with stands before it.
+std::string shown_form(const Word& word) {
+    const bool begins = word.signature.compare(0, word.word.size(), word.word) == 0;
+    return begins ? word.signature : word.word + "  as in " + word.signature;
+}
+
+std::string shown_word(const Word& word) {
+    return std::string(FORM_INDENT) + shown_form(word) + "\n" +
+           indented(wrapped(word.text, WIDTH - TEXT_INDENT.size()), TEXT_INDENT);
+}
+
+// Below the title of their kind, as the words of a kind follow each other.
+void print_list(const std::vector<Word>& words) {
+    const Word* before = nullptr;
+    for (const Word& word : words) {
+        if (before == nullptr || before->kind != word.kind) {
+            std::printf("%s%s\n", before == nullptr ? "" : "\n", std::string(kind_title(word.kind)).c_str());
+        }
+        std::fputs(shown_word(word).c_str(), stdout);
+        before = &word;
+    }
 }
 
 // What the word may have been meant to be: what others call a command, or what is nearest.
@@ -50,7 +83,11 @@ Outcome words(const WordsArguments& arguments) {
         complain_of_word(spelling);
         outcome = Outcome::WRONG_USE;
     }
-    std::fputs((arguments.format == "json" ? words_json(found) : words_text(found)).c_str(), stdout);
+    if (arguments.format == "json") {
+        std::fputs(words_json(found).c_str(), stdout);
+    } else {
+        print_list(found);
+    }
     return outcome;
 }
 

@@ -5,16 +5,17 @@ import re
 import sys
 import textwrap
 
-import forms
+import listings
+import regular_expressions
 import snippets
 from word_list import WordList
 
 TEMPLATES = pathlib.Path("scripts/lib/words")
 MADE_FROM_TEMPLATES = [
-    ("editors/vscode/syntaxes/vorn.tmLanguage.json", forms.TextMate),
-    ("editors/vim/syntax/vorn.vim", forms.Vim),
-    ("editors/emacs/vorn-words.el", forms.Emacs),
-    ("man/vorn.5", forms.Man),
+    ("editors/vscode/syntaxes/vorn.tmLanguage.json", regular_expressions.TextMate),
+    ("editors/vim/syntax/vorn.vim", regular_expressions.Vim),
+    ("editors/emacs/vorn-words.el", listings.Emacs),
+    ("man/vorn.5", listings.Man),
 ]
 SNIPPETS = "editors/vscode/snippets/vorn.json"
 
@@ -34,7 +35,7 @@ def from_template(path, form, words):
                   lambda found: getattr(form, found[1])(words, found[2]), template)
     if path.endswith(".json"):
         return json.dumps(json.loads(made), indent=4, ensure_ascii=False) + "\n"
-    return wrapped_prose(made) if form is forms.Man else made
+    return wrapped_prose(made) if form is listings.Man else made
 
 
 def read(path):
