@@ -4,7 +4,7 @@
 </CsOptions>
 <CsInstruments>
 sr = 44100
-ksmps = 32
+ksmps = 64
 nchnls = 2
 0dbfs = 32768
 
@@ -18,21 +18,19 @@ garight init 0
 opcode Bell, a, iii
     ifreq, istroke, ilong xin
     astrike cosseg 0, istroke, 1
-    along   expon  1, ilong, .001
-    amiddle expon  1, ilong * .7, .001
-    ashort  expon  1, ilong * .4, .001
-    ahum    oscili .5, ifreq * .5
-    aprime  oscili .8, ifreq
-    abeat   oscili .5, ifreq * 1.0021
-    athird  oscili .5, ifreq * 1.19
-    afifth  oscili .25, ifreq * 1.506
-    aoctave oscili .6, ifreq * 2.0
-    ahigh   oscili .3, ifreq * 2.66
-    atop    oscili .25, ifreq * 4.07
-    aedge   oscili .15, ifreq * 6.28
-    aedge   =      aedge * ashort * ashort
-    asound  =      (ahum + aprime + abeat) * along + (athird + afifth) * amiddle
-    asound  =      asound + (aoctave + ahigh + atop) * ashort + aedge
+    klong   expon  1, ilong, .001
+    kmiddle expon  1, ilong * .7, .001
+    kshort  expon  1, ilong * .4, .001
+    ahum    oscili .5 * klong, ifreq * .5
+    aprime  oscili .8 * klong, ifreq
+    abeat   oscili .5 * klong, ifreq * 1.0021
+    athird  oscili .5 * kmiddle, ifreq * 1.19
+    afifth  oscili .25 * kmiddle, ifreq * 1.506
+    aoctave oscili .6 * kshort, ifreq * 2
+    ahigh   oscili .3 * kshort, ifreq * 2.66
+    atop    oscili .25 * kshort, ifreq * 4.07
+    aedge   oscili .15 * kshort * kshort, ifreq * 6.28
+    asound  =      ahum + aprime + abeat + athird + afifth + aoctave + ahigh + atop + aedge
             xout   asound * astrike
 endop
 
@@ -84,7 +82,7 @@ rs(11)                              ; the same unevenness in every run
 i1 = 7, 0, 44 {
 rd(.08)                             ; start times and durations by 4 % up and down
 p2(re5) rh < 2 4 4. 8 >             ; start times with five decimals
-p3 1007                             ; about seven seconds
+p3 1005                             ; about five seconds
 p4(op) rd(0) no < c4:g:e5 a3:e4 f3:c4:a:c5 r    ; pitches are exact again; r is a rest
                   g3:d4:b c4:e:g5 a3:e4:c5:e d4 >
 p5(in) dv(.5) db 68                 ; amplitudes by a quarter up and down

@@ -1,5 +1,5 @@
 sr = 44100
-ksmps = 32
+ksmps = 64
 nchnls = 2
 0dbfs = 32768
 
@@ -13,21 +13,19 @@ garight init 0
 opcode Bell, a, iii
     ifreq, istroke, ilong xin
     astrike cosseg 0, istroke, 1
-    along   expon  1, ilong, .001
-    amiddle expon  1, ilong * .7, .001
-    ashort  expon  1, ilong * .4, .001
-    ahum    oscili .5, ifreq * .5
-    aprime  oscili .8, ifreq
-    abeat   oscili .5, ifreq * 1.0021
-    athird  oscili .5, ifreq * 1.19
-    afifth  oscili .25, ifreq * 1.506
-    aoctave oscili .6, ifreq * 2.0
-    ahigh   oscili .3, ifreq * 2.66
-    atop    oscili .25, ifreq * 4.07
-    aedge   oscili .15, ifreq * 6.28
-    aedge   =      aedge * ashort * ashort
-    asound  =      (ahum + aprime + abeat) * along + (athird + afifth) * amiddle
-    asound  =      asound + (aoctave + ahigh + atop) * ashort + aedge
+    klong   expon  1, ilong, .001
+    kmiddle expon  1, ilong * .7, .001
+    kshort  expon  1, ilong * .4, .001
+    ahum    oscili .5 * klong, ifreq * .5
+    aprime  oscili .8 * klong, ifreq
+    abeat   oscili .5 * klong, ifreq * 1.0021
+    athird  oscili .5 * kmiddle, ifreq * 1.19
+    afifth  oscili .25 * kmiddle, ifreq * 1.506
+    aoctave oscili .6 * kshort, ifreq * 2
+    ahigh   oscili .3 * kshort, ifreq * 2.66
+    atop    oscili .25 * kshort, ifreq * 4.07
+    aedge   oscili .15 * kshort * kshort, ifreq * 6.28
+    asound  =      ahum + aprime + abeat + athird + afifth + aoctave + ahigh + atop + aedge
             xout   asound * astrike
 endop
 
