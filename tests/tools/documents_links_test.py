@@ -45,6 +45,12 @@ class Links(unittest.TestCase):
         self.assertGreater(sum(1 for page in listed for _ in pages.links(page.read_text())), 100)
         self.assert_whole(listed, pages.ROOT)
 
+    def test_an_index_leads_to_every_page_beside_it(self):
+        for folder in (pages.ROOT / "docs", pages.ROOT / "docs" / "development"):
+            index = folder / "README.md"
+            led_to = {(folder / target.partition("#")[0]).resolve() for _, target in pages.links(index.read_text())}
+            self.assertEqual({page for page in folder.glob("*.md") if page != index} - led_to, set())
+
     def test_installed_pages_for_composers_need_no_sources(self):
         with tempfile.TemporaryDirectory(prefix="vorn-test-") as folder:
             subprocess.run(["cmake", "--install", BUILD, "--prefix", folder], stdout=subprocess.DEVNULL, check=True)
