@@ -1,9 +1,7 @@
 # The engine as a module for pages and Node: web/vorn-wasm/ calls its exports.
 file(GLOB web_engine_sources CONFIGURE_DEPENDS web/vorn-wasm/engine/*.cpp)
 add_executable(vorn_engine ${web_engine_sources})
-target_link_libraries(vorn_engine PRIVATE vorn_kit nlohmann_json::nlohmann_json)
-target_compile_definitions(vorn_engine PRIVATE JSON_NOEXCEPTION
-    JSON_HAS_FILESYSTEM=0 JSON_HAS_EXPERIMENTAL_FILESYSTEM=0)
+target_link_libraries(vorn_engine PRIVATE vorn_kit)
 target_compile_options(vorn_engine PRIVATE -fno-exceptions)
 # It stays and is called. A score that asks for more than a gibibyte is refused.
 target_link_options(vorn_engine PRIVATE -mexec-model=reactor

@@ -1,11 +1,9 @@
 #include "web/vorn-wasm/engine/answer.h"
 
-#include <cmath>
-#include <nlohmann/json.hpp>
-
 #include "blocks/commands.h"
 #include "kit/diagnose/json_form.h"
 #include "kit/vary/variation.h"
+#include "web/vorn-wasm/engine/json_text.h"
 
 // Places are [file, first byte, byte behind, line, character, end line, end character],
 // the file as an index into the files of the run; null where there is none.
@@ -14,182 +12,182 @@ namespace vorn::web {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-std::string dumped(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
-
-template <typename Value>
-Json address(const Value* data, std::size_t size) {
-    return {reinterpret_cast<std::uintptr_t>(data), size};
-}
-
-Json address(const std::string& text) { return address(text.data(), text.size()); }
-
-template <typename Value>
-Json address(const std::vector<Value>& values) {
-    return address(values.data(), values.size());
-}
-
-Json place(const kit::FileSpan& span, const kit::SourceMap& map) {
-    if (span.file < 0) return nullptr;
+void add_place(JsonText& json, std::string_view name, const kit::FileSpan& span, const kit::SourceMap& map) {
+    json.key(name);
+    if (span.file < 0) {
+        json.raw("null");
+        return;
+    }
     const kit::TextPlace begin = map.text_place(span);
     const kit::TextPlace end = map.text_place({span.file, span.end, span.end});
-    return {span.file, span.begin, span.end, begin.line, begin.character, end.line, end.character};
+    json.open('[').count(static_cast<std::uint64_t>(span.file)).count(span.begin).count(span.end);
+    json.count(begin.line).count(begin.character).count(end.line).count(end.character).close(']');
 }
 
 template <typename Role>
-Json role(const Role& found) {
-    if (found.pfield == 0) return nullptr;
-    return {{"pfield", found.pfield}, {"unit", static_cast<int>(found.unit)}};
+void add_role(JsonText& json, std::string_view name, const Role& role) {
+    json.key(name);
+    if (role.pfield == 0) {
+        json.raw("null");
+        return;
+    }
+    json.open('{')
+        .key("pfield")
+        .number(role.pfield)
+        .key("unit")
+        .number(static_cast<int>(role.unit))
+        .close('}');
 }
 
-Json table(const kit::BlockRecord& block, const BlockFigures& figures) {
-    return {{"start", address(block.events.start)},
-            {"exactStart", address(block.events.exact_start)},
-            {"duration", address(block.events.duration)},
-            {"beat", address(block.events.beat)},
-            {"values", address(block.events.values)},
-            {"columns", block.columns()},
-            {"keys", address(figures.keys)},
-            {"levels", address(figures.levels)}};
+void add_table(JsonText& json, const kit::BlockRecord& block, const BlockFigures& figures) {
+    json.key("events").open('{');
+    json.key("start").address(block.events.start).key("exactStart").address(block.events.exact_start);
+    json.key("duration").address(block.events.duration).key("beat").address(block.events.beat);
+    json.key("values").address(block.events.values).key("columns").count(block.columns());
+    json.key("keys").address(figures.keys).key("levels").address(figures.levels);
+    json.close('}');
 }
 
-Json fields(const kit::BlockRecord& block, const kit::SourceMap& map) {
-    Json list = Json::array();
+void add_fields(JsonText& json, const kit::BlockRecord& block, const kit::SourceMap& map) {
+    json.key("fields").open('[');
     for (const kit::FieldRecord& field : block.fields) {
-        list.push_back({{"pfield", field.number},
-                        {"inputType", command_name(field.input_type)},
-                        {"outputType", command_name(field.output_type)},
-                        {"statement", place(field.statement, map)},
-                        {"decimals", field.decimals}});
+        json.open('{').key("pfield").number(field.number);
+        json.key("inputType").text(command_name(field.input_type));
+        json.key("outputType").text(command_name(field.output_type));
+        add_place(json, "statement", field.statement, map);
+        json.key("decimals").count(field.decimals).close('}');
     }
-    return list;
+    json.close(']');
 }
 
-Json block_json(const kit::BlockRecord& block, const BlockFigures& figures, const kit::SourceMap& map) {
-    return {{"number", block.is_skipped ? 0 : block.number},
-            {"instrument", block.instrument},
-            {"isSkipped", block.is_skipped},
-            {"header", place(block.header, map)},
-            {"end", place(block.end, map)},
-            {"startBeat", block.start_beat},
-            {"length", block.length},
-            {"startSeconds", block.start_seconds},
-            {"endSeconds", figures.end_seconds},
-            {"pitch", role(figures.pitch)},
-            {"level", role(figures.level)},
-            {"fields", fields(block, map)},
-            {"events", table(block, figures)}};
+void add_block(JsonText& json, const kit::BlockRecord& block, const BlockFigures& figures,
+               const kit::SourceMap& map) {
+    json.open('{').key("number").number(block.is_skipped ? 0 : block.number);
+    json.key("instrument").number(block.instrument).key("isSkipped").flag(block.is_skipped);
+    add_place(json, "header", block.header, map);
+    add_place(json, "end", block.end, map);
+    json.key("startBeat").number(block.start_beat).key("length").number(block.length);
+    json.key("startSeconds").number(block.start_seconds).key("endSeconds").number(figures.end_seconds);
+    add_role(json, "pitch", figures.pitch);
+    add_role(json, "level", figures.level);
+    add_fields(json, block, map);
+    add_table(json, block, figures);
+    json.close('}');
 }
 
-Json blocks(const Compilation& compilation) {
-    Json list = Json::array();
+void add_blocks(JsonText& json, const Compilation& compilation) {
+    json.key("blocks").open('[');
     for (std::size_t at = 0; at < compilation.run.blocks.size(); ++at) {
-        list.push_back(block_json(compilation.run.blocks[at], compilation.figures[at], compilation.run.map));
+        add_block(json, compilation.run.blocks[at], compilation.figures[at], compilation.run.map);
     }
-    return list;
+    json.close(']');
 }
 
-Json constants(const kit::ScoreRun& run) {
-    Json list = Json::array();
+void add_constants(JsonText& json, const kit::ScoreRun& run) {
+    json.key("constants").open('[');
     for (const kit::ConstantRecord& constant : run.constants) {
-        list.push_back({{"name", constant.name},
-                        {"value", constant.value},
-                        {"place", place(constant.span, run.map)},
-                        {"calls", constant.calls}});
+        json.open('{').key("name").text(constant.name).key("value").number(constant.value);
+        add_place(json, "place", constant.span, run.map);
+        json.key("calls").count(constant.calls).close('}');
     }
-    return list;
+    json.close(']');
 }
 
-Json macros(const kit::ScoreRun& run) {
-    Json list = Json::array();
+void add_macros(JsonText& json, const kit::ScoreRun& run) {
+    json.key("macros").open('[');
     for (const kit::MacroRecord& macro : run.macros) {
-        list.push_back({{"name", macro.name},
-                        {"argumentCount", macro.argument_count},
-                        {"body", macro.body},
-                        {"place", place(macro.span, run.map)}});
+        json.open('{').key("name").text(macro.name).key("argumentCount").number(macro.argument_count);
+        json.key("body").text(macro.body);
+        add_place(json, "place", macro.span, run.map);
+        json.close('}');
     }
-    return list;
+    json.close(']');
 }
 
 // The number that stands where a seed would be put; null where none is written.
-Json seed_value(const kit::ScoreRun& run, const kit::Variation& seed) {
-    if (!seed.before.empty()) return nullptr;
+void add_seed_value(JsonText& json, const kit::ScoreRun& run, const kit::Variation& seed) {
+    json.key("value");
     for (const kit::SettingRecord& setting : run.settings) {
-        if (command_name(setting.command) == "rs") return setting.value;
+        if (!seed.before.empty() || command_name(setting.command) != "rs") continue;
+        json.number(setting.value);
+        return;
     }
-    return nullptr;
+    json.raw("null");
 }
 
-Json seed(const kit::ScoreRun& run) {
-    if (run.map.files().empty()) return nullptr;
-    const kit::Variation found = kit::find_seed(run);
-    if (!found.error.empty()) return nullptr;
-    return {{"value", seed_value(run, found)},
-            {"place", place({found.file, found.begin, found.end}, run.map)},
-            {"before", found.before},
-            {"after", found.after}};
+void add_seed(JsonText& json, const kit::ScoreRun& run) {
+    json.key("seed");
+    const kit::Variation seed = run.map.files().empty() ? kit::Variation{"no file"} : kit::find_seed(run);
+    if (!seed.error.empty()) {
+        json.raw("null");
+        return;
+    }
+    json.open('{');
+    add_seed_value(json, run, seed);
+    add_place(json, "place", {seed.file, seed.begin, seed.end}, run.map);
+    json.key("before").text(seed.before).key("after").text(seed.after).close('}');
 }
 
-Json tempo(const TempoPoints& points) {
-    return {{"seconds", address(points.seconds)},
-            {"beats", address(points.beats)},
-            {"tempos", address(points.tempos)}};
-}
-
-Json files(const kit::SourceMap& map) {
-    Json list = Json::array();
+void add_files(JsonText& json, const kit::SourceMap& map) {
+    json.key("files").open('[');
     for (const kit::SourceFile& file : map.files()) {
-        list.push_back({{"name", file.name}, {"text", address(file.text)}});
+        json.open('{').key("name").text(file.name).key("text").address(file.text).close('}');
     }
-    return list;
+    json.close(']');
 }
 
-Json texts(const Compilation& compilation) {
-    Json named = Json::object();
-    named["messages"] = address(compilation.said.err);
-    named["trace"] = address(compilation.said.out);
-    named["midiMessages"] = address(compilation.said_for_midi.err);
-    for (const auto& [name, text] : compilation.texts) named[name] = address(text);
-    return named;
+void add_texts(JsonText& json, const Compilation& compilation) {
+    json.key("texts").open('{').key("messages").address(compilation.said.err);
+    json.key("trace").address(compilation.said.out);
+    json.key("midiMessages").address(compilation.said_for_midi.err);
+    for (const auto& [name, text] : compilation.texts) json.key(name).address(text);
+    json.close('}');
 }
 
-Json diagnostics(const std::vector<kit::Diagnostic>& list, const kit::SourceMap& map) {
-    return Json::parse(kit::json_diagnostics(list, map));
+void add_tempo(JsonText& json, const TempoPoints& points) {
+    json.key("tempo").open('{').key("seconds").address(points.seconds);
+    json.key("beats").address(points.beats).key("tempos").address(points.tempos).close('}');
 }
 
 }  // namespace
 
 std::string compilation_answer(const Compilation& compilation) {
     const kit::ScoreRun& run = compilation.run;
-    return dumped({{"status", run.status},
-                   {"midiStatus", compilation.said_for_midi.status},
-                   {"seconds", run.seconds},
-                   {"texts", texts(compilation)},
-                   {"files", files(run.map)},
-                   {"missing", run.tried_includes},
-                   {"diagnostics", diagnostics(compilation.diagnostics, run.map)},
-                   {"blocks", blocks(compilation)},
-                   {"tempo", tempo(compilation.tempo)},
-                   {"constants", constants(run)},
-                   {"macros", macros(run)},
-                   {"seed", seed(run)},
-                   {"midiRemarks", compilation.midi_remarks}});
+    JsonText json;
+    json.open('{').key("status").number(run.status);
+    json.key("midiStatus").number(compilation.said_for_midi.status).key("seconds").number(run.seconds);
+    add_texts(json, compilation);
+    add_files(json, run.map);
+    json.key("missing").texts(run.tried_includes);
+    json.key("diagnostics").raw(kit::json_diagnostics(compilation.diagnostics, run.map));
+    add_blocks(json, compilation);
+    add_tempo(json, compilation.tempo);
+    add_constants(json, run);
+    add_macros(json, run);
+    add_seed(json, run);
+    json.key("midiRemarks").texts(compilation.midi_remarks).close('}');
+    return json.take();
 }
 
 std::string command_answer(const SaidTexts& said) {
-    return dumped({{"status", said.status}, {"out", address(said.out)}, {"err", address(said.err)}});
+    JsonText json;
+    json.open('{').key("status").number(said.status).key("out").address(said.out);
+    json.key("err").address(said.err).close('}');
+    return json.take();
 }
 
 std::string performance_answer(const kit::PerformanceReport& report, const kit::SourceMap& map) {
-    return dumped({{"diagnostics", diagnostics(report.diagnostics, map)},
-                   {"otherLines", report.other_lines},
-                   {"hasStarted", report.has_started},
-                   {"hasEnded", report.has_ended},
-                   {"peak", report.peak},
-                   {"clipped", report.clipped}});
+    JsonText json;
+    json.open('{').key("diagnostics").raw(kit::json_diagnostics(report.diagnostics, map));
+    json.key("otherLines").texts(report.other_lines);
+    json.key("hasStarted").flag(report.has_started).key("hasEnded").flag(report.has_ended);
+    json.key("peak").number(report.peak).key("clipped").count(report.clipped).close('}');
+    return json.take();
 }
 
-std::string texts_answer(const std::vector<std::string>& list) { return dumped(list); }
+std::string texts_answer(const std::vector<std::string>& texts) {
+    JsonText json;
+    return json.texts(texts).take();
+}
 
 }  // namespace vorn::web

@@ -32,16 +32,6 @@ int is_out_of_memory = 0;  // 1: the module has ended for want of memory
     __builtin_trap();
 }
 
-std::vector<std::string> split(std::string_view text) {
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\0');
-        parts.emplace_back(text.substr(0, end));
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    }
-    return parts;
-}
-
 }  // namespace
 
 #define VORN_EXPORT(name) extern "C" __attribute__((export_name(#name))) auto name

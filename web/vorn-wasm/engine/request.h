@@ -7,9 +7,10 @@
 #include "kit/lint/lint.h"
 #include "kit/picture/picture.h"
 
-// What a caller wants to know of a score, read from JSON as src/request.ts writes it:
+// What a caller wants to know of a score: names and values in turn, each ended by a NUL
+// byte, as src/request.ts writes them. Names of lists come once for each of their values:
 //
-//     {"arguments": ["-s", "piece.vorn", "piece.sco"], "outputs": ["csv"], "seed": 7}
+//     argument -s  argument piece.vorn  argument piece.sco  output csv  seed 7
 
 namespace vorn::web {
 
@@ -29,6 +30,9 @@ struct Request {
     const std::string& score_name() const { return arguments[arguments.size() - 2]; }
 };
 
-[[nodiscard]] Request read_request(std::string_view json);
+[[nodiscard]] Request read_request(std::string_view text);
+
+// Texts that end with a NUL byte each.
+[[nodiscard]] std::vector<std::string> split(std::string_view text);
 
 }  // namespace vorn::web

@@ -3,7 +3,7 @@ import type { CompileOptions, Files, Output } from './types.js';
 // What a caller wants, as the engine reads it (engine/request.h).
 
 export interface Request {
-    readonly json: string;
+    readonly text: string;
     readonly main: string;
     readonly outputs: readonly Output[];
     /** Names of the files that the runs write. */
@@ -25,7 +25,7 @@ export function makeRequest(files: Files, options: CompileOptions): Request {
     const expansion = freeName(files, base, '.exp');
     const outputs = options.outputs ?? ['score'];
     const request = { main, outputs, score, midi, expansion };
-    return { ...request, json: JSON.stringify(engineRequest(request, base, options)) };
+    return { ...request, text: engineRequest(request, base, options) };
 }
 
 function checkSeed(seed: number | undefined): void {
@@ -44,23 +44,41 @@ function operand(name: string): string {
     return name.startsWith('-') ? `./${name}` : name;
 }
 
-function engineRequest(request: Omit<Request, 'json'>, base: string, options: CompileOptions): object {
+type Value = string | number | boolean | undefined;
+
+/** Names and values as the engine reads them; what is undefined is left out. */
+function encoded(pairs: readonly (readonly [string, Value])[]): string {
+    const parts = pairs.filter(([, value]) => value !== undefined);
+    const texts = parts.map(([name, value]) => [
+        name,
+        String(typeof value === 'boolean' ? Number(value) : value),
+    ]);
+    return texts.map(([name = '', value = '']) => `${name}\0${value.replaceAll('\0', '')}\0`).join('');
+}
+
+function engineRequest(request: Omit<Request, 'text'>, base: string, options: CompileOptions): string {
     const { main, outputs, score, midi, expansion } = request;
     const flags = [...(options.quiet ? ['-s'] : []), ...(options.trace ? ['-t'] : [])];
     if (outputs.includes('expansion')) flags.push('-x', operand(expansion));
-    const wantsMidi = outputs.includes('midi');
-    return {
-        arguments: [...flags, operand(main), operand(score)],
-        midiArguments: wantsMidi ? ['-s', '-m', operand(main), operand(midi)] : [],
-        outputs,
-        seed: options.seed,
-        relative: options.relative ?? false,
-        events: options.events ?? true,
-        ignore: options.ignore ?? [],
-        pitch: options.roles?.pitch ?? 0,
-        level: options.roles?.level ?? 0,
-        rests: options.rests ?? false,
-        picture: { title: base, ...options.picture },
-        title: base.slice(base.lastIndexOf('/') + 1),
-    };
+    const midiArguments = outputs.includes('midi') ? ['-s', '-m', operand(main), operand(midi)] : [];
+    const list = (name: string, values: readonly string[]): [string, Value][] =>
+        values.map((value) => [name, value]);
+    return encoded([
+        ...list('argument', [...flags, operand(main), operand(score)]),
+        ...list('midiArgument', midiArguments),
+        ...list('output', outputs),
+        ...list('ignore', options.ignore ?? []),
+        ['seed', options.seed],
+        ['relative', options.relative],
+        ['events', options.events],
+        ['rests', options.rests],
+        ['pitch', options.roles?.pitch],
+        ['level', options.roles?.level],
+        ['title', base.slice(base.lastIndexOf('/') + 1)],
+        ['pictureTitle', options.picture?.title ?? base],
+        ['width', options.picture?.width],
+        ['theme', options.picture?.theme],
+        ['from', options.picture?.from],
+        ['to', options.picture?.to],
+    ]);
 }

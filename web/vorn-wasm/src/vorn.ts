@@ -33,7 +33,7 @@ class VornEngine implements Vorn {
         return this.withEngine((engine) => {
             this.places = null;
             engine.files.fill(files);
-            const answer = engine.call('vorn_compile', request.json) as CompilationAnswer;
+            const answer = engine.call('vorn_compile', request.text) as CompilationAnswer;
             const { result, places } = resultOf(engine, answer, request);
             this.places = places;
             engine.files.clear();
