@@ -9,6 +9,8 @@ has_package() {
         libclang-rt-14-dev) compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' ;;
         clang-14) command -v clang++-14 ;;
         lld-14) command -v wasm-ld-14 ;;
+        llvm-14) command -v llvm-ar-14 ;;
+        binaryen) command -v wasm-opt ;;
         nodejs) command -v node ;;
         g++-*-linux-gnu) command -v "${1#g++-}-g++" ;;
         g++-mingw-w64-x86-64-posix) command -v x86_64-w64-mingw32-g++-posix ;;
