@@ -276,6 +276,7 @@
   "Edit Vorn scores."
   (setq-local comment-start "; ")
   (setq-local comment-end "")
+  (setq-local comment-add 0)
   (setq-local comment-start-skip "\\(?:;+\\|/\\*+\\)\\s-*")
   (setq-local parse-sexp-ignore-comments t)
   (setq-local syntax-propertize-function #'vorn--propertize)

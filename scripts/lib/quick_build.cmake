@@ -1,10 +1,12 @@
 # For scripts/demo, which builds the programs once to try them: sources of a folder are compiled as
 # one where their names allow it, and the headers that cost most are read once for all others.
 
-set(COMPILED_AS_ONE src/input src/preproc src/blocks src/generators src/output
-    kit/run kit/events kit/midi kit/orchestra kit/vary kit/command)
+set(COMPILED_AS_ONE src/input src/preproc src/blocks src/generators src/output kit/run kit/diagnose
+    kit/lint kit/events kit/midi kit/picture kit/orchestra kit/vary kit/command)
 # Files of these whose inner names meet those of a neighbour.
-set(STANDING_ALONE file_watcher vary worker_processes)
+set(STANDING_ALONE diagnose/advice_ diagnose/.*_explanations diagnose/foreign diagnose/marks diagnose/unnumbered
+    lint/tempo_rules lint/value_rules picture/legend picture/picture picture/score_view picture/theme
+    command/file_watcher command/vary\\. command/worker_processes)
 
 function(compile_by_folder target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
@@ -13,7 +15,7 @@ function(compile_by_folder target)
     foreach(folder ${COMPILED_AS_ONE})
         set(joined ${sources})
         list(FILTER joined INCLUDE REGEX "/${folder}/[^/]*\\.cpp$")
-        list(FILTER joined EXCLUDE REGEX "/command/(${alone})\\.cpp$")
+        list(FILTER joined EXCLUDE REGEX "/(${alone})")
         string(REPLACE "/" "_" group ${folder})
         set_source_files_properties(${joined} PROPERTIES UNITY_GROUP ${group})
     endforeach()
@@ -24,6 +26,7 @@ function(build_quickly)
     if(TARGET vorn_kit)
         compile_by_folder(vorn_kit)
         compile_by_folder(vorn_kit_command)
+        target_precompile_headers(vorn_kit PRIVATE <algorithm> <map> <optional> <set> <span> <string> <vector>)
         target_precompile_headers(vorn_kit_command PRIVATE <CLI/CLI.hpp> <nlohmann/json.hpp>)
     endif()
 endfunction()

@@ -112,6 +112,19 @@ class Emacs(vornkit.CommandTest):
         self.assertEqual(around, told)
         self.assertTrue(words.startswith("(ra "), words)
 
+    def test_a_line_becomes_a_comment_and_a_new_one_keeps_its_indentation(self):
+        self.write("score.vorn", "te(60)\n")
+        told = self.emacs("""
+(find-file "score.vorn")
+(comment-line 1)
+(goto-char (point-max))
+(electric-indent-mode 1)
+(insert "  p2 1")
+(execute-kbd-macro (kbd "RET"))
+(insert "p3 1")
+(princ (buffer-string))""")
+        self.assertEqual(told, ["; te(60)", "  p2 1", "  p3 1"])
+
     def test_compiles_without_a_warning(self):
         folder = self.folder / "mode"
         shutil.copytree(FILES, folder)

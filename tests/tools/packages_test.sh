@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# What is handed on, used as others would: the Debian package is clean to lintian,
-# installed, used and removed in a bare root; the program for any Linux runs there
-# without a library; the sources build by themselves.
+# What is handed on, used as others would: the Debian package is clean to lintian, its
+# programs and those for any Linux write the same; the sources build by themselves.
+# With --bare (scripts/check packages) the package is also installed, used and removed in
+# a bare root of Debian, which has to be fetched, and the program for any Linux runs there.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 work=$(mktemp -d)
@@ -40,10 +41,22 @@ E2
 mkdir "$work/portable"
 tar -xzf build/packages/vorn-*-linux-*.tar.gz -C "$work/portable" --strip-components=1 || fail "no archive for Linux"
 if ldd "$work/portable/bin/vorn" 2>/dev/null | grep -q '=>'; then fail "the program for any Linux needs libraries"; fi
-mmdebstrap --quiet --variant=apt --hook-dir=/usr/share/mmdebstrap/hooks/merged-usr \
-    --customize-hook="cp $package \"\$1/vorn.deb\" && cp -r $work/portable \"\$1/portable\" && cp $work/use \"\$1/use\"" \
-    --customize-hook='chroot "$1" sh /use' bookworm /dev/null >"$work/bare" 2>&1
-grep -q 'used and removed' "$work/bare" || { tail -n 30 "$work/bare"; fail "not used in a bare root"; }
+use_in_bare_root() {
+    mmdebstrap --quiet --variant=apt \
+        --customize-hook="cp $PWD/$package \"\$1/vorn.deb\" && cp -r $work/portable $work/use \"\$1/\"" \
+        --customize-hook='chroot "$1" sh /use' bookworm /dev/null >"$work/bare" 2>&1
+    grep -q 'used and removed' "$work/bare" || { tail -n 30 "$work/bare"; fail "not used in a bare root"; }
+}
+
+dpkg -x "$package" "$work/installed"
+score=$work/installed/usr/share/doc/vorn/examples/clockwork/clockwork.vorn
+for program in "$work/installed/usr" "$work/portable"; do
+    "$program/bin/vorn" "$score" "$work/piece.sco" 2>/dev/null || fail "$program/bin/vorn does not run"
+    "$program/bin/vornkit" check "$score" || fail "$program/bin/vornkit does not run"
+    [ -e "$work/first.sco" ] || cp "$work/piece.sco" "$work/first.sco"
+    cmp "$work/first.sco" "$work/piece.sco" || status=1
+done
+[ "${1:-}" != --bare ] || use_in_bare_root
 
 mkdir "$work/sources"
 tar -xzf build/packages/vorn-*[0-9].tar.gz -C "$work/sources" --strip-components=1 || fail "no archive of the sources"
