@@ -1,0 +1,85 @@
+// The panel of values: a histogram of any field.
+import { shortNumber } from '../picture/backdrop';
+import { binTotals, fieldNames, makeHistogram, type Histogram } from '../picture/histogram';
+import { onThemeChange, tonesNow } from '../picture/theme';
+import { colorOf, hex, mixed } from '../picture/tones';
+import type { AppStore } from '../state/app_state';
+import { make } from '../ui/dom';
+import { drawing, type PanelView } from './panels';
+
+const BIN_WIDTH = 14; // pixels
+
+function drawBars(canvas: HTMLCanvasElement, histogram: Histogram, binCount: number): void {
+    const scale = Math.min(2, devicePixelRatio || 1);
+    const { clientWidth: width, clientHeight: height } = canvas;
+    canvas.width = width * scale;
+    canvas.height = height * scale;
+    const paper = canvas.getContext('2d');
+    if (!paper || histogram.total === 0) return;
+    paper.scale(scale, scale);
+    const tones = tonesNow();
+    const totals = binTotals(histogram, binCount);
+    const most = Math.max(...totals);
+    const step = width / binCount;
+    const base = height - 18;
+    const heights = new Float64Array(binCount);
+    for (const { rank, bins } of histogram.counts) {
+        paper.fillStyle = hex(mixed(colorOf(tones, rank), tones.paper, 0.87));
+        bins.forEach((count, bin) => {
+            const tall = (count / most) * (base - 4);
+            paper.fillRect(bin * step + 1, base - (heights[bin] ?? 0) - tall, step - 2, tall);
+            heights[bin] = (heights[bin] ?? 0) + tall;
+        });
+    }
+    paper.fillStyle = hex(tones.grid);
+    paper.fillRect(0, base, width, 1);
+    paper.fillStyle = hex(tones.muted);
+    paper.font = '11px "IBM Plex Sans", sans-serif';
+    paper.fillText(shortNumber(histogram.low), 0, height - 3);
+    paper.textAlign = 'right';
+    paper.fillText(shortNumber(histogram.high), width, height - 3);
+}
+
+const inWords = (field: string, { total, low, high, mean }: Histogram): string =>
+    total === 0
+        ? `${field} has no values.`
+        : `${total.toLocaleString('en')} values, from ${shortNumber(low)} to ${shortNumber(high)}, on average ${shortNumber(mean)}`;
+
+export function valuesPanel(store: AppStore): PanelView {
+    let field = 'P5';
+    return {
+        name: 'Values',
+        show(place) {
+            const choice = make('select', { 'aria-label': 'Field' });
+            const words = make('span', { class: 'muted' });
+            const canvas = make('canvas', { class: 'histogram', role: 'img' });
+            place.append(make('div', { class: 'panel-row' }, choice, words), canvas);
+            const draw = (): void => {
+                const { goodResult } = store.state;
+                if (!goodResult) return;
+                const names = fieldNames(goodResult);
+                const shown = names.includes(field) ? field : (names.at(-1) ?? 'duration');
+                choice.replaceChildren(
+                    ...names.map((name) => make('option', { value: name, selected: name === shown }, name)),
+                );
+                const binCount = Math.max(8, Math.floor((canvas.clientWidth || 400) / BIN_WIDTH));
+                const histogram = makeHistogram(goodResult, shown, binCount);
+                drawBars(canvas, histogram, binCount);
+                words.textContent = inWords(shown, histogram);
+                canvas.setAttribute('aria-label', `Histogram of ${shown}: ${words.textContent}`);
+            };
+            choice.addEventListener('change', () => {
+                field = choice.value;
+                draw();
+            });
+            const observer = new ResizeObserver(draw);
+            observer.observe(canvas);
+            onThemeChange(draw);
+            const stop = drawing(store, [(state) => state.goodResult], draw);
+            return () => {
+                observer.disconnect();
+                stop();
+            };
+        },
+    };
+}

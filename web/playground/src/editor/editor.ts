@@ -1,0 +1,165 @@
+// The texts of a piece in one editor: each file has a state of its own, with its own undo, and the tabs
+// choose which is shown. What is typed becomes part of the piece; what the piece gets from elsewhere (a
+// slider, a quick fix in another file) becomes part of the text.
+import {
+    autocompletion,
+    closeBrackets,
+    closeBracketsKeymap,
+    completionKeymap,
+} from '@codemirror/autocomplete';
+import { defaultKeymap, history, historyKeymap, indentWithTab } from '@codemirror/commands';
+import { bracketMatching, foldGutter, foldKeymap, indentUnit } from '@codemirror/language';
+import { lintGutter, lintKeymap } from '@codemirror/lint';
+import { highlightSelectionMatches, searchKeymap } from '@codemirror/search';
+import { EditorState, type Extension } from '@codemirror/state';
+import {
+    drawSelection,
+    EditorView,
+    highlightActiveLine,
+    highlightActiveLineGutter,
+    highlightSpecialChars,
+    keymap,
+    lineNumbers,
+    type ViewUpdate,
+} from '@codemirror/view';
+import type { AppStore } from '../state/app_state';
+import { fileOf, isOrchestra, withText } from '../state/piece';
+import { syntaxColors } from './colors';
+import { scoreLanguage } from './language';
+import { applyEdits, fromPiece, placeCursor, takeOver, type Edit } from './texts';
+
+export interface Editor {
+    readonly view: EditorView;
+    apply(edits: readonly Edit[]): void;
+    // Shows a place of a file and puts the cursor there.
+    reveal(file: string, from: number, to?: number): void;
+}
+
+// Tab indents; Escape and then Tab leaves the editor.
+const keys = keymap.of([
+    ...closeBracketsKeymap,
+    ...defaultKeymap,
+    ...searchKeymap,
+    ...historyKeymap,
+    ...foldKeymap,
+    ...completionKeymap,
+    ...lintKeymap,
+    indentWithTab,
+]);
+
+const common: Extension = [
+    lineNumbers(),
+    highlightActiveLineGutter(),
+    highlightSpecialChars(),
+    history(),
+    foldGutter(),
+    drawSelection(),
+    indentUnit.of('    '),
+    bracketMatching(),
+    closeBrackets(),
+    autocompletion({ icons: false }),
+    highlightActiveLine(),
+    highlightSelectionMatches(),
+    lintGutter(),
+    syntaxColors,
+    EditorView.lineWrapping,
+    keys,
+];
+
+const named = (name: string): Extension =>
+    EditorView.contentAttributes.of({
+        'aria-label': isOrchestra(name) ? `Orchestra ${name}` : `Score ${name}`,
+        spellcheck: 'false',
+        autocorrect: 'off',
+        autocapitalize: 'off',
+    });
+
+// The states of the files that are not shown.
+class States {
+    private readonly kept = new Map<string, EditorState>();
+    private shown: string;
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly extensions: Extension,
+    ) {
+        this.shown = store.state.activeFile;
+    }
+
+    get(name: string): EditorState {
+        return this.kept.get(name) ?? this.fresh(name);
+    }
+    isShown(name: string): boolean {
+        return this.shown === name;
+    }
+    change(name: string, before: EditorState): EditorState {
+        this.kept.set(this.shown, before);
+        this.shown = name;
+        return this.get(name);
+    }
+    renew(): EditorState {
+        this.kept.clear();
+        this.shown = this.store.state.activeFile;
+        return this.get(this.shown);
+    }
+    private fresh(name: string): EditorState {
+        const language = isOrchestra(name) ? [] : scoreLanguage();
+        return EditorState.create({
+            doc: fileOf(this.store.state.piece, name)?.text ?? '',
+            extensions: [language, common, named(name), this.extensions],
+        });
+    }
+}
+
+function tellPiece(store: AppStore, update: ViewUpdate): void {
+    const isTyped = update.docChanged && !update.transactions.some((one) => one.annotation(fromPiece));
+    if (isTyped) {
+        const text = update.state.doc.toString();
+        store.act('type', (state) => ({ piece: withText(state.piece, state.activeFile, text) }));
+    }
+    if (update.selectionSet || update.docChanged) placeCursor(store, update.state);
+}
+
+function followPiece(store: AppStore, view: EditorView, states: States): void {
+    const textOf = (name: string): string => fileOf(store.state.piece, name)?.text ?? '';
+    store.watch(
+        (state) => state.pieceNumber,
+        () => view.setState(states.renew()),
+    );
+    store.watch(
+        (state) => state.activeFile,
+        (name) => {
+            if (states.isShown(name)) return;
+            view.setState(states.change(name, view.state));
+            takeOver(view, textOf(name));
+            placeCursor(store, view.state);
+        },
+    );
+    store.watch(
+        (state) => fileOf(state.piece, state.activeFile)?.text,
+        () => states.isShown(store.state.activeFile) && takeOver(view, textOf(store.state.activeFile)),
+    );
+}
+
+function reveal(store: AppStore, view: EditorView, file: string, from: number, to: number): void {
+    if (!fileOf(store.state.piece, file)) return;
+    store.act('show file', () => ({ activeFile: file, page: 'text' }));
+    const end = view.state.doc.length;
+    view.dispatch({
+        selection: { anchor: Math.min(from, end), head: Math.min(to, end) },
+        effects: EditorView.scrollIntoView(Math.min(from, end), { y: 'center' }),
+    });
+    view.focus();
+}
+
+export function createEditor(store: AppStore, parent: HTMLElement, extra: Extension): Editor {
+    const listener = EditorView.updateListener.of((update) => tellPiece(store, update));
+    const states = new States(store, [extra, listener]);
+    const view = new EditorView({ state: states.get(store.state.activeFile), parent });
+    followPiece(store, view, states);
+    return {
+        view,
+        apply: (edits) => applyEdits(store, view, edits),
+        reveal: (file, from, to = from) => reveal(store, view, file, from, to),
+    };
+}

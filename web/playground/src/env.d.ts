@@ -1,0 +1,5 @@
+/// <reference types="vite/client" />
+declare module '*.z?url' {
+    const address: string;
+    export default address;
+}

@@ -1,0 +1,79 @@
+// Files from disk: chosen or dropped. One with a score opens as a piece; orchestras and includes alone
+// join the piece that is there.
+import type { Autosave } from '../keep/autosave';
+import type { AppStore } from '../state/app_state';
+import { MAIN_SUFFIX, ORCHESTRA_SUFFIX, withFile, type TextFile } from '../state/piece';
+import { make } from '../ui/dom';
+import { notice } from '../ui/notices';
+
+const MOST_BYTES = 8 * 1024 * 1024;
+
+async function readTexts(files: readonly File[]): Promise<TextFile[]> {
+    const texts: TextFile[] = [];
+    for (const file of files) {
+        if (file.size > MOST_BYTES) notice(`${file.name} is larger than 8 MB and was left out.`);
+        else texts.push({ name: file.name, text: await file.text() });
+    }
+    return texts;
+}
+
+const rank = ({ name }: TextFile): number =>
+    name.endsWith(MAIN_SUFFIX) ? 0 : name.endsWith(ORCHESTRA_SUFFIX) ? 1 : 2;
+
+// A Csound document holds an orchestra and perhaps a score of ours.
+function unpacked(file: TextFile): TextFile[] {
+    if (!file.name.endsWith('.csd')) return [file];
+    const part = (tag: string): string =>
+        new RegExp(`<${tag}[^>]*>\\n?([\\s\\S]*?)</${tag}>`).exec(file.text)?.[1] ?? '';
+    const stem = file.name.replace(/\.csd$/, '');
+    return [
+        { name: stem + MAIN_SUFFIX, text: part('CsScore') },
+        { name: stem + ORCHESTRA_SUFFIX, text: part('CsInstruments') },
+    ];
+}
+
+export async function takeFiles(store: AppStore, autosave: Autosave, files: readonly File[]): Promise<void> {
+    const texts = (await readTexts(files)).flatMap(unpacked).sort((a, b) => rank(a) - rank(b));
+    const [first] = texts;
+    if (!first) return;
+    if (rank(first) === 0 || texts.every((text) => rank(text) === 2)) {
+        autosave.replace(
+            { title: first.name.replace(/\.[^.]+$/, ''), files: texts },
+            'before a file was opened',
+        );
+        return;
+    }
+    store.act('add files', ({ piece }) => ({ piece: texts.reduce(withFile, piece), activeFile: first.name }));
+}
+
+export function chooseFiles(store: AppStore, autosave: Autosave): void {
+    const input = make('input', {
+        type: 'file',
+        multiple: true,
+        accept: '.vorn,.orc,.inc,.csd,.txt,text/plain',
+    });
+    input.addEventListener('change', () => void takeFiles(store, autosave, [...(input.files ?? [])]));
+    input.click();
+}
+
+export function listenToDrops(store: AppStore, autosave: Autosave): void {
+    const hasFiles = (event: DragEvent): boolean => event.dataTransfer?.types.includes('Files') ?? false;
+    const mark = (isOver: boolean): void => void document.body.classList.toggle('dropping', isOver);
+    addEventListener('dragover', (event) => {
+        if (!hasFiles(event)) return;
+        event.preventDefault();
+        mark(true);
+    });
+    addEventListener('dragleave', (event) => event.relatedTarget === null && mark(false));
+    addEventListener(
+        'drop',
+        (event) => {
+            mark(false);
+            if (!hasFiles(event)) return;
+            event.preventDefault();
+            event.stopPropagation();
+            void takeFiles(store, autosave, [...(event.dataTransfer?.files ?? [])]);
+        },
+        { capture: true },
+    );
+}

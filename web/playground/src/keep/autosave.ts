@@ -1,0 +1,59 @@
+// Nothing that was written is lost: the piece is kept a moment after each change and when the page is
+// left; a moment of history is made every few minutes of work and before another piece takes its place.
+import { openPiece, type AppStore } from '../state/app_state';
+import { isSamePiece, type Piece } from '../state/piece';
+import { keep, keepAtOnce, recall, remember, type Kept } from './storage';
+
+const DELAY = 200;
+const BETWEEN_MOMENTS = 3 * 60 * 1000;
+
+const keptNow = (store: AppStore): Kept => ({
+    time: Date.now(),
+    piece: store.state.piece,
+    keptSeeds: store.state.keptSeeds,
+});
+
+const hasText = (piece: Piece): boolean => piece.files.some((file) => file.text.trim() !== '');
+
+export interface Autosave {
+    // Puts `piece` in the place of the present one, which goes to the history.
+    replace(piece: Piece, reason: string): void;
+    remember(reason: string): void;
+}
+
+export function startAutosave(store: AppStore): Autosave {
+    let timer: ReturnType<typeof setTimeout> | undefined;
+    let lastMoment = Date.now();
+    let remembered: Piece | undefined;
+
+    const rememberNow = (reason: string): void => {
+        const { piece } = store.state;
+        if (!hasText(piece) || (remembered && isSamePiece(remembered, piece))) return;
+        remembered = piece;
+        lastMoment = Date.now();
+        void remember(keptNow(store), reason);
+    };
+    const save = (): void => {
+        void keep(keptNow(store));
+        if (Date.now() - lastMoment > BETWEEN_MOMENTS) rememberNow('while you worked');
+    };
+    const changed = (): void => {
+        clearTimeout(timer);
+        timer = setTimeout(save, DELAY);
+    };
+    store.watch((state) => state.piece, changed);
+    store.watch((state) => state.keptSeeds, changed);
+    addEventListener('pagehide', () => keepAtOnce(keptNow(store)));
+    document.addEventListener('visibilitychange', () => {
+        if (document.visibilityState === 'hidden') keepAtOnce(keptNow(store));
+    });
+    return {
+        replace: (piece, reason) => {
+            rememberNow(reason);
+            openPiece(store, piece);
+        },
+        remember: rememberNow,
+    };
+}
+
+export const recalled = recall;

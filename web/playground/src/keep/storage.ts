@@ -1,0 +1,95 @@
+// What the browser keeps for the composer: the piece at hand, and a history of older states. The piece is
+// written a moment after each change; when the page is left it is written at once, in the only way that
+// is over before the page is, which holds less.
+import { createStore, del, entries, get, set, type UseStore } from 'idb-keyval';
+import { toPiece, type Piece } from '../state/piece';
+import type { KeptSeed } from '../state/app_state';
+
+export interface Kept {
+    readonly time: number; // milliseconds since 1970
+    readonly piece: Piece;
+    readonly keptSeeds: readonly KeptSeed[];
+}
+
+export interface Moment extends Kept {
+    readonly id: number;
+    readonly reason: string;
+}
+
+const LAST_BREATH = 'vorn-playground-piece';
+const MOST_MOMENTS = 60;
+const CURRENT = 'current';
+
+let pieces: UseStore | undefined;
+let moments: UseStore | undefined;
+const pieceStore = (): UseStore => (pieces ??= createStore('vorn-playground', 'pieces'));
+const momentStore = (): UseStore => (moments ??= createStore('vorn-playground-history', 'moments'));
+
+function toSeeds(value: unknown): KeptSeed[] {
+    if (!Array.isArray(value)) return [];
+    return value.filter(
+        (seed: Partial<KeptSeed>) =>
+            Number.isInteger(seed?.value) &&
+            typeof seed?.picture === 'string' &&
+            seed.picture.startsWith('data:'),
+    ) as KeptSeed[];
+}
+
+function toKept(value: unknown): Kept | undefined {
+    const { time, piece, keptSeeds } = (value ?? {}) as {
+        time?: unknown;
+        piece?: unknown;
+        keptSeeds?: unknown;
+    };
+    const texts = toPiece(piece);
+    if (typeof time !== 'number' || !texts) return undefined;
+    return { time, piece: texts, keptSeeds: toSeeds(keptSeeds) };
+}
+
+// Storage may be full or forbidden: the page goes on without.
+async function attempt<Value>(what: () => Promise<Value>): Promise<Value | undefined> {
+    try {
+        return await what();
+    } catch {
+        return undefined;
+    }
+}
+
+export const keep = async (kept: Kept): Promise<void> => {
+    await attempt(() => set(CURRENT, kept, pieceStore()));
+};
+
+export function keepAtOnce(kept: Kept): void {
+    try {
+        localStorage.setItem(LAST_BREATH, JSON.stringify(kept));
+    } catch {
+        localStorage.removeItem(LAST_BREATH);
+    }
+}
+
+function lastBreath(): Kept | undefined {
+    try {
+        return toKept(JSON.parse(localStorage.getItem(LAST_BREATH) ?? 'null'));
+    } catch {
+        return undefined;
+    }
+}
+
+// The newer of the two.
+export async function recall(): Promise<Kept | undefined> {
+    const kept = toKept(await attempt(() => get(CURRENT, pieceStore())));
+    const breath = lastBreath();
+    return breath && breath.time > (kept?.time ?? 0) ? breath : kept;
+}
+
+export async function history(): Promise<Moment[]> {
+    const all = (await attempt(() => entries<number, Moment>(momentStore()))) ?? [];
+    return all.map(([, moment]) => moment).sort((a, b) => b.id - a.id);
+}
+
+export async function remember(kept: Kept, reason: string): Promise<void> {
+    const all = await history();
+    const id = Math.max(Date.now(), (all[0]?.id ?? 0) + 1);
+    await attempt(() => set(id, { ...kept, id, reason }, momentStore()));
+    for (const old of all.slice(MOST_MOMENTS - 1)) await attempt(() => del(old.id, momentStore()));
+}

@@ -1,0 +1,51 @@
+// What the page is, what it is made of, and under which licences.
+import { make } from '../ui/dom';
+import { openDialog } from '../ui/dialog';
+
+interface Licence {
+    readonly name: string;
+    readonly version: string;
+    readonly licence: string;
+    readonly text: string;
+}
+
+const WORDS = [
+    'Vorn writes scores for computer music from a short description. This page is Vorn in the browser: the same engine, the same bytes, the same messages. Csound, which plays them, is loaded when sound is first asked for.',
+    'Nothing you write leaves this browser. There are no cookies, no tracking and no requests to other hosts; once loaded, the page works without a network. What you write is kept in this browser, with its history.',
+    'Vorn is free under the MIT licence. The page stands on the work of others:',
+];
+
+const KEYS: readonly (readonly [string, string])[] = [
+    ['Ctrl+Enter', 'play or stop'],
+    ['Ctrl+Shift+Enter', 'play from the block at the cursor'],
+    ['Ctrl+S', 'share by address'],
+    ['Ctrl+.', 'cure the mistake at the cursor, where the cure is certain'],
+    ['Ctrl+Shift+M', 'list the mistakes'],
+    ['F8', 'go to the next mistake'],
+    ['Escape, then Tab', 'leave the editor'],
+    ['arrows, +, −, 0', 'in the picture: move, zoom, show all'],
+    ['. and ,', 'in the picture: the next event, the one before; Enter leads to its block'],
+];
+
+function licenceItem({ name, version, licence, text }: Licence): HTMLElement {
+    const head = make('summary', {}, `${name} ${version}, ${licence}`);
+    return make(
+        'li',
+        {},
+        text === '' ? `${name} ${version}, ${licence}` : make('details', {}, head, make('pre', {}, text)),
+    );
+}
+
+export async function openAbout(): Promise<void> {
+    const licences = (await import('../../generated/licences.json')).default as Licence[];
+    const list = make('ul', { class: 'licences' }, ...licences.map(licenceItem));
+    openDialog('About this page', false, ...WORDS.map((words) => make('p', {}, words)), list);
+}
+
+export function openKeys(): void {
+    const rows = KEYS.flatMap(([key, words]) => [
+        make('dt', {}, make('kbd', {}, key)),
+        make('dd', {}, words),
+    ]);
+    openDialog('Keys', true, make('dl', { class: 'keys' }, ...rows));
+}

@@ -1,0 +1,217 @@
+// What is heard: by Csound with the piece's own orchestra or with one that is made for it, or by a MIDI
+// instrument. Whatever has been edited meanwhile is heard when the loop begins again.
+import type { Result, VornClient } from 'vorn-wasm';
+import type { AppStore } from '../state/app_state';
+import { mainFile, orchestraOf, sourcesOf, type Piece } from '../state/piece';
+import { csoundProgram } from './csound/loading';
+import { readMidi } from './midi_file';
+import { PortPlayer } from './midi_ports';
+import { Player } from './player';
+import { createRenderer, Rendering, type SoundPiece } from './rendering';
+import { waveFile } from './wave';
+
+export const BUILT_IN = 'built-in';
+export const ORCHESTRA = 'orchestra';
+const DEADLINE = 10000;
+
+const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode(bytes);
+
+export class Sounding {
+    private readonly renderer = createRenderer(
+        () => new Worker(new URL('./csound/worker.ts', import.meta.url), { type: 'module' }),
+        () => csoundProgram(),
+    );
+    private readonly player: Player;
+    private readonly ports = new PortPlayer();
+    private current: Rendering | undefined; // that is heard
+    private newest: Rendering | undefined; // that is or will be
+    private newestPiece: Piece | undefined;
+    private newestOutput = '';
+    private attempt = 0;
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly engine: Promise<VornClient>,
+    ) {
+        this.player = new Player({
+            onEnd: () => this.ended(),
+            nextRendering: () => this.nextRound(),
+            loops: () => this.store.state.loops,
+        });
+        store.watch(
+            (state) => state.volume,
+            (volume) => this.player.setVolume(volume),
+        );
+        store.watch(
+            (state) => state.resultPiece,
+            () => this.renderAhead(),
+        );
+        this.player.setVolume(store.state.volume);
+    }
+
+    get position(): number {
+        return this.ports.isPlaying ? this.ports.position : this.player.position;
+    }
+
+    heard(): { samples: Float32Array; sampleRate: number } {
+        return this.player.heard();
+    }
+
+    async play(from = 0): Promise<void> {
+        this.silence();
+        const attempt = ++this.attempt;
+        this.store.act('load sound', () => ({
+            sounding: 'loading',
+            soundTrouble: '',
+            soundText: '',
+            soundDiagnostics: [],
+        }));
+        try {
+            if (this.usesCsound()) await this.playCsound(from, attempt);
+            else await this.playPort(from, attempt);
+        } catch (error) {
+            if (attempt === this.attempt) this.fail(error instanceof Error ? error.message : String(error));
+        }
+    }
+
+    stop(): void {
+        this.attempt += 1;
+        const position = this.store.state.sounding === 'playing' ? this.position : 0;
+        this.silence();
+        this.store.act('stop', () => ({ sounding: 'silent', position }));
+    }
+
+    // The whole piece as a file, rendered as fast as the machine can.
+    async wave(): Promise<Blob> {
+        const { piece } = this.store.state;
+        if (!this.hasRendering(piece)) await this.current?.whole();
+        const rendering = await this.renderingOf(piece);
+        await rendering.whole();
+        if (rendering.frames === 0) throw new Error(rendering.refusal || 'Csound made no sound.');
+        return waveFile(rendering);
+    }
+
+    private usesCsound(): boolean {
+        return [ORCHESTRA, BUILT_IN].includes(this.store.state.output);
+    }
+
+    private silence(): void {
+        this.player.stop();
+        this.ports.stop();
+        this.current = undefined;
+    }
+
+    private fail(trouble: string): void {
+        this.silence();
+        this.store.act('sound fails', () => ({ sounding: 'silent', soundTrouble: trouble, panel: 'sound' }));
+    }
+
+    private ended(): void {
+        this.silence();
+        this.store.act('sound ends', () => ({ sounding: 'silent', position: 0 }));
+    }
+
+    private async playCsound(from: number, attempt: number): Promise<void> {
+        const { piece } = this.store.state;
+        const rendering = await this.renderingOf(piece);
+        if (attempt !== this.attempt) return;
+        this.current = rendering;
+        this.player.play(rendering, from);
+        this.store.act('play', () => ({ sounding: 'playing', position: from }));
+        void rendering.whole().then(() => this.tellRefusal(rendering));
+    }
+
+    private tellRefusal(rendering: Rendering): void {
+        if (rendering === this.current && rendering.frames === 0)
+            this.fail(rendering.refusal || 'There is no sound.');
+        else if (rendering.refusal !== '')
+            this.store.act('sound trouble', () => ({ soundTrouble: rendering.refusal }));
+    }
+
+    private async playPort(from: number, attempt: number): Promise<void> {
+        const { piece, output } = this.store.state;
+        const result = await this.compiled(piece, 'fullMidi');
+        if (attempt !== this.attempt) return;
+        const messages = readMidi(result.fullMidi ?? new Uint8Array());
+        const again = (): void => void (this.store.state.loops ? this.play(0) : this.ended());
+        if (!this.ports.play(output, messages, from, again)) throw new Error('This MIDI port is gone.');
+        this.store.act('play', () => ({ sounding: 'playing', position: from }));
+    }
+
+    private async compiled(piece: Piece, ...outputs: ('score' | 'builtIn' | 'fullMidi')[]): Promise<Result> {
+        const client = await this.engine;
+        const options = { main: mainFile(piece).name, outputs };
+        const result = await client.compile(sourcesOf(piece), options, { deadline: DEADLINE });
+        if (result.status !== 0) throw new Error('The score has a mistake; it sounds when that is mended.');
+        if (result.eventCount === 0) throw new Error('The score has no events yet.');
+        return result;
+    }
+
+    private async toSound(piece: Piece): Promise<SoundPiece> {
+        const orchestra = this.store.state.output === ORCHESTRA ? orchestraOf(piece) : undefined;
+        const files = piece.files.map(
+            ({ name, text: content }) => [name, new TextEncoder().encode(content)] as const,
+        );
+        if (orchestra) {
+            const { score } = await this.compiled(piece, 'score');
+            return { orchestra: orchestra.text, score: text(score), files };
+        }
+        const { builtIn } = await this.compiled(piece, 'builtIn');
+        return { orchestra: builtIn?.orchestra ?? '', score: builtIn?.score ?? '', files };
+    }
+
+    private hasRendering(piece: Piece): boolean {
+        const { newest, newestPiece, newestOutput } = this;
+        return newest?.refusal === '' && newestPiece === piece && newestOutput === this.store.state.output;
+    }
+
+    private async renderingOf(piece: Piece): Promise<Rendering> {
+        return this.newest && this.hasRendering(piece) ? this.newest : this.render(piece);
+    }
+
+    private async render(piece: Piece): Promise<Rendering> {
+        const sound = await this.toSound(piece);
+        const rendering = this.renderer.render(sound);
+        this.newest = rendering;
+        this.newestPiece = piece;
+        this.newestOutput = this.store.state.output;
+        rendering.onChange(() => this.listen(rendering));
+        return rendering;
+    }
+
+    // What Csound says, a few times a second at most.
+    private pending: ReturnType<typeof setTimeout> | undefined;
+    private listen(rendering: Rendering): void {
+        this.pending ??= setTimeout(() => {
+            this.pending = undefined;
+            if (rendering !== this.newest) return;
+            this.store.act('Csound speaks', () => ({ soundText: rendering.text }));
+            if (rendering.hasEnded) void this.report(rendering);
+        }, 150);
+    }
+
+    private async report(rendering: Rendering): Promise<void> {
+        if (this.newestPiece !== this.store.state.resultPiece) return;
+        try {
+            const { diagnostics } = await (await this.engine).performance(rendering.text);
+            this.store.act('Csound reports', () => ({ soundDiagnostics: diagnostics }));
+        } catch {
+            // The engine is being started again; the text of Csound is shown all the same.
+        }
+    }
+
+    private renderAhead(): void {
+        const { sounding, result, resultPiece } = this.store.state;
+        if (sounding !== 'playing' || !this.usesCsound() || result?.status !== 0 || !resultPiece) return;
+        if (this.hasRendering(resultPiece)) return;
+        // The one that is heard is finished first: there is one Csound at a time.
+        if (this.current && !this.current.hasEnded) void this.current.whole().then(() => this.renderAhead());
+        else void this.render(resultPiece).catch(() => undefined);
+    }
+
+    private nextRound(): Rendering {
+        const next = this.newest?.frames ? this.newest : this.current;
+        this.current = next;
+        return next ?? new Rendering();
+    }
+}

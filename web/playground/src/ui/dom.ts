@@ -1,0 +1,33 @@
+// Elements in one call: make('button', { class: 'quiet', title: 'Stop' }, icon, 'Stop'). Texts become text
+// nodes, never markup, so nothing that a score holds can become part of the page.
+export type Child = Node | string | false | undefined;
+type Listener = (event: Event) => void;
+export type Properties = Record<string, string | number | boolean | Listener | undefined>;
+
+export function make<Tag extends keyof HTMLElementTagNameMap>(
+    tag: Tag,
+    properties: Properties = {},
+    ...children: Child[]
+): HTMLElementTagNameMap[Tag] {
+    const element = document.createElement(tag);
+    for (const [name, value] of Object.entries(properties)) setProperty(element, name, value);
+    element.append(...children.filter((child) => child !== false && child !== undefined));
+    return element;
+}
+
+function setProperty(element: HTMLElement, name: string, value: Properties[string]): void {
+    if (value === undefined || value === false) return;
+    if (typeof value === 'function') element.addEventListener(name.replace(/^on/, ''), value);
+    else element.setAttribute(name, value === true ? '' : String(value));
+}
+
+// An element of the page that is known to be there.
+export function find<Kind extends Element>(
+    selector: string,
+    kind: new () => Kind,
+    root: ParentNode = document,
+): Kind {
+    const found = root.querySelector(selector);
+    if (!(found instanceof kind)) throw new Error(`The page has no ${selector}.`);
+    return found;
+}

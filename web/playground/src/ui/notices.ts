@@ -1,0 +1,35 @@
+// Short notices at the foot of the page, which go by themselves; one with something to do stays longer.
+import { find, make } from './dom';
+import { iconButton } from './icons';
+
+const SECONDS = 6;
+const SECONDS_TO_ACT = 15;
+
+export interface NoticeAction {
+    readonly word: string;
+    readonly act: () => void;
+}
+
+export function notice(text: string, action?: NoticeAction): void {
+    const place = find('#notices', HTMLElement);
+    const remove = (): void => box.remove();
+    const act = (): void => {
+        action?.act();
+        remove();
+    };
+    const button =
+        action && make('button', { type: 'button', class: 'word-button', onclick: act }, action.word);
+    const box = make(
+        'div',
+        { class: 'notice' },
+        make('p', {}, text),
+        button,
+        iconButton('close', 'Close', remove),
+    );
+    place.replaceChildren(...[...place.children].slice(-1), box);
+    setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
+}
+
+export function speak(text: string): void {
+    find('#spoken', HTMLElement).textContent = text;
+}

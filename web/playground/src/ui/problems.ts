@@ -1,0 +1,89 @@
+// The list of mistakes below the text: what is wrong, what to write, and a button where the cure is certain.
+import type { Diagnostic } from 'vorn-wasm';
+import type { Editor } from '../editor/editor';
+import { allDiagnostics, editsOf, severityName } from '../editor/mistakes';
+import { LONG_DEADLINE, type Computing } from '../engine/computing';
+import type { AppStore } from '../state/app_state';
+import { fileOf } from '../state/piece';
+import { find, make } from './dom';
+
+const MOST = 100;
+
+function lineText(store: AppStore, { place }: Diagnostic): string {
+    if (!place) return '';
+    const isElsewhere = place.file !== store.state.activeFile;
+    return isElsewhere ? `${place.file} ${place.line}` : `line ${place.line}`;
+}
+
+function showProblem(store: AppStore, editor: Editor, diagnostic: Diagnostic): HTMLElement {
+    const { place, fix } = diagnostic;
+    const reveal = (): void => {
+        if (place) editor.reveal(place.file, place.from, place.to);
+    };
+    const mend = (): void => {
+        if (fix) editor.apply(editsOf(fix));
+        editor.view.focus();
+    };
+    const times = diagnostic.repeats > 1 ? ` (${diagnostic.repeats} times)` : '';
+    const name = severityName[diagnostic.severity];
+    const canBeShown = place !== null && fileOf(store.state.piece, place.file) !== undefined;
+    return make(
+        'li',
+        { class: 'problem' },
+        make(
+            'span',
+            { class: `badge ${diagnostic.severity}` },
+            make('span', { class: 'unseen' }, `${name} `),
+            diagnostic.code,
+        ),
+        canBeShown
+            ? make(
+                  'button',
+                  { type: 'button', class: 'problem-text', onclick: reveal },
+                  diagnostic.text + times,
+              )
+            : make('span', {}, diagnostic.text + times),
+        make('span', { class: 'problem-line' }, lineText(store, diagnostic)),
+        ...[...diagnostic.advice, ...diagnostic.notes.map((note) => note.text)].map((text) =>
+            make('p', { class: 'problem-advice' }, text),
+        ),
+        fix !== null &&
+            make('button', { type: 'button', class: 'word-button', onclick: mend }, capital(fix.title)),
+    );
+}
+
+const capital = (text: string): string => text.charAt(0).toUpperCase() + text.slice(1);
+
+function showTrouble(store: AppStore, computing: Computing): HTMLElement {
+    const more = make(
+        'button',
+        { type: 'button', class: 'word-button', onclick: () => computing.now(LONG_DEADLINE) },
+        'Let it compute for half a minute',
+    );
+    return make(
+        'li',
+        { class: 'problem' },
+        make('span', { class: 'badge error' }, 'stop'),
+        make('span', {}, store.state.trouble),
+        more,
+    );
+}
+
+export function showProblems(store: AppStore, editor: Editor, computing: Computing): void {
+    const place = find('#problems', HTMLElement);
+    const draw = (): void => {
+        const { result, trouble } = store.state;
+        const all = allDiagnostics(store.state);
+        const items = all.slice(0, MOST).map((one) => showProblem(store, editor, one));
+        if (trouble !== '') items.unshift(showTrouble(store, computing));
+        if (all.length > MOST) items.push(make('li', { class: 'all-well' }, `and ${all.length - MOST} more`));
+        const well = result && items.length === 0 && make('p', { class: 'all-well' }, 'Nothing to mend.');
+        place.replaceChildren(
+            ...(well ? [well] : items.length > 0 ? [make('ul', { class: 'list-plain' }, ...items)] : []),
+        );
+    };
+    store.watch((state) => state.result, draw);
+    store.watch((state) => state.trouble, draw);
+    store.watch((state) => state.soundDiagnostics, draw);
+    store.watch((state) => state.activeFile, draw);
+}

@@ -1,0 +1,32 @@
+// The line at the foot: how many events, how long, how fast.
+import type { AppStore } from '../state/app_state';
+import { timeText } from '../picture/span';
+import { find, make } from './dom';
+
+const count = (number: number, word: string): string =>
+    `${number.toLocaleString('en')} ${word}${number === 1 ? '' : 's'}`;
+
+export function showStatus(store: AppStore): void {
+    const place = find('#status', HTMLElement);
+    const draw = (): void => {
+        const { result, trouble, piece } = store.state;
+        const desk = find('#desk', HTMLElement);
+        desk.classList.toggle('is-stale', result?.status === 1 || trouble !== '');
+        if (!result) return;
+        const blocks = result.blocks.filter((block) => !block.isSkipped).length;
+        const facts = [
+            count(result.eventCount, 'event'),
+            count(blocks, 'block'),
+            timeText(result.seconds, 0.1),
+            result.seed.value === null ? 'seed 1' : `seed ${result.seed.value}`,
+        ];
+        const time = `computed in ${Math.max(1, Math.round(result.milliseconds))} ms`;
+        place.replaceChildren(
+            ...facts.map((fact) => make('span', {}, fact)),
+            make('span', { class: 'far' }, time),
+        );
+        document.title = `${piece.title} · Vorn playground`;
+    };
+    store.watch((state) => state.result, draw);
+    store.watch((state) => state.trouble, draw);
+}

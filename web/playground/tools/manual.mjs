@@ -1,0 +1,88 @@
+// The documents as pages of the manual beside the editor: [{ id, title, html }], ids being paths below docs/.
+// Links to other pages keep their path in data-page; pictures keep theirs in data-picture, for the page to
+// put addresses in their place.
+import { readdirSync, readFileSync, existsSync } from 'node:fs';
+import { dirname, join, normalize } from 'node:path';
+import MarkdownIt from 'markdown-it';
+
+const FIRST = [
+    'tutorial',
+    'manual.md',
+    'preprocessor.md',
+    'recipes.md',
+    'messages.md',
+    'csound.md',
+    'glossary.md',
+];
+
+function pagesOf(docs, name) {
+    if (name.endsWith('.md')) return existsSync(join(docs, name)) ? [name] : [];
+    if (!existsSync(join(docs, name))) return [];
+    return readdirSync(join(docs, name))
+        .filter((file) => /^\d.*\.md$/.test(file))
+        .sort()
+        .map((file) => `${name}/${file}`);
+}
+
+const slug = (text) =>
+    text
+        .toLowerCase()
+        .replace(/[^\p{L}\p{N}\s_-]/gu, '')
+        .trim()
+        .replaceAll(' ', '-');
+
+function addAnchors(markdown) {
+    markdown.core.ruler.push('anchors', ({ tokens }) => {
+        tokens.forEach((token, index) => {
+            if (token.type === 'heading_open')
+                token.attrSet('id', `manual-${slug(tokens[index + 1].content)}`);
+        });
+    });
+}
+
+function convertLinks(markdown, ids) {
+    markdown.core.ruler.push('links', ({ tokens, env }) => {
+        for (const token of tokens.flatMap((one) => one.children ?? [])) {
+            if (token.type === 'image') {
+                const path = normalize(join(dirname(env.id), token.attrGet('src')));
+                token.attrs = [
+                    ['data-picture', path],
+                    ['alt', token.attrGet('alt') ?? ''],
+                    ['loading', 'lazy'],
+                ];
+            }
+            if (token.type === 'link_open') convertLink(token, env.id, ids);
+        }
+    });
+}
+
+function convertLink(token, id, ids) {
+    const href = token.attrGet('href');
+    if (/^https?:/.test(href)) {
+        token.attrSet('rel', 'noreferrer');
+        token.attrSet('target', '_blank');
+        return;
+    }
+    const [path, anchor = ''] = href.split('#');
+    const page = path === '' ? id : normalize(join(dirname(id), path));
+    token.attrs = ids.has(page)
+        ? [
+              ['href', '#'],
+              ['data-page', page],
+              ['data-anchor', anchor === '' ? '' : `manual-${anchor}`],
+          ]
+        : [['class', 'elsewhere']];
+}
+
+export function manualPages(docs) {
+    const names = FIRST.flatMap((name) => pagesOf(docs, name));
+    const ids = new Set(names);
+    const markdown = new MarkdownIt({ html: false });
+    addAnchors(markdown);
+    convertLinks(markdown, ids);
+    return names.map((id) => {
+        const text = readFileSync(join(docs, id), 'utf8');
+        const title = /^# (.*)$/m.exec(text)?.[1] ?? id;
+        return { id, title, html: markdown.render(text, { id }) };
+    });
+}
