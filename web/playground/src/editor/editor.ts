@@ -62,7 +62,6 @@ const common: Extension = [
     highlightSelectionMatches(),
     lintGutter(),
     syntaxColors,
-    EditorView.lineWrapping,
     keys,
 ];
 

@@ -21,7 +21,7 @@ const rankOf = (name: string): number => {
 };
 
 const spaced = (folder: string): string => {
-    const words = folder.replaceAll('_', ' ');
+    const words = folder.replaceAll('_', ' ').replace(/^midi /, 'MIDI ');
     return words.charAt(0).toUpperCase() + words.slice(1);
 };
 

@@ -37,6 +37,7 @@ const BRACKET = 17;
 const MOST_BRACKET_ROWS = 5;
 const STROKES = 24;
 const LANE = 46;
+const MOST_SPARE = 90; // that a lane may be higher
 const LEAST_ROLL = 150;
 const GAP = 10;
 
@@ -90,7 +91,10 @@ export function layOut(scene: Scene, hidden: ReadonlySet<number>, width: number,
     const roll = hasRoll ? stack.take(Math.max(LEAST_ROLL, height - stack.at - below - GAP)) : null;
     const strokeBands = new Map(strokes.map(({ number }) => [number, stack.take(STROKES, 0)]));
     if (strokes.length > 0) stack.at += GAP;
-    const lanes = scene.fields.map((field) => ({ field, ...stack.take(LANE) }));
+    // Without a roll the lanes share its place.
+    const spare = hasRoll ? 0 : (height - stack.at) / Math.max(1, scene.fields.length) - LANE - GAP;
+    const laneHeight = LANE + Math.min(MOST_SPARE, Math.max(0, spare));
+    const lanes = scene.fields.map((field) => ({ field, ...stack.take(laneHeight) }));
     return {
         width,
         gutter: isNarrow(width) ? 46 : 62,

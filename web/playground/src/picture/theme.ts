@@ -1,16 +1,16 @@
 // Which tones hold now: those that the page was asked for, or those of the reader's system.
 import { DARK, LIGHT, type Tones } from './tones';
 
-const system = matchMedia('(prefers-color-scheme: dark)');
+const system = (): MediaQueryList => matchMedia('(prefers-color-scheme: dark)');
 
 export const isDark = (): boolean => {
     const asked = document.documentElement.dataset['theme'];
-    return asked ? asked === 'dark' : system.matches;
+    return asked ? asked === 'dark' : system().matches;
 };
 
 export const tonesNow = (): Tones => (isDark() ? DARK : LIGHT);
 
 export function onThemeChange(listener: () => void): void {
-    system.addEventListener('change', listener);
+    system().addEventListener('change', listener);
     new MutationObserver(listener).observe(document.documentElement, { attributeFilter: ['data-theme'] });
 }

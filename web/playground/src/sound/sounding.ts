@@ -3,6 +3,7 @@
 import type { Result, VornClient } from 'vorn-wasm';
 import type { AppStore } from '../state/app_state';
 import { mainFile, orchestraOf, sourcesOf, type Piece } from '../state/piece';
+import programAddress from '../../generated/csound.wasm.z?url';
 import { csoundProgram } from './csound/loading';
 import { readMidi } from './midi_file';
 import { PortPlayer } from './midi_ports';
@@ -19,7 +20,7 @@ const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode
 export class Sounding {
     private readonly renderer = createRenderer(
         () => new Worker(new URL('./csound/worker.ts', import.meta.url), { type: 'module' }),
-        () => csoundProgram(),
+        () => csoundProgram(programAddress),
     );
     private readonly player: Player;
     private readonly ports = new PortPlayer();

@@ -8,7 +8,7 @@ export function openDialog(title: string, isSmall: boolean, ...content: Child[])
     const head = make(
         'div',
         { class: 'dialog-head' },
-        make('h2', { id }, title),
+        make('h2', { id, tabindex: -1, autofocus: true }, title),
         iconButton('close', 'Close', close),
     );
     const body = make('div', { class: 'dialog-body' }, ...content);

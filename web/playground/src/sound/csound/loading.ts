@@ -1,6 +1,4 @@
 // Brings Csound into the page when sound is first asked for, and only once.
-import programAddress from '../../../generated/csound.wasm.z?url';
-
 let program: Promise<WebAssembly.Module> | undefined;
 
 async function load(address: string): Promise<WebAssembly.Module> {
@@ -12,7 +10,7 @@ async function load(address: string): Promise<WebAssembly.Module> {
     );
 }
 
-export function csoundProgram(address = programAddress): Promise<WebAssembly.Module> {
+export function csoundProgram(address: string): Promise<WebAssembly.Module> {
     program ??= load(address).catch((error: unknown) => {
         program = undefined;
         throw error;

@@ -69,7 +69,9 @@ export type Files = ReadonlyMap<string, Uint8Array>;
 function system(files: Files): WASI {
     const folder = new Map([...files].map(([name, bytes]) => [name, new File(bytes)]));
     const silent = ConsoleStdout.lineBuffered(() => undefined);
-    return new WASI([], [], [new OpenFile(new File([])), silent, silent, new PreopenDirectory('/', folder)]);
+    return new WASI([], [], [new OpenFile(new File([])), silent, silent, new PreopenDirectory('/', folder)], {
+        debug: false,
+    });
 }
 
 function surroundings(

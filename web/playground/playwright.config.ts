@@ -1,0 +1,25 @@
+// Drives the built page, served below a path, in Debian's own Chromium.
+import { defineConfig } from '@playwright/test';
+
+const PORT = 5198;
+
+export default defineConfig({
+    testDir: 'tests/browser',
+    workers: 1,
+    timeout: 40_000,
+    forbidOnly: true,
+    reporter: [['list']],
+    use: {
+        baseURL: `http://localhost:${PORT}/some/path/`,
+        viewport: { width: 1280, height: 800 },
+        launchOptions: {
+            executablePath: process.env['CHROMIUM'] ?? '/usr/bin/chromium',
+            args: ['--no-sandbox', '--autoplay-policy=no-user-gesture-required'],
+        },
+    },
+    webServer: {
+        command: `node tools/serve.mjs --port ${PORT} --base /some/path/`,
+        url: `http://localhost:${PORT}/some/path/`,
+        reuseExistingServer: false,
+    },
+});

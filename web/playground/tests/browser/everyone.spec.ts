@@ -1,0 +1,136 @@
+import { createRequire } from 'node:module';
+import { readFileSync } from 'node:fs';
+import { expect, facts, inkOf, load, open, SCORE, test } from './page';
+import type { Page } from '@playwright/test';
+
+const AXE = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
+
+interface Violation {
+    id: string;
+    nodes: { target: string[]; failureSummary?: string }[];
+}
+
+async function violations(page: Page): Promise<string[]> {
+    await page.evaluate(AXE);
+    const found = await page.evaluate(async () => {
+        const { axe } = window as unknown as { axe: { run(): Promise<{ violations: Violation[] }> } };
+        return (await axe.run()).violations;
+    });
+    return found.map(({ id, nodes }) => `${id}: ${nodes.map((node) => node.target.join(' ')).join(', ')}`);
+}
+
+for (const colorScheme of ['light', 'dark'] as const) {
+    test(`nobody is kept out, ${colorScheme}`, async ({ playground: page }) => {
+        await page.emulateMedia({ colorScheme, reducedMotion: 'reduce' });
+        expect(await violations(page)).toEqual([]);
+        await load(page, SCORE.replace('c5', 'bb4'));
+        await expect(page.locator('.problem')).toHaveCount(1);
+        expect(await violations(page)).toEqual([]);
+        for (const tab of ['Seeds', 'Sliders', 'Sound']) {
+            await page.getByRole('tab', { name: tab }).click();
+            expect(await violations(page)).toEqual([]);
+        }
+        await page.getByRole('button', { name: 'Manual' }).click();
+        await expect(page.locator('.manual-text h1')).toBeVisible();
+        expect(await violations(page)).toEqual([]);
+        for (const button of ['Examples', 'Share']) {
+            await page.getByRole('button', { name: button }).click();
+            await expect(page.locator('dialog')).toBeVisible();
+            expect(await violations(page)).toEqual([]);
+            await page.keyboard.press('Escape');
+        }
+        await page.getByRole('button', { name: 'Download' }).click();
+        expect(await violations(page)).toEqual([]);
+    });
+}
+
+test('the page is dark where the system is', async ({ playground: page }) => {
+    const color = (): Promise<string> => page.evaluate(() => getComputedStyle(document.body).backgroundColor);
+    await page.emulateMedia({ colorScheme: 'light' });
+    expect(await color()).toBe('rgb(244, 241, 236)');
+    await page.emulateMedia({ colorScheme: 'dark' });
+    expect(await color()).toBe('rgb(25, 26, 29)');
+});
+
+test('360 pixels are enough', async ({ playground: page }) => {
+    await page.setViewportSize({ width: 360, height: 700 });
+    await load(page, SCORE);
+    const overflow = (): Promise<number> =>
+        page.evaluate(() => document.documentElement.scrollWidth - innerWidth);
+    for (const view of ['Text', 'Picture', 'Panels']) {
+        await page.getByRole('button', { name: view, exact: true }).click();
+        expect(await overflow()).toBeLessThanOrEqual(0);
+    }
+    await page.getByRole('button', { name: 'Picture', exact: true }).click();
+    await page.evaluate(() => window.vornPlayground?.drawn());
+    expect(await inkOf(page)).toBeGreaterThan(200);
+    expect(await violations(page)).toEqual([]);
+});
+
+test('everything is reached by keys', async ({ playground: page }) => {
+    await load(page, SCORE);
+    const reached = new Set<string>();
+    await page.evaluate(() => (document.activeElement as HTMLElement | null)?.blur());
+    for (let press = 0; press < 60; press++) {
+        await page.keyboard.press('Tab');
+        const name = await page.evaluate(() => {
+            const element = document.activeElement;
+            return element?.getAttribute('aria-label') ?? element?.textContent?.trim() ?? '';
+        });
+        reached.add(name.split(' ')[0] ?? '');
+        // The editor keeps Tab for itself until Escape is pressed.
+        if (name.startsWith('Score')) await page.keyboard.press('Escape');
+    }
+    for (const name of [
+        'Skip',
+        'Play',
+        'Volume',
+        'Examples',
+        'Share',
+        'Download',
+        'Score',
+        'Picture',
+        'Values',
+        'Field',
+    ]) {
+        expect([...reached]).toContain(name);
+    }
+});
+
+test('every example is computed, drawn and played', async ({ playground: page }) => {
+    test.setTimeout(150_000);
+    await page.getByRole('button', { name: 'Examples' }).click();
+    const count = await page.locator('.card').count();
+    expect(count).toBeGreaterThanOrEqual(10);
+    await page.keyboard.press('Escape');
+    for (let index = 0; index < count; index++) {
+        await page.getByRole('button', { name: 'Examples' }).click();
+        const name = await page.locator('.card-name').nth(index).textContent();
+        await page.locator('.card').nth(index).click();
+        expect(await facts(page), name ?? '').toMatchObject({ status: 0 });
+        expect(await inkOf(page), name ?? '').toBeGreaterThan(200);
+        await page.evaluate(() => window.vornPlayground?.play());
+        const peak = (): Promise<number> =>
+            page.evaluate(() => Math.max(...(window.vornPlayground?.heard().samples ?? [0])));
+        await expect.poll(peak, { timeout: 15000, message: `${name} sounds` }).toBeGreaterThan(0.003);
+        await page.evaluate(() => window.vornPlayground?.stop());
+    }
+});
+
+test('a score in any page, by one script', async ({ page }) => {
+    const text = `<!doctype html><meta charset="utf-8"><title>x</title><script type="module" src="./vorn-score.js"></script><vorn-score>${SCORE}</vorn-score>`;
+    await page.route('**/some/path/embedded.html', (route) =>
+        route.fulfill({ body: text, contentType: 'text/html' }),
+    );
+    await page.goto('./embedded.html');
+    await expect(page.locator('vorn-score')).toContainText('8 events');
+    await page.locator('vorn-score').getByRole('button', { name: 'Play' }).click();
+    await expect(page.locator('vorn-score').getByRole('button', { name: 'Stop' })).toBeVisible();
+});
+
+test('the page has begun within a moment', async ({ page }) => {
+    await open(page);
+    await open(page);
+    const begun = await page.evaluate(() => performance.now());
+    console.log(`      begun, computed and drawn after ${begun.toFixed(0)} ms`);
+});

@@ -1,0 +1,129 @@
+import { readFileSync } from 'node:fs';
+import { expect, facts, load, open, ready, SCORE, state, test, textOf } from './page';
+
+test('a piece is shared by its address and opened from it', async ({ playground: page, context }) => {
+    await load(page, { 'piece.vorn': SCORE + '; ä♪\n', 'piece.orc': 'instr 1\nendin\n' });
+    await page.keyboard.press('Control+s');
+    const address = await page.getByRole('textbox', { name: 'Address' }).inputValue();
+    const other = await context.newPage();
+    await other.goto(address);
+    await ready(other);
+    await expect.poll(() => textOf(other)).toBe(SCORE + '; ä♪\n');
+    expect((await state(other)).files['piece.orc']).toContain('instr 1');
+    expect(new URL(other.url()).hash).toBe('');
+});
+
+test('a long address says so', async ({ playground: page }) => {
+    const noise = Array.from({ length: 9000 }, (_, index) => (index * 7919 * 104729) % 999983).join(' ');
+    await load(page, `; ${noise}\n${SCORE}`);
+    await page.getByRole('button', { name: 'Share' }).click();
+    await expect(page.locator('dialog .trouble')).toContainText('longer than');
+});
+
+test('nothing is lost by a reload', async ({ playground: page }) => {
+    await load(page, SCORE);
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+End');
+    await page.keyboard.insertText('; the last word\n');
+    await page.reload();
+    await ready(page);
+    expect(await textOf(page)).toBe(SCORE + '; the last word\n');
+});
+
+test('what was replaced is in the history', async ({ playground: page }) => {
+    await load(page, SCORE + '; mine\n');
+    await load(page, SCORE);
+    await page.getByRole('button', { name: 'More' }).click();
+    await page.getByRole('menuitem', { name: 'History' }).click();
+    await page.getByRole('button', { name: 'Open', exact: true }).first().click();
+    await expect.poll(() => textOf(page)).toContain('; mine');
+});
+
+test('the page opens without a network', async ({ playground: page, context }) => {
+    await page.evaluate(() => navigator.serviceWorker.ready);
+    await page.waitForFunction(
+        async () => (await caches.keys()).length > 0 && navigator.serviceWorker.controller,
+    );
+    await context.setOffline(true);
+    await page.reload();
+    await ready(page);
+    await load(page, SCORE);
+    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
+    await context.setOffline(false);
+});
+
+test('files are dropped', async ({ playground: page }) => {
+    const data = await page.evaluateHandle((text) => {
+        const transfer = new DataTransfer();
+        transfer.items.add(new File([text], 'dropped.vorn'));
+        transfer.items.add(new File(['instr 1\nendin\n'], 'dropped.orc'));
+        return transfer;
+    }, SCORE);
+    await page.dispatchEvent('#stage', 'dragover', { dataTransfer: data });
+    await page.dispatchEvent('#stage', 'drop', { dataTransfer: data });
+    await expect(page.getByRole('tab', { name: 'dropped.orc' })).toBeVisible();
+    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
+});
+
+for (const [suffix, begin] of [
+    ['.sco', ';I-block #1 (i1):'],
+    ['.csd', '<CsoundSynthesizer>'],
+    ['.mid', 'MThd'],
+    ['.svg', '<svg'],
+    ['.json', '{'],
+    ['.vorn', 'i1 = 5'],
+] as const) {
+    test(`a file ${suffix} is downloaded`, async ({ playground: page }) => {
+        await load(page, SCORE);
+        const waiting = page.waitForEvent('download');
+        await page.getByRole('button', { name: 'Download' }).click();
+        await page
+            .getByRole('menuitem', { name: `piece${suffix}` })
+            .first()
+            .click();
+        const download = await waiting;
+        expect(download.suggestedFilename()).toBe(`piece${suffix}`);
+        expect(
+            readFileSync((await download.path()) ?? '', 'latin1')
+                .trimStart()
+                .slice(0, begin.length),
+        ).toBe(begin);
+    });
+}
+
+test('a seed is rolled, kept, put back and locked', async ({ playground: page }) => {
+    await load(page, 'rs(7)\n' + SCORE.replace('c4 e4 g4 c5', 'ra(T 1 [c4 c5])'));
+    await page.getByRole('tab', { name: 'Seeds' }).click();
+    await page.getByRole('button', { name: 'Keep' }).click();
+    await page.getByRole('button', { name: 'Roll', exact: true }).click();
+    await page.evaluate(() => window.vornPlayground?.drawn());
+    expect(await textOf(page)).not.toContain('rs(7)');
+    await page.getByRole('button', { name: /^seed 7/ }).click();
+    expect(await textOf(page)).toContain('rs(7)');
+    await page.getByRole('checkbox', { name: 'Lock' }).check();
+    await expect(page.getByRole('button', { name: 'Roll', exact: true })).toBeDisabled();
+});
+
+test('a slider writes its value into the score', async ({ playground: page }) => {
+    await load(page, `#const COUNT 4 ; 1..20\n${SCORE.replace('0, 4 {', '0, ~COUNT {')}`);
+    await page.getByRole('tab', { name: 'Sliders' }).click();
+    await page.getByRole('slider', { name: 'COUNT' }).focus();
+    for (let press = 0; press < 3; press++) await page.keyboard.press('ArrowRight');
+    await expect.poll(() => textOf(page)).toContain('#const COUNT 7 ;');
+    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 14 });
+});
+
+test('an example of the manual is tried, and given back', async ({ playground: page }) => {
+    await load(page, SCORE);
+    await page.getByRole('button', { name: 'Manual' }).click();
+    await page.getByRole('button', { name: 'Try it' }).first().click();
+    await expect.poll(() => state(page).then((now) => now.title)).toBe('From the manual');
+    expect((await facts(page)).status).toBe(0);
+    await page.getByRole('button', { name: 'Go back' }).click();
+    await expect.poll(() => textOf(page)).toBe(SCORE);
+});
+
+test('a first visit has a piece that can be played', async ({ page }) => {
+    await open(page);
+    expect((await facts(page)).eventCount).toBeGreaterThan(100);
+});

@@ -1,0 +1,80 @@
+import { readFileSync } from 'node:fs';
+import { expect, heard, load, SINE, state, test } from './page';
+import type { Page } from '@playwright/test';
+
+const sounding = (page: Page): Promise<unknown> =>
+    expect.poll(async () => (await heard(page)).peak, { timeout: 15000 }).toBeGreaterThan(0.05);
+
+test('Csound plays what the score says', async ({ playground: page }) => {
+    await load(page, SINE);
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await sounding(page);
+    await page.waitForTimeout(300);
+    const { peak, hertz } = await heard(page);
+    expect(hertz).toBeGreaterThan(438);
+    expect(hertz).toBeLessThan(442);
+    // .3 at a volume of .8, which is taken as .64
+    expect(peak).toBeCloseTo(0.3 * 0.64, 1);
+    await page.getByRole('button', { name: 'Stop' }).click();
+    expect((await state(page)).sounding).toBe('silent');
+});
+
+test('a piece without an orchestra is played by one that is made for it', async ({ playground: page }) => {
+    await load(page, { 'sine.vorn': SINE['sine.vorn'] ?? '' });
+    await page.keyboard.press('Control+Enter');
+    await sounding(page);
+});
+
+test('it plays from the block at the cursor', async ({ playground: page }) => {
+    const text = SINE['sine.vorn'] ?? '';
+    await load(page, { ...SINE, 'sine.vorn': text + text.replace('i1 = 5, 0, 6', 'i1 = 5, 6, 6') });
+    await page.locator('.cm-line', { hasText: 'i1 = 5, 6' }).click();
+    await page.keyboard.press('Control+Shift+Enter');
+    await sounding(page);
+    expect((await state(page)).position).toBeGreaterThanOrEqual(6);
+});
+
+test('an edit is heard when the loop begins again', async ({ playground: page }) => {
+    const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
+    await load(page, { ...SINE, 'sine.vorn': short });
+    await page.getByRole('button', { name: 'Play in a loop' }).click();
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await sounding(page);
+    await page.locator('.cm-line', { hasText: 'no a4' }).click();
+    await page.keyboard.press('End');
+    await page.keyboard.press('Backspace');
+    await page.keyboard.insertText('5');
+    await expect.poll(async () => Math.round((await heard(page)).hertz / 10), { timeout: 10000 }).toBe(88);
+});
+
+test('what Csound refuses is told, and by whom', async ({ playground: page }) => {
+    await load(page, { ...SINE, 'sine.orc': 'instr 1\nasound nosuch p4\nendin\n' });
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await expect(page.locator('#panel .trouble')).toContainText('orchestra', { timeout: 15000 });
+    await expect(page.locator('.csound-text')).toContainText('nosuch');
+});
+
+test('an orchestra without an end leaves the page alive', async ({ playground: page }) => {
+    await load(page, { ...SINE, 'sine.orc': 'instr 1\nloop:\nigoto loop\nendin\n' });
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await page.waitForTimeout(500);
+    const begin = Date.now();
+    await page.evaluate(() => window.vornPlayground?.drawn());
+    expect(Date.now() - begin).toBeLessThan(2000);
+    await expect(page.locator('#panel .trouble')).toContainText('did not come back', { timeout: 15000 });
+});
+
+test('a WAV file is rendered faster than it sounds', async ({ playground: page }) => {
+    await load(page, SINE);
+    const begin = Date.now();
+    const waiting = page.waitForEvent('download');
+    await page.getByRole('button', { name: 'Download' }).click();
+    await page.getByRole('menuitem', { name: /\.wav/ }).click();
+    const bytes = readFileSync((await (await waiting).path()) ?? '');
+    expect(Date.now() - begin).toBeLessThan(6000);
+    expect(bytes.toString('latin1', 0, 4)).toBe('RIFF');
+    expect(bytes.readUInt32LE(24)).toBe(44100);
+    expect((bytes.length - 44) / 2 / 44100).toBeCloseTo(6, 1);
+    const samples = new Int16Array(bytes.buffer, bytes.byteOffset + 44, 44100);
+    expect(Math.max(...samples) / 32768).toBeCloseTo(0.3, 2);
+});

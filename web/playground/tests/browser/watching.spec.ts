@@ -1,0 +1,24 @@
+import { mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { spawn } from 'node:child_process';
+import { once } from 'node:events';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { expect, facts, open, SCORE, test, textOf } from './page';
+
+test('a file on disk is followed', async ({ page }) => {
+    const folder = mkdtempSync(join(tmpdir(), 'vorn-watch-'));
+    const file = join(folder, 'disk.vorn');
+    writeFileSync(file, SCORE);
+    const server = spawn(process.execPath, ['tools/serve.mjs', '--port', '0', '--watch', file]);
+    try {
+        const [line] = (await once(server.stdout, 'data')) as [Buffer];
+        await open(page, line.toString().trim());
+        await expect.poll(() => textOf(page, 'disk.vorn')).toBe(SCORE);
+        writeFileSync(file, SCORE.replace('0, 4', '0, 8'));
+        await expect.poll(() => textOf(page, 'disk.vorn')).toContain('0, 8');
+        expect(await facts(page)).toMatchObject({ status: 0, eventCount: 16 });
+    } finally {
+        server.kill();
+        rmSync(folder, { recursive: true });
+    }
+});

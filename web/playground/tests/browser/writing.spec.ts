@@ -1,0 +1,78 @@
+import { expect, facts, inkOf, load, SCORE, test, textOf } from './page';
+
+test('a score that is typed becomes events in the picture', async ({ playground: page }) => {
+    await load(page, '');
+    await page.locator('.cm-content').click();
+    await page.keyboard.insertText(SCORE);
+    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8, codes: [] });
+    expect(await inkOf(page)).toBeGreaterThan(500);
+    await expect(page.locator('#status')).toContainText('8 events');
+});
+
+test('a mistake is underlined and listed, and goes by its quick fix', async ({ playground: page }) => {
+    await load(page, SCORE.replace('c5', 'bb4'));
+    await expect(page.locator('.cm-lintRange-error')).toHaveCount(1);
+    await expect(page.locator('.problem')).toHaveCount(1);
+    await page.locator('.problem .word-button').click();
+    expect(await textOf(page)).toContain('g4 bf4');
+    expect((await facts(page)).codes).toEqual([]);
+    await expect(page.locator('.cm-lintRange-error')).toHaveCount(0);
+});
+
+for (const [wrong, right] of [
+    ['p3 0,9', 'p3 0.9'],
+    ['p4 ra(T 1 [1 2]', 'p4 ra(T 1 [1 2])'],
+    ['p4(hz) c4', 'p4(hz) no c4'],
+] as const) {
+    test(`"${wrong}" is cured by a key`, async ({ playground: page }) => {
+        const before = `i1 = 4, 0, 2 {\np2 1\n${wrong.startsWith('p3') ? '' : 'p3 1\n'}${wrong}\n${wrong.startsWith('p3') ? 'p4 1\n' : ''}}\n`;
+        await load(page, before);
+        expect((await facts(page)).codes).not.toEqual([]);
+        await page.keyboard.press('Control+.');
+        expect(await textOf(page)).toContain(right);
+        expect((await facts(page)).status).toBe(0);
+    });
+}
+
+test('the last picture stays, faint, while the score has a mistake', async ({ playground: page }) => {
+    await load(page, SCORE);
+    const before = await inkOf(page);
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+End');
+    await page.keyboard.insertText('nonsense\n');
+    expect((await facts(page)).status).toBe(1);
+    expect(await inkOf(page)).toBe(before);
+    await expect(page.locator('#desk')).toHaveClass(/is-stale/);
+});
+
+test('an include is a tab of its own', async ({ playground: page }) => {
+    await load(page, `#include |notes.inc|\n${SCORE.replace('c4 e4 g4 c5', '$NOTES')}`);
+    expect((await facts(page)).status).toBe(1);
+    await page.getByRole('button', { name: 'Add a file or take one out' }).click();
+    await page.getByRole('menuitem', { name: /notes\.inc/ }).click();
+    await page.locator('.cm-content').click();
+    await page.keyboard.insertText('#define NOTES #c4 d4#\n');
+    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
+});
+
+test('the expansion of the line at the cursor is shown', async ({ playground: page }) => {
+    await load(page, `#const LOUD .25\n${SCORE.replace('p5 .2', 'p5 ~LOUD')}`);
+    await page.locator('.cm-line', { hasText: '~LOUD' }).click();
+    await expect(page.locator('#expansion')).toContainText('p5 0.25');
+    await page.locator('.cm-line', { hasText: 'p3 .9' }).click();
+    await expect(page.locator('#expansion')).toBeHidden();
+});
+
+test('each file keeps its own undo', async ({ playground: page }) => {
+    await load(page, { 'a.vorn': SCORE, 'a.inc': '; old' });
+    await page.getByRole('tab', { name: 'a.inc' }).click();
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+End');
+    await page.keyboard.insertText(' new');
+    await page.getByRole('tab', { name: 'a.vorn' }).click();
+    await page.getByRole('tab', { name: 'a.inc' }).click();
+    expect(await textOf(page, 'a.inc')).toBe('; old new');
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+z');
+    expect(await textOf(page, 'a.inc')).toBe('; old');
+});

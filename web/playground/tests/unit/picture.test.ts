@@ -1,0 +1,181 @@
+import { readFileSync } from 'node:fs';
+import { describe, expect, it } from 'vitest';
+import { eventLines, keyName } from '../../src/picture/event_text';
+import { shadeOf } from '../../src/picture/events';
+import { binTotals, fieldNames, makeHistogram } from '../../src/picture/histogram';
+import { hitTest, neighbour } from '../../src/picture/hit';
+import { keyY, laneY, layOut, toSeconds, toX } from '../../src/picture/layout';
+import { firstFrom, makeScene } from '../../src/picture/scene';
+import { following, roundStep, timeText, within, zoomed } from '../../src/picture/span';
+import { DARK, LIGHT, mixed, pixel } from '../../src/picture/tones';
+import { makeBlock, makeResult } from './results';
+
+const result = makeResult([
+    makeBlock(1, [
+        { start: 0, duration: 1, key: 60, values: [48, 10] },
+        { start: 1, duration: -1, key: 62, values: [50, 20] },
+        { start: 2, duration: 2, key: 72, values: [60, 30] },
+    ]),
+    makeBlock(7, [{ start: 2, duration: 0.5, values: [5, 20] }]),
+]);
+const scene = makeScene(result);
+const none = new Set<number>();
+
+describe('a scene', () => {
+    it('knows the ranges of what it shows', () => {
+        expect(scene.keys).toEqual({ low: 60, high: 72 });
+        expect(scene.instruments.map(({ number, rank }) => [number, rank])).toEqual([
+            [1, 0],
+            [7, 1],
+        ]);
+    });
+    it('leaves the pitch out of the fields of its own block only', () => {
+        expect(scene.fields.map(({ pfield, range }) => [pfield, range.low, range.high])).toEqual([
+            [4, 5, 5],
+            [5, 10, 30],
+        ]);
+    });
+    it('finds the first start by bisection', () => {
+        const starts = Float32Array.of(0, 1, 1, 2);
+        expect([-1, 0, 0.5, 1, 1.5, 9].map((time) => firstFrom(starts, time))).toEqual([0, 0, 1, 1, 3, 4]);
+    });
+});
+
+describe('a layout', () => {
+    const layout = layOut(scene, none, 700, 500);
+    const span = { from: 0, to: 4 };
+    it('leads from seconds to pixels and back', () => {
+        expect(toSeconds(layout, span, toX(layout, span, 2.5))).toBeCloseTo(2.5, 9);
+        expect(toX(layout, span, 0)).toBe(layout.gutter);
+        expect(toX(layout, span, 4)).toBe(700);
+    });
+    it('puts strokes of an instrument without pitch below the roll', () => {
+        const strokes = layout.strokes.get(7);
+        expect(strokes?.top).toBeGreaterThan((layout.roll?.top ?? 0) + (layout.roll?.height ?? 0));
+    });
+    it('finds the event under the pointer, and no rest', () => {
+        const roll = layout.roll ?? { top: 0, height: 0 };
+        const hit = hitTest(
+            { scene, layout, span, hidden: none },
+            toX(layout, span, 3),
+            keyY(layout, roll, 72),
+        );
+        expect([hit?.of.block.instrument, hit?.row]).toEqual([1, 2]);
+        const rest = hitTest(
+            { scene, layout, span, hidden: none },
+            toX(layout, span, 1.5),
+            keyY(layout, roll, 62),
+        );
+        expect(rest).toBeUndefined();
+    });
+    it('finds the event of a lane by its value', () => {
+        const lane = layout.lanes[1];
+        if (!lane) throw new Error('There is no lane of P5.');
+        const x = toX(layout, span, 2.25);
+        expect(hitTest({ scene, layout, span, hidden: none }, x, laneY(lane, 20))?.of.block.instrument).toBe(
+            7,
+        );
+        expect(hitTest({ scene, layout, span, hidden: new Set([7]) }, x, laneY(lane, 20))).toBeUndefined();
+    });
+    it('steps through all events in the order of time and back', () => {
+        const told: string[] = [];
+        let hit = neighbour(scene, none, undefined, 1);
+        for (; hit; hit = neighbour(scene, none, hit, 1)) told.push(`${hit.of.block.instrument}/${hit.row}`);
+        expect(told).toEqual(['1/0', '1/2', '7/0']);
+        const last = { of: scene.blocks[1], row: 0, y: 0 } as Parameters<typeof neighbour>[2];
+        expect(neighbour(scene, none, last, -1)?.of.block.instrument).toBe(1);
+    });
+});
+
+describe('a span', () => {
+    it('stays within the piece', () => {
+        expect(within({ from: -3, to: 2 }, 10).from).toBe(0);
+        expect(within({ from: 0, to: 99 }, 10).to).toBeCloseTo(10.2);
+    });
+    it('keeps the moment around which it is zoomed', () => {
+        const span = zoomed({ from: 0, to: 10 }, 2, 4);
+        expect(span).toEqual({ from: 2, to: 7 });
+    });
+    it('turns over when the line has left it', () => {
+        const span = { from: 0, to: 10 };
+        expect(following(span, 5)).toBe(span);
+        expect(following(span, 10.5).from).toBeCloseTo(10);
+    });
+    it('has round steps', () => {
+        expect([0.03, 0.2, 3, 7].map(roundStep)).toEqual([0.05, 0.2, 5, 10]);
+    });
+    it.each([
+        [0, 1, '0:00'],
+        [61.5, 1, '1:01'],
+        [61.5, 0.5, '1:01.5'],
+        [0.25, 0.05, '0:00.25'],
+    ])('%d seconds in steps of %d read %s', (seconds, step, text) => {
+        expect(timeText(step >= 1 ? Math.floor(seconds) : seconds, step)).toBe(text);
+    });
+});
+
+describe('an event in words', () => {
+    it.each([
+        [60, 'c4'],
+        [59, 'b3'],
+        [70, 'bf4'],
+        [60.31, 'c4 + 31 ct'],
+        [59.8, 'c4 − 20 ct'],
+        [0, 'c-1'],
+    ])('key %d is %s', (key, name) => {
+        expect(keyName(key)).toBe(name);
+    });
+    it('tells its values', () => {
+        const [block] = scene.blocks;
+        const lines = block ? eventLines(block, 2) : [];
+        expect(lines.map(({ name, value }) => `${name} ${value}`)).toEqual([
+            'start 2 s · beat 2',
+            'length 2 s',
+            'P4 60 · c5',
+            'P5 30',
+        ]);
+    });
+});
+
+describe('colours', () => {
+    const theme = readFileSync(new URL('../../../../kit/picture/theme.cpp', import.meta.url), 'utf8');
+    it.each([
+        ['LIGHT_TONES', LIGHT],
+        ['DARK_TONES', DARK],
+    ])('are those of the pictures of vornkit: %s', (name, tones) => {
+        const found = new RegExp(`${name} = \\{([^;]*)\\};`).exec(theme)?.[1] ?? '';
+        const numbers = [...found.matchAll(/0x[0-9a-f]{6}/g)].map(([text]) => Number(text));
+        expect(numbers).toEqual([tones.paper, tones.ink, tones.muted, tones.grid, ...tones.instruments]);
+    });
+    it('are mixed with the paper and put into memory', () => {
+        expect(mixed(0x000000, 0xffffff, 0.5)).toBe(0x808080);
+        expect(pixel(0x123456)).toBe(0xff563412);
+    });
+    it('are the fuller the louder', () => {
+        const range = { low: -20, high: 0 };
+        expect([-Infinity, -20, -10, 0, NaN].map((level) => shadeOf(level, range))).toEqual([0, 0, 2, 4, 0]);
+        expect(shadeOf(-5, { low: 0, high: 0 })).toBe(4);
+    });
+});
+
+describe('a histogram', () => {
+    it('offers the fields that there are', () => {
+        expect(fieldNames(result)).toEqual(['interval', 'duration', 'P4', 'P5']);
+    });
+    it('counts each value once', () => {
+        const histogram = makeHistogram(result, 'P5', 4);
+        expect([histogram.low, histogram.high, histogram.total, histogram.mean]).toEqual([10, 30, 4, 20]);
+        expect(binTotals(histogram, 4)).toEqual([1, 0, 2, 1]);
+    });
+    it('takes no rests for durations', () => {
+        expect(makeHistogram(result, 'duration', 4).total).toBe(3);
+    });
+    it('puts equal values into one step', () => {
+        expect(
+            binTotals(
+                makeHistogram(makeResult([makeBlock(1, [{ start: 0, duration: 1, values: [3] }])]), 'P4', 5),
+                5,
+            ),
+        ).toEqual([0, 0, 1, 0, 0]);
+    });
+});

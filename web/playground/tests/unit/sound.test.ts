@@ -1,0 +1,76 @@
+import { describe, expect, it } from 'vitest';
+import { csoundDocument } from '../../src/files/downloads';
+import { readMidi } from '../../src/sound/midi_file';
+import { Rendering } from '../../src/sound/rendering';
+import { waveFile } from '../../src/sound/wave';
+
+const bytes = (text: string): number[] => [...text].map((letter) => letter.charCodeAt(0));
+const number = (value: number, length: number): number[] =>
+    Array.from({ length }, (_, index) => (value >> (8 * (length - 1 - index))) & 255);
+const track = (...events: number[]): number[] => [...bytes('MTrk'), ...number(events.length, 4), ...events];
+const file = (...tracks: number[][]): Uint8Array =>
+    Uint8Array.from([
+        ...bytes('MThd'),
+        ...number(6, 4),
+        ...number(1, 2),
+        ...number(tracks.length, 2),
+        ...number(100, 2),
+        ...tracks.flat(),
+    ]);
+
+describe('a MIDI file', () => {
+    it('is read with running status, tempo and long times', () => {
+        const tempo = track(0, 0xff, 0x51, 3, ...number(1000000, 3), 0, 0xff, 0x2f, 0);
+        const notes = track(0, 0x90, 60, 100, 0x81, 0x48, 60, 0, 50, 0xc1, 5, 0, 0xff, 0x2f, 0);
+        expect(readMidi(file(tempo, notes))).toEqual([
+            { seconds: 0, bytes: [0x90, 60, 100] },
+            { seconds: 2, bytes: [0x90, 60, 0] },
+            { seconds: 2.5, bytes: [0xc1, 5] },
+        ]);
+    });
+    it('changes its tempo on the way', () => {
+        const both = track(100, 0xff, 0x51, 3, ...number(1000000, 3), 100, 0x90, 1, 1);
+        expect(readMidi(file(both))[0]?.seconds).toBeCloseTo(0.5 + 1);
+    });
+    it('is nothing when it is something else', () => {
+        expect(readMidi(Uint8Array.of(1, 2, 3))).toEqual([]);
+    });
+});
+
+function rendering(...lengths: number[]): Rendering {
+    const made = new Rendering();
+    made.take({ kind: 'begun', id: 1, sampleRate: 100, channels: 2 });
+    for (const length of lengths) {
+        const samples = [new Float32Array(length).fill(0.5), new Float32Array(length).fill(-2)];
+        made.take({ kind: 'samples', id: 1, samples });
+    }
+    return made;
+}
+
+describe('a rendering', () => {
+    it('finds the stretch that holds a frame', () => {
+        const made = rendering(10, 5);
+        expect([0, 9, 10, 14, 15].map((frame) => made.chunkAt(frame))).toEqual([0, 0, 1, 1, -1]);
+    });
+    it('settles when it has ended', async () => {
+        const made = rendering(10);
+        const whole = made.whole().then(() => made.refusal);
+        made.take({ kind: 'ended', id: 1, refusal: 'enough' });
+        expect(await whole).toBe('enough');
+    });
+    it('becomes a WAV file, clipped where it is too loud', async () => {
+        const blob = waveFile(rendering(3, 2));
+        const view = new DataView(await blob.arrayBuffer());
+        expect(blob.size).toBe(44 + 5 * 2 * 2);
+        expect([view.getUint16(22, true), view.getUint32(24, true), view.getUint32(40, true)]).toEqual([
+            2, 100, 20,
+        ]);
+        expect([view.getInt16(44, true), view.getInt16(46, true)]).toEqual([16384, -32767]);
+    });
+});
+
+it('a Csound document holds orchestra and score', () => {
+    const text = csoundDocument('instr 1\nendin\n\n', 'i1 0 1\ne\n');
+    expect(text).toContain('<CsInstruments>\ninstr 1\nendin\n</CsInstruments>');
+    expect(text).toContain('<CsScore>\ni1 0 1\ne\n</CsScore>');
+});
