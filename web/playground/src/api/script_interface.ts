@@ -35,6 +35,8 @@ export interface Playground {
     result(): Promise<PlaygroundResult>;
     /** Settles when all that was written so far is computed and drawn. */
     drawn(): Promise<void>;
+    /** Computes texts that are not shown, and tells how many events they have. */
+    compile(files: Record<string, string>): Promise<{ status: 0 | 1; eventCount: number }>;
     /** The bytes of the Csound score. */
     score(): Promise<Uint8Array>;
     /** From so many seconds on. Browsers want a click or a key before the first sound. */
@@ -97,6 +99,14 @@ async function scoreBytes({ store, engine }: Parts): Promise<Uint8Array> {
     return (await (await engine).compile(sourcesOf(piece), options)).score ?? new Uint8Array();
 }
 
+async function compileAside(
+    { engine }: Parts,
+    files: Record<string, string>,
+): Promise<{ status: 0 | 1; eventCount: number }> {
+    const { status, eventCount } = await (await engine).compile(files, { outputs: [] });
+    return { status, eventCount };
+}
+
 export function makeInterface(parts: Parts): Playground {
     const { store, computing, view, sounding, autosave } = parts;
     const drawn = async (): Promise<void> => {
@@ -118,6 +128,7 @@ export function makeInterface(parts: Parts): Playground {
         load,
         drawn,
         result,
+        compile: (files) => compileAside(parts, files),
         score: () => scoreBytes(parts),
         play: (from) => sounding.play(from),
         stop: () => sounding.stop(),

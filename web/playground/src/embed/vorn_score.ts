@@ -11,7 +11,7 @@ import { Picture } from '../picture/picture';
 import { csoundProgram } from '../sound/csound/loading';
 import CsoundWorker from '../sound/csound/worker?worker&inline';
 import { Player } from '../sound/player';
-import { createRenderer, Rendering } from '../sound/rendering';
+import { Renderer, Rendering } from '../sound/rendering';
 import { timeText } from '../picture/span';
 import { make } from '../ui/dom';
 import { icon } from '../ui/icons';
@@ -37,7 +37,7 @@ class VornScore extends HTMLElement {
     private text = '';
     private result: Result | undefined;
     private rendering: Rendering | undefined;
-    private readonly renderer = createRenderer(
+    private readonly renderer = new Renderer(
         () => new CsoundWorker(),
         () => csoundProgram(CSOUND),
     );

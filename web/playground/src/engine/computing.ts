@@ -46,7 +46,7 @@ export function startComputing(store: AppStore, engine: Promise<VornClient>): Co
         const { piece } = store.state;
         try {
             const client = await engine;
-            const options = { main: mainFile(piece).name };
+            const options = { main: mainFile(piece).name, outputs: [] };
             showResult(store, piece, await client.compile(sourcesOf(piece), options, { deadline }));
         } catch (error) {
             showTrouble(store, error);

@@ -83,75 +83,72 @@ export class Rendering {
     }
 }
 
-export interface Renderer {
-    render(piece: SoundPiece): Rendering;
-    cancel(): void;
-}
-
 const SILENT_FOR = 8000; // milliseconds without a sign of life: an orchestra that never comes back
 
-export function createRenderer(
-    makeWorker: () => Worker,
-    loadProgram: () => Promise<WebAssembly.Module>,
-): Renderer {
-    let worker: Worker | undefined;
-    let current: Rendering | undefined;
-    let id = 0;
-    let alarm: ReturnType<typeof setTimeout> | undefined;
+// One Csound at a time, in a Worker that is ended and begun anew when it does not come back.
+export class Renderer {
+    private worker: Worker | undefined;
+    private current: Rendering | undefined;
+    private id = 0;
+    private alarm: ReturnType<typeof setTimeout> | undefined;
 
-    const give = (answer: Answer): void => current?.take(answer);
-    const endWorker = (): void => {
-        worker?.terminate();
-        worker = undefined;
-    };
-    const watch = (): void => {
-        clearTimeout(alarm);
-        if (!current || current.hasEnded) return;
-        alarm = setTimeout(() => {
-            endWorker();
-            give({ kind: 'ended', id, refusal: 'Csound did not come back and was ended.' });
-        }, SILENT_FOR);
-    };
-    const receive = (answer: Answer): void => {
-        if (answer.id !== id) return;
-        give(answer);
-        watch();
-        if (current && !current.hasEnded && current.seconds > LONGEST) {
-            worker?.postMessage({ kind: 'cancel', id });
-            give({ kind: 'ended', id, refusal: `Only the first ${LONGEST / 60} minutes are played.` });
-        }
-    };
-    const startedWorker = (): Worker => {
-        if (worker) return worker;
-        worker = makeWorker();
-        worker.onmessage = (event: MessageEvent<Answer>) => receive(event.data);
-        worker.onerror = (event) => give({ kind: 'ended', id, refusal: 'Csound stopped: ' + event.message });
-        return worker;
-    };
-    const begin = async (piece: SoundPiece, own: number): Promise<void> => {
+    constructor(
+        private readonly makeWorker: () => Worker,
+        private readonly loadProgram: () => Promise<WebAssembly.Module>,
+    ) {}
+
+    // Takes the place of the performance before, which ends where it is.
+    render(piece: SoundPiece): Rendering {
+        this.id += 1;
+        this.current?.end('Another performance has begun.');
+        this.current = new Rendering();
+        void this.begin(piece, this.id);
+        return this.current;
+    }
+
+    private async begin(piece: SoundPiece, id: number): Promise<void> {
         try {
-            const program = await loadProgram();
-            if (own !== id) return;
+            const program = await this.loadProgram();
+            if (id !== this.id) return;
             const { orchestra, score } = piece;
             const files = piece.files.map(([name, bytes]): [string, Uint8Array] => [name, bytes]);
-            const request: RenderRequest = { kind: 'render', id: own, program, orchestra, score, files };
-            startedWorker().postMessage(request);
-            watch();
+            const request: RenderRequest = { kind: 'render', id, program, orchestra, score, files };
+            this.startedWorker().postMessage(request);
+            this.watch();
         } catch (error) {
-            if (own === id) give({ kind: 'ended', id: own, refusal: String(error) });
+            if (id === this.id) this.end(error instanceof Error ? error.message : String(error));
         }
-    };
-    return {
-        render(piece) {
-            id += 1;
-            current = new Rendering();
-            void begin(piece, id);
-            return current;
-        },
-        cancel() {
-            clearTimeout(alarm);
-            id += 1;
-            worker?.postMessage({ kind: 'cancel', id });
-        },
-    };
+    }
+
+    private startedWorker(): Worker {
+        if (this.worker) return this.worker;
+        const worker = this.makeWorker();
+        worker.onmessage = (event: MessageEvent<Answer>) => this.receive(event.data);
+        worker.onerror = (event) => this.end('Csound stopped: ' + event.message);
+        this.worker = worker;
+        return worker;
+    }
+
+    private receive(answer: Answer): void {
+        if (answer.id !== this.id) return;
+        this.current?.take(answer);
+        this.watch();
+        if (!this.current || this.current.hasEnded || this.current.seconds <= LONGEST) return;
+        this.worker?.postMessage({ kind: 'cancel', id: this.id });
+        this.end(`Only the first ${LONGEST / 60} minutes are played.`);
+    }
+
+    private watch(): void {
+        clearTimeout(this.alarm);
+        if (!this.current || this.current.hasEnded) return;
+        this.alarm = setTimeout(() => {
+            this.worker?.terminate();
+            this.worker = undefined;
+            this.end('Csound did not come back and was ended.');
+        }, SILENT_FOR);
+    }
+
+    private end(refusal: string): void {
+        this.current?.take({ kind: 'ended', id: this.id, refusal });
+    }
 }

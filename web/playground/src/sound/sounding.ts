@@ -8,7 +8,7 @@ import { csoundProgram } from './csound/loading';
 import { readMidi } from './midi_file';
 import { PortPlayer } from './midi_ports';
 import { Player } from './player';
-import { createRenderer, Rendering, type SoundPiece } from './rendering';
+import { Renderer, Rendering, type SoundPiece } from './rendering';
 import { waveFile } from './wave';
 
 export const BUILT_IN = 'built-in';
@@ -18,7 +18,7 @@ const DEADLINE = 10000;
 const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode(bytes);
 
 export class Sounding {
-    private readonly renderer = createRenderer(
+    private readonly renderer = new Renderer(
         () => new Worker(new URL('./csound/worker.ts', import.meta.url), { type: 'module' }),
         () => csoundProgram(programAddress),
     );

@@ -1,0 +1,142 @@
+// Measures the built page in Chromium: npm run measure. Each figure with its limit; the status is 1 when one
+// is beyond it.
+import { spawn } from 'node:child_process';
+import { once } from 'node:events';
+import { readdirSync, readFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { gzipSync } from 'node:zlib';
+import { chromium } from '@playwright/test';
+
+const here = dirname(dirname(fileURLToPath(import.meta.url)));
+const dist = join(here, 'dist');
+let isBeyond = false;
+
+function tell(what, value, limit, unit) {
+    const isWell = value <= limit;
+    isBeyond ||= !isWell;
+    console.log(
+        `${what.padEnd(62)} ${value.toFixed(1).padStart(9)} ${unit.padEnd(2)}  at most ${limit} ${isWell ? '' : '  BEYOND'}`,
+    );
+}
+
+const median = (values) => [...values].sort((a, b) => a - b)[values.length >> 1];
+
+function compressedKilobytes(names) {
+    return (
+        names.reduce((sum, name) => sum + gzipSync(readFileSync(join(dist, name)), { level: 9 }).length, 0) /
+        1000
+    );
+}
+
+// What is fetched before sound, the manual or the examples are asked for.
+function measureSizes(fetched) {
+    const files = readdirSync(join(dist, 'assets')).map((name) => `assets/${name}`);
+    tell(
+        'engine, compressed',
+        compressedKilobytes(files.filter((name) => /vorn.*\.wasm$/.test(name))),
+        150,
+        'kB',
+    );
+    const first = [...new Set(fetched)].filter((name) => name !== '');
+    tell('page without Csound, compressed', compressedKilobytes(['index.html', ...first]), 500, 'kB');
+}
+
+const many = `i1 = 7, 0, -100000 {
+p2 .01
+p3 1
+p4(hz) no ra(T 1 [c2 c7])
+p5 ra(T 1 [0 1])
+p6 ra(T 1 [0 1])
+p7 ra(T 1 [0 1])
+}
+`;
+
+// From a key to the frame in which its picture has been drawn.
+const keyToPicture = (page, times) =>
+    page.evaluate(async (count) => {
+        const editor = document.querySelector('.cm-content');
+        const found = [];
+        for (let press = 0; press < count; press++) {
+            const begin = performance.now();
+            document.execCommand('insertText', false, press % 2 === 0 ? ' ' : '\t');
+            await window.vornPlayground.drawn();
+            found.push(performance.now() - begin);
+            await new Promise((resolve) => setTimeout(resolve, 30));
+        }
+        editor.blur();
+        return found;
+    }, times);
+
+async function measureKeys(page, what, limit) {
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+End');
+    await keyToPicture(page, 3);
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+End');
+    tell(`key to picture, ${what}, median`, median(await keyToPicture(page, 15)), limit, 'ms');
+}
+
+async function begin(browser, address) {
+    const page = await browser.newPage({ viewport: { width: 1440, height: 900 } });
+    await page.goto(address);
+    await page.waitForFunction(() => window.vornPlayground);
+    await page.evaluate(() => window.vornPlayground.drawn());
+    const time = await page.evaluate(() => performance.now());
+    return { page, time };
+}
+
+async function measureMemory(page) {
+    const score = 'i1 = 5, 0, -200 {\np2 .1\np3 1\np4 ra(T 1 [0 1])\np5 1\n}\n';
+    const session = await page.context().newCDPSession(page);
+    const heap = async () => {
+        await session.send('HeapProfiler.collectGarbage');
+        return (await session.send('Runtime.getHeapUsage')).usedSize / 1e6;
+    };
+    const compile = (times) =>
+        page.evaluate(
+            async ([text, count]) => {
+                for (let time = 0; time < count; time++)
+                    await window.vornPlayground.compile({ 'x.vorn': text });
+            },
+            [score, times],
+        );
+    await compile(500);
+    const before = await heap();
+    await compile(10000);
+    tell('page memory after 10,000 compilations, more than before', (await heap()) - before, 2, 'MB');
+}
+
+const server = spawn(process.execPath, [join(here, 'tools/serve.mjs'), '--port', '0']);
+const [line] = await once(server.stdout, 'data');
+const address = line.toString().trim();
+const browser = await chromium.launch({
+    executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
+    args: ['--no-sandbox'],
+});
+try {
+    const { page: warm } = await begin(browser, address);
+    const fetched = await warm.evaluate(() =>
+        performance.getEntriesByType('resource').map((one) => new URL(one.name).pathname.slice(1)),
+    );
+    await warm.close();
+    measureSizes(fetched.filter((name) => /^assets\//.test(name)));
+    const times = [];
+    for (let count = 0; count < 5; count++) {
+        const { page, time } = await begin(browser, address);
+        times.push(time);
+        await page.close();
+    }
+    tell('begun, computed and drawn, median', median(times), 1000, 'ms');
+    const { page } = await begin(browser, address);
+    await measureKeys(page, 'the first example', 30);
+    await page.evaluate((text) => window.vornPlayground.load({ 'many.vorn': text }), many);
+    const drawing = await page.evaluate(() => window.vornPlayground.measureDrawing(20));
+    tell('a picture of 100,000 events, median', median(drawing), 16.7, 'ms');
+    await measureKeys(page, '100,000 events', 150);
+    await measureMemory(page);
+} finally {
+    await browser.close();
+    server.kill();
+}
+process.exitCode = isBeyond ? 1 : 0;
