@@ -6,7 +6,8 @@ import type { Plugin } from 'vite';
 const POLICY = [
     "default-src 'none'",
     "script-src 'self' 'wasm-unsafe-eval'",
-    "style-src 'self'",
+    "style-src 'self' 'nonce-editor'", // the editor brings rules of its own
+    "style-src-attr 'unsafe-inline'", // and places its lines and its cursor so
     "img-src 'self' data: blob:",
     "font-src 'self'",
     "connect-src 'self'",

@@ -47,7 +47,11 @@ const keys = keymap.of([
     indentWithTab,
 ]);
 
+// The rules of the editor are let in by this word (tools/content_security.ts).
+const NONCE = 'editor';
+
 const common: Extension = [
+    EditorView.cspNonce.of(NONCE),
     lineNumbers(),
     highlightActiveLineGutter(),
     highlightSpecialChars(),
@@ -68,6 +72,7 @@ const common: Extension = [
 const named = (name: string): Extension =>
     EditorView.contentAttributes.of({
         'aria-label': isOrchestra(name) ? `Orchestra ${name}` : `Score ${name}`,
+        tabindex: '0',
         spellcheck: 'false',
         autocorrect: 'off',
         autocapitalize: 'off',

@@ -1,13 +1,12 @@
 // The engine for embedded scores: part of the script, in the page's own thread, one for all of them.
-import { loadVorn } from 'vorn-wasm';
-import type { Vorn } from 'vorn-wasm';
-import program from 'vorn-wasm/vorn.wasm?inline';
+import { createVorn, type Vorn } from 'vorn-wasm';
+import program from 'vorn-wasm/vorn.wasm?url';
 
 let engine: Promise<Vorn> | undefined;
 
-export function loadEngine(): Promise<Vorn> {
-    engine ??= fetch(program)
-        .then((answer) => answer.arrayBuffer())
-        .then((bytes) => loadVorn(bytes));
-    return engine;
+async function load(): Promise<Vorn> {
+    const answer = await fetch(program);
+    return createVorn(await WebAssembly.compile(await answer.arrayBuffer()));
 }
+
+export const loadEngine = (): Promise<Vorn> => (engine ??= load());

@@ -1,5 +1,6 @@
 // The engine in its Worker. It begins to load as soon as the page does.
-import { connectVorn } from 'vorn-wasm';
-import type { VornClient } from 'vorn-wasm';
+import { connectVorn, type VornClient } from 'vorn-wasm';
+import EngineWorker from 'vorn-wasm/worker?worker';
 
-export const connectEngine = (): Promise<VornClient> => Promise.resolve(connectVorn());
+export const connectEngine = (): Promise<VornClient> =>
+    Promise.resolve(connectVorn(() => new EngineWorker()));

@@ -1,6 +1,6 @@
 // Events become bars: in the roll by their pitch, among the strokes of their instrument where they have
 // none, and in each lane by the value of its p-field. The fuller, the louder.
-import { keyHeight, keyY, laneY, type Band, type Layout } from './layout';
+import { keyHeight, keyY, laneY, type Band, type Layout, type PlacedLane } from './layout';
 import type { Raster } from './raster';
 import { firstFrom, type Range, type Scene, type SceneBlock } from './scene';
 import type { Span } from './span';
@@ -44,57 +44,82 @@ function penFor(drawing: Drawing, block: SceneBlock): Pen {
     };
 }
 
-type HeightOf = (row: number) => number; // the top of its bar, in pixels; NaN: it has none
+// Which column of values decides how high a bar stands: its top is offset + value * perUnit, in pixels.
+interface Heights {
+    readonly values: Float32Array;
+    readonly offset: number;
+    readonly perUnit: number;
+    readonly height: number; // of a bar
+}
 
-// Bars of one height for the rows in sight. A gap of a pixel keeps notes apart that follow each other.
-function drawBars(raster: Raster, drawing: Drawing, one: SceneBlock, topOf: HeightOf, height: number): void {
+// The shade of each row, by index into the colours; computed once for each table of events.
+const shadesByLevels = new WeakMap<Float32Array, { range: Range; shades: Uint8Array }>();
+
+function shadesFor(levels: Float32Array, range: Range): Uint8Array {
+    const known = shadesByLevels.get(levels);
+    if (known?.range === range) return known.shades;
+    const shades = Uint8Array.from(levels, (level) => shadeOf(level, range));
+    shadesByLevels.set(levels, { range, shades });
+    return shades;
+}
+
+// Bars for the rows in sight, in every plot that shows them. A gap of a pixel keeps notes apart that
+// follow each other.
+function drawBars(raster: Raster, drawing: Drawing, one: SceneBlock, plots: readonly Heights[]): void {
     const { start, duration, levels } = one.block.events;
-    const colors = shadesOf(drawing.tones, one.rank);
     const { left, perSecond, first, last } = penFor(drawing, one);
+    const colors = Uint32Array.from(shadesOf(drawing.tones, one.rank));
+    const shades = shadesFor(levels, drawing.scene.levels);
     const full = colors.length - 1;
-    const range = drawing.scene.levels;
     for (let row = first; row < last; row++) {
-        const length = duration[row] ?? 0;
-        const top = topOf(row);
-        if (!(length > 0) || top !== top) continue;
-        const x0 = Math.floor(left + (start[row] ?? 0) * perSecond);
-        const x1 = Math.round(left + ((start[row] ?? 0) + length) * perSecond);
-        const shade = levels.length > 0 ? shadeOf(levels[row] ?? 0, range) : full;
-        raster.bar(x0, x1 - x0 > 4 ? x1 - 1 : x1, top, top + height, colors[shade] ?? 0);
+        const length = duration[row] as number;
+        if (!(length > 0)) continue;
+        const begin = left + (start[row] as number) * perSecond;
+        const x0 = Math.floor(begin);
+        const end = Math.round(begin + length * perSecond);
+        const x1 = end - x0 > 4 ? end - 1 : end;
+        const color = colors[shades[row] ?? full] as number;
+        for (const { values, offset, perUnit, height } of plots) {
+            const top = Math.round(offset + (values[row] as number) * perUnit);
+            if (top === top) raster.bar(x0, x1, top, top + height, color);
+        }
     }
 }
 
-function drawRoll(raster: Raster, drawing: Drawing, one: SceneBlock, roll: Band): void {
+function inRoll(drawing: Drawing, one: SceneBlock, roll: Band): Heights {
     const { layout, scale, scroll } = drawing;
-    const { keys } = one.block.events;
     const height = Math.max(2, Math.round(keyHeight(layout, roll) * scale));
-    const perKey = (roll.height * scale) / (layout.keys.high - layout.keys.low);
-    const zero = (keyY(layout, roll, 0) - scroll) * scale - height / 2;
-    drawBars(raster, drawing, one, (row) => Math.round(zero - (keys[row] ?? NaN) * perKey), height);
+    const perUnit = (-roll.height * scale) / (layout.keys.high - layout.keys.low);
+    const offset = (keyY(layout, roll, 0) - scroll) * scale - height / 2;
+    return { values: one.block.events.keys, offset, perUnit, height };
 }
 
-function drawStrokes(raster: Raster, drawing: Drawing, one: SceneBlock, band: Band): void {
+function amongStrokes(drawing: Drawing, one: SceneBlock, band: Band): Heights {
     const { scale, scroll } = drawing;
-    const top = Math.round((band.top + 4 - scroll) * scale);
-    drawBars(raster, drawing, one, () => top, Math.round((band.height - 8) * scale));
+    const offset = (band.top + 4 - scroll) * scale;
+    const height = Math.round((band.height - 8) * scale);
+    // Any column of finite values will do: it counts nothing.
+    return { values: one.block.events.start, offset, perUnit: 0, height };
 }
 
-function drawLane(raster: Raster, drawing: Drawing, one: SceneBlock, lane: Layout['lanes'][number]): void {
+function inLane(drawing: Drawing, one: SceneBlock, lane: PlacedLane): Heights | undefined {
     const { scale, scroll } = drawing;
     const { pfield } = lane.field;
     const values = one.block.events.columns[pfield - 4];
-    if (!values || one.block.pitch?.pfield === pfield) return;
+    if (!values || one.block.pitch?.pfield === pfield) return undefined;
     const height = Math.round(2.5 * scale);
     const zero = laneY(lane, 0);
-    const perUnit = laneY(lane, 1) - zero;
-    const offset = (zero - scroll) * scale - height / 2;
-    drawBars(
-        raster,
-        drawing,
-        one,
-        (row) => Math.round(offset + (values[row] ?? NaN) * perUnit * scale),
-        height,
-    );
+    const perUnit = (laneY(lane, 1) - zero) * scale;
+    return { values, offset: (zero - scroll) * scale - height / 2, perUnit, height };
+}
+
+function plotsOf(drawing: Drawing, one: SceneBlock, lanes: readonly PlacedLane[]): Heights[] {
+    const { layout } = drawing;
+    const { events, instrument } = one.block;
+    const strokes = layout.strokes.get(instrument);
+    const inLanes = lanes.map((lane) => inLane(drawing, one, lane)).filter((plot) => plot !== undefined);
+    if (events.keys.length > 0 && layout.roll) return [inRoll(drawing, one, layout.roll), ...inLanes];
+    return strokes ? [amongStrokes(drawing, one, strokes), ...inLanes] : inLanes;
 }
 
 export function drawEvents(raster: Raster, drawing: Drawing): void {
@@ -102,11 +127,7 @@ export function drawEvents(raster: Raster, drawing: Drawing): void {
     const bottom = scroll + raster.height / scale;
     const lanes = layout.lanes.filter(({ top, height }) => top < bottom && top + height > scroll);
     for (const one of scene.blocks) {
-        const { block } = one;
-        if (hidden.has(block.instrument) || one.begin > span.to || one.end < span.from) continue;
-        const strokes = layout.strokes.get(block.instrument);
-        if (block.events.keys.length > 0 && layout.roll) drawRoll(raster, drawing, one, layout.roll);
-        else if (strokes) drawStrokes(raster, drawing, one, strokes);
-        for (const lane of lanes) drawLane(raster, drawing, one, lane);
+        if (hidden.has(one.block.instrument) || one.begin > span.to || one.end < span.from) continue;
+        drawBars(raster, drawing, one, plotsOf(drawing, one, lanes));
     }
 }

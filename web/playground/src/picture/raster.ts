@@ -18,18 +18,30 @@ export class Raster {
 
     // Pixels [left, right) and [top, bottom), at least one; its corners are left out where it is large.
     bar(left: number, right: number, top: number, bottom: number, color: number): void {
-        const x0 = Math.max(0, left);
-        const x1 = Math.min(this.width, Math.max(right, left + 1));
-        const y0 = Math.max(0, top);
-        const y1 = Math.min(this.height, Math.max(bottom, top + 1));
-        if (x0 >= x1 || y0 >= y1) return;
-        const first = y0 * this.width;
-        const isDrawn = x1 - x0 === 1 && this.pixels[first + x0] === color;
-        if (isDrawn && this.pixels[(y1 - 1) * this.width + x0] === color) return;
-        const isRound = right - left >= 4 && bottom - top >= 4;
-        for (let y = y0, row = first; y < y1; y++, row += this.width) {
-            const cut = isRound && (y === top || y === bottom - 1) ? 1 : 0;
-            this.pixels.fill(color, row + x0 + cut, row + x1 - cut);
+        const x0 = left < 0 ? 0 : left;
+        const x1 = right > this.width ? this.width : right;
+        const y0 = top < 0 ? 0 : top;
+        const y1 = bottom > this.height ? this.height : bottom;
+        if (y0 >= y1) return;
+        if (x1 <= x0 + 1) this.column(x0, y0, y1, color);
+        else this.rows(x0, x1, y0, y1, color, right - left >= 4 && bottom - top >= 4 ? 1 : 0);
+    }
+
+    // Where events crowd most bars are a pixel wide, and many are there already.
+    private column(x: number, y0: number, y1: number, color: number): void {
+        const { pixels, width } = this;
+        if (x >= width) return;
+        let at = y0 * width + x;
+        if (pixels[at] === color && pixels[at + (y1 - y0 - 1) * width] === color) return;
+        for (let y = y0; y < y1; y++, at += width) pixels[at] = color;
+    }
+
+    private rows(x0: number, x1: number, y0: number, y1: number, color: number, corner: number): void {
+        const { pixels, width } = this;
+        for (let y = y0; y < y1; y++) {
+            const cut = y === y0 || y === y1 - 1 ? corner : 0;
+            const end = y * width + x1 - cut;
+            for (let at = y * width + x0 + cut; at < end; at++) pixels[at] = color;
         }
     }
 

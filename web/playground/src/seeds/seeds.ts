@@ -10,7 +10,7 @@ import { iconButton, wordButton } from '../ui/icons';
 const MOST_SEED = 65535;
 const FIRST_SEED = 1; // holds where none is written
 
-export const seedOf = (result: Result | null): number => result?.seed.value ?? FIRST_SEED;
+export const seedOf = (result: Result | null): number => result?.seed?.value ?? FIRST_SEED;
 
 export function rolledSeed(before: number, random = Math.random): number {
     const seed = Math.floor(random() * (MOST_SEED + 1));
@@ -20,7 +20,7 @@ export function rolledSeed(before: number, random = Math.random): number {
 // Only while text and result belong together does the engine's place for the seed hold.
 export function setSeed(store: AppStore, editor: Editor, value: number): void {
     const { result, resultPiece, piece } = store.state;
-    if (!result?.seed.place || resultPiece !== piece) return;
+    if (!result?.seed?.place || resultPiece !== piece) return;
     const { place, before, after } = result.seed;
     const insert = `${before}${value}${after}`;
     editor.apply([{ file: place.file, from: place.from, to: place.to, insert }]);
@@ -95,7 +95,7 @@ export function seedsPanel(store: AppStore, editor: Editor): PanelView {
                 const { keptSeeds, result, seedIsLocked } = store.state;
                 value.textContent = String(seedOf(result));
                 locked.checked = seedIsLocked;
-                die.disabled = seedIsLocked || !result?.seed.place;
+                die.disabled = seedIsLocked || !result?.seed?.place;
                 hint.hidden = keptSeeds.length > 0;
                 shelf.replaceChildren(...keptSeeds.map((seed) => shelfItem(store, editor, seed)));
             };

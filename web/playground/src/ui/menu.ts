@@ -43,7 +43,7 @@ export function attachMenu(button: HTMLButtonElement, name: string, entries: () 
         const menu = make('div', { id, class: 'menu', role: 'menu', popover: 'auto', 'aria-label': name });
         const close = (): void => menu.hidePopover();
         menu.append(...entries().map((item) => entry(item, close)));
-        document.body.append(menu);
+        button.after(menu);
         menu.addEventListener('toggle', (event) => {
             if ((event as ToggleEvent).newState === 'open') return;
             button.setAttribute('aria-expanded', 'false');

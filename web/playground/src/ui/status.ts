@@ -1,6 +1,7 @@
 // The line at the foot: how many events, how long, how fast.
 import type { AppStore } from '../state/app_state';
 import { timeText } from '../picture/span';
+import { seedOf } from '../seeds/seeds';
 import { find, make } from './dom';
 
 const count = (number: number, word: string): string =>
@@ -18,7 +19,7 @@ export function showStatus(store: AppStore): void {
             count(result.eventCount, 'event'),
             count(blocks, 'block'),
             timeText(result.seconds, 0.1),
-            result.seed.value === null ? 'seed 1' : `seed ${result.seed.value}`,
+            `seed ${seedOf(result)}`,
         ];
         const time = `computed in ${Math.max(1, Math.round(result.milliseconds))} ms`;
         place.replaceChildren(

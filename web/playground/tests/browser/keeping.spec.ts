@@ -33,7 +33,7 @@ test('nothing is lost by a reload', async ({ playground: page }) => {
 test('what was replaced is in the history', async ({ playground: page }) => {
     await load(page, SCORE + '; mine\n');
     await load(page, SCORE);
-    await page.getByRole('button', { name: 'More' }).click();
+    await page.getByRole('button', { name: 'More', exact: true }).click();
     await page.getByRole('menuitem', { name: 'History' }).click();
     await page.getByRole('button', { name: 'Open', exact: true }).first().click();
     await expect.poll(() => textOf(page)).toContain('; mine');
@@ -69,7 +69,7 @@ for (const [suffix, begin] of [
     ['.sco', ';I-block #1 (i1):'],
     ['.csd', '<CsoundSynthesizer>'],
     ['.mid', 'MThd'],
-    ['.svg', '<svg'],
+    ['.svg', '<?xml'],
     ['.json', '{'],
     ['.vorn', 'i1 = 5'],
 ] as const) {

@@ -1,5 +1,6 @@
 import { describe, expect, it } from 'vitest';
 import { csoundDocument } from '../../src/files/downloads';
+import { forBrowsers } from '../../src/sound/csound/dialect';
 import { readMidi } from '../../src/sound/midi_file';
 import { Rendering } from '../../src/sound/rendering';
 import { waveFile } from '../../src/sound/wave';
@@ -73,4 +74,11 @@ it('a Csound document holds orchestra and score', () => {
     const text = csoundDocument('instr 1\nendin\n\n', 'i1 0 1\ne\n');
     expect(text).toContain('<CsInstruments>\ninstr 1\nendin\n</CsInstruments>');
     expect(text).toContain('<CsScore>\ni1 0 1\ne\n</CsScore>');
+});
+
+it('an orchestra keeps its lines where an opcode is written in another way', () => {
+    expect(forBrowsers('a\nalwayson "Out" ; here\n alwayson 7\n')).toBe(
+        'a\nturnon "Out" ; here\n turnon 7 \n',
+    );
+    expect(forBrowsers('alwayson "Out", 1\n')).toBe('alwayson "Out", 1\n');
 });

@@ -1,4 +1,5 @@
 // One performance: an orchestra and a score become blocks of samples, as fast as the machine can.
+import { forBrowsers } from './dialect';
 import { startProgram, type CsoundInstance, type Files } from './program';
 
 export interface Performance {
@@ -29,7 +30,7 @@ function prepare(csound: CsoundInstance, piece: Piece): number {
     const handle = functions.csoundCreateWasi();
     for (const option of OPTIONS) withText(option, (text) => functions.csoundSetOption(handle, text));
     check(
-        withText(piece.orchestra, (text) => functions.csoundCompileOrc(handle, text)),
+        withText(forBrowsers(piece.orchestra), (text) => functions.csoundCompileOrc(handle, text)),
         'Csound refuses the orchestra.',
     );
     check(
