@@ -7,22 +7,18 @@ const token = (name: string): string => `var(--code-${name})`;
 export const syntaxColors = syntaxHighlighting(
     HighlightStyle.define([
         { tag: tags.comment, color: token('comment'), fontStyle: 'italic' },
-        {
-            tag: [tags.keyword, tags.controlKeyword, tags.definitionKeyword, tags.processingInstruction],
-            color: token('keyword'),
-        },
-        {
-            tag: [tags.function(tags.name), tags.standard(tags.name)],
-            color: token('keyword'),
-            fontWeight: '600',
-        },
-        { tag: [tags.heading, tags.labelName], color: token('header'), fontWeight: '600' },
-        { tag: [tags.propertyName, tags.attributeName], color: token('field'), fontWeight: '600' },
+        { tag: [tags.keyword, tags.processingInstruction], color: token('keyword') },
+        { tag: tags.function(tags.variableName), color: token('keyword'), fontWeight: '600' },
+        { tag: tags.heading, color: token('header'), fontWeight: '600' },
+        { tag: tags.propertyName, color: token('field'), fontWeight: '600' },
         { tag: [tags.typeName, tags.modifier], color: token('type') },
-        { tag: [tags.string, tags.atom, tags.special(tags.string)], color: token('note') },
-        { tag: [tags.macroName, tags.variableName, tags.constant(tags.name)], color: token('macro') },
-        { tag: [tags.operator, tags.punctuation, tags.bracket], color: token('mark') },
-        { tag: [tags.meta], color: token('macro') },
-        { tag: tags.invalid, color: 'var(--error)' },
+        { tag: [tags.atom, tags.string], color: token('note') },
+        {
+            tag: [tags.macroName, tags.special(tags.variableName), tags.constant(tags.variableName)],
+            color: token('macro'),
+        },
+        { tag: [tags.standard(tags.variableName), tags.meta], color: token('macro') },
+        { tag: [tags.operator, tags.controlOperator, tags.punctuation], color: token('mark') },
+        { tag: tags.brace, color: token('header') },
     ]),
 );

@@ -107,7 +107,7 @@ class States {
         return this.get(this.shown);
     }
     private fresh(name: string): EditorState {
-        const language = isOrchestra(name) ? [] : scoreLanguage();
+        const language = isOrchestra(name) ? [] : scoreLanguage(this.store);
         return EditorState.create({
             doc: fileOf(this.store.state.piece, name)?.text ?? '',
             extensions: [language, common, named(name), this.extensions],
