@@ -4,7 +4,7 @@ import typescript from 'typescript-eslint';
 
 // Layout is Prettier's; here stands what a reader of the code may rely on.
 export default typescript.config(
-    { ignores: ['**/dist/', '**/node_modules/'] },
+    { ignores: ['**/dist/', '**/node_modules/', '**/generated/', '**/test-results/'] },
     js.configs.recommended,
     ...typescript.configs.strict,
     { languageOptions: { globals: { ...globals.browser, ...globals.node } } },

@@ -97,14 +97,18 @@ function showTools(picture: Picture): void {
 }
 
 const EMPTY = 'Nothing to see yet: write a block, or choose an example.';
+const WRONG = 'The picture comes when the first mistake is mended.';
 
 function showEmptiness(store: AppStore): void {
     const place = find('#picture-empty', HTMLElement);
     store.watch(
-        (state) => (state.goodResult?.eventCount ?? 0) === 0,
-        (isEmpty) => {
-            place.hidden = !isEmpty;
-            place.textContent = EMPTY;
+        ({ goodResult, result }) => {
+            if (!result || (goodResult?.eventCount ?? 0) > 0) return '';
+            return result.status === 0 ? EMPTY : WRONG;
+        },
+        (words) => {
+            place.hidden = words === '';
+            place.textContent = words;
         },
     );
 }
@@ -155,7 +159,7 @@ export function showPicture(store: AppStore, editor: Editor, sounding: Sounding)
     listenToHands(picture);
     store.watch(
         (state) => state.goodResult,
-        (result) => result && picture.show(result),
+        (result) => picture.show(result),
     );
     store.watch(
         (state) => state.pieceNumber,

@@ -3,7 +3,7 @@
 import { setDiagnostics, type Diagnostic as Mark } from '@codemirror/lint';
 import type { Diagnostic, Fix } from 'vorn-wasm';
 import type { AppState, AppStore } from '../state/app_state';
-import { make } from '../ui/dom';
+import { make, prose } from '../ui/dom';
 import type { Editor } from './editor';
 import type { Edit } from './texts';
 
@@ -30,8 +30,8 @@ function told(diagnostic: Diagnostic): HTMLElement {
         'div',
         { class: 'told' },
         make('p', {}, make('b', {}, diagnostic.code), ' ' + diagnostic.text),
-        ...diagnostic.advice.map((advice) => make('p', { class: 'told-advice' }, advice)),
-        ...diagnostic.notes.map((note) => make('p', { class: 'told-advice' }, note.text)),
+        ...diagnostic.advice.map((advice) => make('p', { class: 'told-advice' }, ...prose(advice))),
+        ...diagnostic.notes.map((note) => make('p', { class: 'told-advice' }, ...prose(note.text))),
     );
 }
 
@@ -46,7 +46,9 @@ function toMark(diagnostic: Diagnostic, editor: Editor): Mark | undefined {
         severity: SEVERITIES[diagnostic.severity],
         message: [diagnostic.text, ...diagnostic.advice].join(' '),
         renderMessage: () => told(diagnostic),
-        actions: fix ? [{ name: fix.title, apply: () => editor.apply(editsOf(fix)) }] : [],
+        actions: fix
+            ? [{ name: fix.title.replaceAll('`', ''), apply: () => editor.apply(editsOf(fix)) }]
+            : [],
     };
 }
 

@@ -74,9 +74,14 @@ export class Picture {
         this.resize();
     }
 
-    show(result: Result): void {
-        this.scene = makeScene(result);
+    // Nothing: there is no result yet.
+    show(result: Result | null): void {
         this.hover = undefined;
+        if (!result) {
+            this.clearAll();
+            return;
+        }
+        this.scene = makeScene(result);
         this.span = this.showsAll ? wholeSpan(this.scene.seconds) : within(this.span, this.scene.seconds);
         this.arrange();
     }
@@ -210,6 +215,13 @@ export class Picture {
         if (this.raster.width !== plot || this.raster.height !== height)
             this.raster = new Raster(plot, height);
         this.redraw();
+    }
+
+    private clearAll(): void {
+        this.scene = undefined;
+        this.layout = undefined;
+        this.showsAll = true;
+        for (const layer of [this.backdrop, this.events, this.overlay]) this.clear(layer, 0);
     }
 
     private clear({ canvas, context }: Layer, scroll: number): CanvasRenderingContext2D {

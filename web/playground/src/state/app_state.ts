@@ -87,6 +87,7 @@ export function openPiece(store: AppStore, piece: Piece, keptSeeds: readonly Kep
         cursor: { file: mainFile(piece).name, offset: 0, line: 1 },
         hiddenInstruments: new Set<number>(),
         position: 0,
+        goodResult: null, // the picture of another piece would mislead
         keptSeeds,
     }));
 }

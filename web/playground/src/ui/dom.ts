@@ -31,3 +31,7 @@ export function find<Kind extends Element>(
     if (!(found instanceof kind)) throw new Error(`The page has no ${selector}.`);
     return found;
 }
+
+// A text in which `code` stands between backticks.
+export const prose = (text: string): Child[] =>
+    text.split('`').map((part, index) => (index % 2 === 1 ? make('code', {}, part) : part));

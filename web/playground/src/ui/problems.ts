@@ -5,7 +5,7 @@ import { allDiagnostics, editsOf, severityName } from '../editor/mistakes';
 import { LONG_DEADLINE, type Computing } from '../engine/computing';
 import type { AppStore } from '../state/app_state';
 import { fileOf } from '../state/piece';
-import { find, make } from './dom';
+import { find, make, prose } from './dom';
 
 const MOST = 100;
 
@@ -45,10 +45,14 @@ function showProblem(store: AppStore, editor: Editor, diagnostic: Diagnostic): H
             : make('span', {}, diagnostic.text + times),
         make('span', { class: 'problem-line' }, lineText(store, diagnostic)),
         ...[...diagnostic.advice, ...diagnostic.notes.map((note) => note.text)].map((text) =>
-            make('p', { class: 'problem-advice' }, text),
+            make('p', { class: 'problem-advice' }, ...prose(text)),
         ),
         fix !== null &&
-            make('button', { type: 'button', class: 'word-button', onclick: mend }, capital(fix.title)),
+            make(
+                'button',
+                { type: 'button', class: 'word-button', onclick: mend },
+                ...prose(capital(fix.title)),
+            ),
     );
 }
 
