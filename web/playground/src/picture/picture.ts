@@ -161,7 +161,12 @@ export class Picture {
     // Draws at once; for who measures.
     draw(): void {
         const { scene, layout } = this;
-        if (!scene || !layout) return;
+        if (scene && layout) this.drawLayers(scene, layout);
+        // A picture that is out of sight has nothing to draw, and that is done.
+        this.told.onDrawn();
+    }
+
+    private drawLayers(scene: Scene, layout: Layout): void {
         const drawing: Drawing = {
             scene,
             layout,
@@ -176,7 +181,6 @@ export class Picture {
         drawEvents(this.raster, drawing);
         this.raster.put(this.events.context, Math.round(layout.gutter * this.scale), 0);
         this.drawOverlay();
-        this.told.onDrawn();
     }
 
     private redrawOverlay(): void {
