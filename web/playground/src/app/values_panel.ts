@@ -56,6 +56,8 @@ export function valuesPanel(store: AppStore): PanelView {
             place.append(make('div', { class: 'panel-row' }, choice, words), canvas);
             const draw = (): void => {
                 const { goodResult } = store.state;
+                canvas.hidden = !goodResult;
+                words.textContent = goodResult ? '' : 'There are no events yet.';
                 if (!goodResult) return;
                 const names = fieldNames(goodResult);
                 const shown = names.includes(field) ? field : (names.at(-1) ?? 'duration');
