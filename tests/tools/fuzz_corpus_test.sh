@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# The corpus of each fuzzer stays within what the tests have time for: some_files chooses evenly by size.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. scripts/lib/some_files.sh
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+for size in 1 2 3 4 5 6 7 8 9 10; do head -c "$size" /dev/zero >"$folder/of $size"; done
+
+expect() {
+    [ "$1" = "$2" ] && return
+    printf 'expected: %s\nfound: %s\n' "$1" "$2" >&2
+    exit 1
+}
+chosen() { some_files "$folder" "$1" | sed 's/.* //' | tr '\n' ' '; }
+expect "1 2 3 4 5 6 7 8 9 10 " "$(chosen 10)"
+expect "1 2 3 4 5 6 7 8 9 10 " "$(chosen 11)"
+expect "1 3 5 7 9 " "$(chosen 5)"
+expect "1 4 7 " "$(chosen 3)"
+expect "" "$(chosen 0)"
+
+# Each fuzzer has a limit, and what is kept lies within it.
+eval "$(grep '^declare -A most=' scripts/fuzz)"
+for name in $(scripts/fuzz names); do
+    count=$(find "fuzz/corpus/$name" -type f | wc -l)
+    if [ "$count" -gt "${most[$name]:-0}" ]; then
+        echo "fuzz/corpus/$name has $count inputs, more than ${most[$name]:-0}: scripts/fuzz merge" >&2
+        exit 1
+    fi
+done
