@@ -12,10 +12,18 @@
 
 namespace vorn::kit {
 
-const Tones LIGHT_TONES = {
-    0xffffff, 0x1a1a1a, 0x5c5f66, 0xdcdfe4, {0x0072b2, 0xd55e00, 0x009e73, 0xcc79a7, 0x000000}, 0.5};
-const Tones DARK_TONES = {
-    0x14161a, 0xf0f1f3, 0xa3a8b0, 0x33373e, {0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442}, 0.68};
+const Tones LIGHT_TONES = {0xffffff,
+                           0x1a1a1a,
+                           0x5c5f66,
+                           0xdcdfe4,
+                           {0x0053b1, 0x9a4300, 0x006138, 0x853f73, 0x000000},
+                           {0x1b92e2, 0xf06700, 0x129e68, 0xcf76b5, 0x8c8c8c}};
+const Tones DARK_TONES = {0x14161a,
+                          0xf0f1f3,
+                          0xa3a8b0,
+                          0x33373e,
+                          {0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442},
+                          {0x4181a7, 0xa37308, 0x067257, 0x91597a, 0xaaa235}};
 
 namespace {
 
@@ -97,12 +105,12 @@ double character_width(char first_byte) {
 }  // namespace
 
 std::uint32_t shade_color(const Tones& tones, int color, int shade) {
-    const double share = tones.faintest + (1 - tones.faintest) * shade / (SHADE_COUNT - 1);
+    const double share = static_cast<double>(shade) / (SHADE_COUNT - 1);
     std::uint32_t mixed = 0;
     for (int shift = 16; shift >= 0; shift -= 8) {
-        const double paper = tones.paper >> shift & 0xFFU;
+        const double faint = tones.faint[color] >> shift & 0xFFU;
         const double full = tones.instruments[color] >> shift & 0xFFU;
-        const double part = std::round(paper + (full - paper) * share);
+        const double part = std::round(faint + (full - faint) * share);
         mixed |= static_cast<std::uint32_t>(part) << shift;
     }
     return mixed;

@@ -28,17 +28,19 @@ struct Tones {
     std::uint32_t ink;
     std::uint32_t muted;
     std::uint32_t grid;
-    std::uint32_t instruments[COLOR_COUNT];
-    double faintest;  // part of its colour that the lowest shade has; the rest is paper
+    std::uint32_t instruments[COLOR_COUNT];  // the fullest shade of each
+    std::uint32_t faint[COLOR_COUNT];        // the lowest
 };
 
-// The colours of instruments are from the palette of Okabe and Ito, "Color Universal
-// Design" (2008), which the colour-blind tell apart: on each paper those five that
-// stand out from it.
+// The colours of instruments follow the palette of Okabe and Ito, "Color Universal
+// Design" (2008), which the colour-blind tell apart: on each paper five of it, in two
+// tones. The fainter one, too, stands out from the paper and from the others. On light
+// paper it is near the palette and the fuller one darker, on dark paper the palette is
+// the fuller.
 extern const Tones LIGHT_TONES;
 extern const Tones DARK_TONES;
 
-// A shade of a colour, mixed with the paper rather than transparent, so that lines
+// A shade of a colour, mixed of its two tones rather than transparent, so that lines
 // behind it do not show.
 [[nodiscard]] std::uint32_t shade_color(const Tones& tones, int color, int shade);
 

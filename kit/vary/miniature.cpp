@@ -136,7 +136,7 @@ private:
     std::vector<char> cells_;
 };
 
-// ".a{fill:#0072b2}", a class an instrument.
+// ".a{fill:#0053b1}", a class an instrument.
 std::string color_rules(const Tones& tones) {
     std::string rules;
     for (std::size_t color = 0; color < COLORS; ++color) {
