@@ -4,9 +4,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
+
+#include "kit/command/signals_held_back.h"
 
 // The temporary name is the file's own with a dot before it and six characters
 // behind it, so that it lies on the same disk and a rename cannot be half done.
@@ -40,23 +41,8 @@ void forget_unfinished(const std::string& name) {
     if (char* slot = find_slot(name.c_str())) slot[0] = 0;
 }
 
-// A signal that comes between making a file and noting its name would leave it behind.
-class SignalsHeldBack {
-public:
-    SignalsHeldBack() {
-        sigset_t all;
-        sigfillset(&all);
-        sigprocmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsHeldBack() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsHeldBack(const SignalsHeldBack&) = delete;
-    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
-
-private:
-    sigset_t before_ = {};
-};
-
-// The descriptor of a new file whose name is noted; negative when there is none.
+// The descriptor of a new file whose name is noted; negative when there is none. A signal
+// that comes between the two would leave the file behind.
 int make_unfinished(std::string& name) {
     const SignalsHeldBack held;
     const int descriptor = mkstemp(name.data());

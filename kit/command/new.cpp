@@ -8,12 +8,13 @@
 
 #include "kit/command/atomic_file.h"
 #include "kit/command/console.h"
+#include "kit/command/signals_held_back.h"
 #include "kit/command/subcommands.h"
 #include "kit/orchestra/document.h"
 #include "kit/orchestra/first_piece.h"
 
 // vornkit new: a folder with a piece that plays at once. Either all of it is made
-// or nothing.
+// or nothing, also when a signal comes.
 
 namespace vorn::kit {
 
@@ -74,6 +75,7 @@ void tell_next_steps(const std::string& path) {
 }
 
 Outcome make_piece(const std::string& name) {
+    const SignalsHeldBack held;
     const std::string folder = without_last_slashes(name);
     const bool is_made = mkdir(folder.c_str(), 0777) == 0;
     if (!is_made && errno != EEXIST) {

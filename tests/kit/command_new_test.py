@@ -2,6 +2,9 @@
 import os
 import pathlib
 import shlex
+import shutil
+import signal
+import subprocess
 import sys
 import unittest
 
@@ -80,6 +83,19 @@ class NewCommand(CommandTest):
         self.assertEqual(done.returncode, 2)
         self.assertIn(b"cannot write piece/piece.csd", done.stderr)
         self.assertEqual((self.pieces(), (self.folder / "piece").exists()), ([], False))
+
+    def test_an_interruption_leaves_all_of_the_piece_or_nothing(self):
+        whole = ["piece/piece.csd", "piece/piece.orc", "piece/piece.vorn"]
+        piece = self.folder / "piece"
+        for _ in range(100):  # one in twenty would come between two files
+            with subprocess.Popen([pathlib.Path(VORNKIT).resolve(), "new", "piece"], cwd=self.folder,
+                                  stdout=subprocess.DEVNULL) as making:
+                while making.poll() is None and not piece.exists():
+                    pass
+                making.send_signal(signal.SIGTERM)
+            self.assertIn(making.returncode, (0, -signal.SIGTERM))
+            self.assertEqual(self.pieces(), whole)
+            shutil.rmtree(piece)
 
     def test_help_begins_with_an_example(self):
         self.assertIn("Example: vornkit new", self.vornkit("new", "--help").stdout)

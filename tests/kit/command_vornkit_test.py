@@ -95,7 +95,9 @@ class Vornkit(CommandTest):
         self.write("long.vorn", "i1 = 4 0 -10000000 {\np2 .001\np3 1\np4 ra(T 1 [60 72])\n}\n")
         temporary = self.folder / "tmp"
         temporary.mkdir()
-        for arguments in (("check", "long.vorn"), ("midi", "long.vorn", "long.mid")):
+        outputs = {name: self.write(name, "old") for name in ("long.mid", "long.csv", "long.svg")}
+        for arguments in (("check", "long.vorn"), ("midi", "long.vorn", "long.mid"),
+                          ("events", "long.vorn", "-o", "long.csv"), ("picture", "long.vorn", "-o", "long.svg")):
             running = subprocess.Popen([pathlib.Path(VORNKIT).resolve(), *arguments], cwd=self.folder,
                                        env={**os.environ, "TMPDIR": str(temporary)}, stderr=subprocess.DEVNULL)
             while running.poll() is None and not any(temporary.iterdir()):
@@ -103,7 +105,19 @@ class Vornkit(CommandTest):
             running.send_signal(signal.SIGINT)
             self.assertEqual(running.wait(60), -signal.SIGINT, arguments)
             self.assertEqual(list(temporary.iterdir()), [], arguments)
-        self.assertEqual(self.files(), ["long.vorn"])
+        self.assertEqual([path.read_text() for path in outputs.values()], ["old"] * 3)
+        self.assertEqual(self.files(), sorted(["long.vorn", *outputs]))
+
+    def test_an_interruption_while_the_output_is_written_keeps_the_old_one(self):
+        self.write("long.vorn", "i1 = 4 0 -400000 {\np2 .001\np3 1\np4 ra(T 1 [60 72])\n}\n")
+        old = self.write("long.json", "old")
+        with subprocess.Popen([pathlib.Path(VORNKIT).resolve(), "events", "long.vorn", "-o", "long.json"],
+                              cwd=self.folder) as writing:
+            while writing.poll() is None and len(self.files()) == 2:
+                time.sleep(0.001)
+            writing.send_signal(signal.SIGTERM)
+        self.assertEqual(writing.returncode, -signal.SIGTERM)
+        self.assertEqual((self.files(), old.read_text()), (["long.json", "long.vorn"], "old"))
 
 
 if __name__ == "__main__":
