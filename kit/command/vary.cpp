@@ -5,6 +5,7 @@
 
 #include "kit/command/console.h"
 #include "kit/command/keep_variants.h"
+#include "kit/command/option_checks.h"
 #include "kit/command/process.h"
 #include "kit/command/progress.h"
 #include "kit/command/score_input.h"
@@ -66,11 +67,7 @@ std::vector<unsigned> read_numbers(const std::string& text) {
 }
 
 std::string check_counts(const VaryArguments& arguments, const std::optional<Range>& range) {
-    if (arguments.count < 1 || arguments.count > MOST_VARIANTS) {
-        return "--count " + std::to_string(arguments.count) + ": there can be 1 to " +
-               std::to_string(MOST_VARIANTS) + " variants";
-    }
-    if (arguments.first > MAX_SEED || arguments.first + arguments.count - 1 > MAX_SEED) {
+    if (arguments.first + arguments.count - 1 > MAX_SEED) {
         return "seeds go up to " + std::to_string(MAX_SEED) + "; " + std::to_string(arguments.count) +
                " from " + std::to_string(arguments.first) + " on are too many";
     }
@@ -326,9 +323,12 @@ void add_vary(CLI::App& app, Outcome& outcome) {
     arguments->count = USUAL_COUNT;
     command->add_option("SCORE", arguments->score, "the score; - is standard input")->required();
     command->add_option("-o,--output", arguments->folder, "the folder of the variants")->type_name("FOLDER");
-    command->add_option("--count", arguments->count, "how many")->capture_default_str();
+    command->add_option("--count", arguments->count, "how many")
+        ->capture_default_str()
+        ->check(number_between(1, MOST_VARIANTS));
     command->add_option("--first", arguments->first, "the first number, which is a seed")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->check(number_between(0, MAX_SEED));
     command->add_option("--set", arguments->assignment, "vary this constant or macro and not the seed")
         ->type_name("NAME=from..to");
     command->add_option("--render", arguments->orchestra, "let Csound render a sound of each")

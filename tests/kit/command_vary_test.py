@@ -256,6 +256,8 @@ class Failing(VaryTest):
                                 (["piece.vorn", "--count", "0", *out], "1 to 65535"),
                                 (["piece.vorn", "--count", "100000", *out], "1 to 65535"),
                                 (["piece.vorn", "--count", "many", *out], "--count"),
+                                (["piece.vorn", "--count", "-1", *out], '"-1" is no number from 1 to 65535'),
+                                (["piece.vorn", "--first", "-1", *out], '"-1" is no number from 0 to 65535'),
                                 (["piece.vorn", "--count", "10", "--first", "65530", *out], "seeds go up to 65535"),
                                 (["piece.vorn", "--jobs", "0", *out], "--jobs"),
                                 (["piece.vorn", "--set", "TEMPO", *out], "NAME=from..to"),
