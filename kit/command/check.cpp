@@ -58,7 +58,7 @@ Outcome check_score(const std::string& argument, const CheckArguments& arguments
     RunOptions options;
     options.relative = arguments.relative;
     const std::string name = source_name(argument);
-    const ScoreRun run = run_score(name, options, sources);
+    const ScoreRun run = run_of_files(name, options, sources);
     if (!was_found(argument, run)) return Outcome::WRONG_USE;
     std::vector<Diagnostic> diagnostics = from_messages(run);
     add_lint(diagnostics, run, arguments.lint);

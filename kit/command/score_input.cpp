@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 
 #include "kit/command/console.h"
@@ -36,11 +37,21 @@ bool was_found(const std::string& score, const ScoreRun& run) {
     return false;
 }
 
+ScoreRun run_of_files(const std::string& name, const RunOptions& options, SystemSources& sources) {
+    ScoreRun run = run_score(name, options, sources);
+    for (std::string& tried : run.tried_includes) {
+        std::error_code no_folder;  // the current one is gone: the name stays as it is
+        const std::filesystem::path path = std::filesystem::absolute(tried, no_folder);
+        if (!no_folder) tried = path.string();
+    }
+    return run;
+}
+
 // Whoever types a score at the terminal needs the line that progress would take.
 ScoreRun ScoreInput::run(const std::string& argument, const RunOptions& options) {
     std::optional<Progress> progress;
     if (argument != "-" || isatty(STDIN_FILENO) == 0) progress.emplace("reading " + argument);
-    return run_score(source_name(argument), options, sources_);
+    return run_of_files(source_name(argument), options, sources_);
 }
 
 ScoreInput::ScoreInput(const std::string& argument, bool relative, const std::string& output) {

@@ -15,6 +15,11 @@ void tell_mistakes(const ScoreRun& run);
 // command line.
 [[nodiscard]] bool was_found(const std::string& score, const ScoreRun& run);
 
+// Runs the score of that name. An include that is not found is told with the whole path
+// under which it was looked for.
+[[nodiscard]] ScoreRun run_of_files(const std::string& name, const RunOptions& options,
+                                    SystemSources& sources);
+
 // The score of a command line: runs it, and tells its mistakes on standard error. `output`
 // gets the Csound score.
 class ScoreInput {

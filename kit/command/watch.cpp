@@ -113,7 +113,7 @@ bool Watch::read_and_watch(ScoreRun& run) {
         SystemSources sources;
         RunOptions options;
         options.relative = arguments_.relative;
-        run = run_score(arguments_.score, options, sources);
+        run = run_of_files(arguments_.score, options, sources);
         std::vector<std::string> names = sources.names();
         if (!arguments_.orchestra.empty()) names.push_back(arguments_.orchestra);
         if (!files_.watch(names)) return false;

@@ -69,7 +69,7 @@ bool advise_include(Adviser& adviser) {
     const auto& tried = adviser.site.run.tried_includes;
     if (tried.empty()) return false;
     adviser.help("looked for \"" + tried.back() + "\" and found nothing there that can be read");
-    if (tried.back().starts_with('/')) return true;
+    if (adviser.word().find("|/") != std::string_view::npos) return true;
     return adviser.help(
         "names count from the folder that Vorn runs in; with --relative, from the including file");
 }

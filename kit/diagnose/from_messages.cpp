@@ -47,9 +47,20 @@ void place_skipped(Diagnostic& diagnostic, const ScoreRun& run, const RunMessage
     }
 }
 
-Diagnostic from_message(const ScoreRun& run, const RunMessage& message) {
+// The error that has ended the run; null when none has. The engine tells a name that no
+// macro or constant has as an error in the value of an "#if", too, and goes on: what
+// leaves the score accepted is a warning.
+const RunMessage* ending_error(const ScoreRun& run) {
+    if (run.status == 0) return nullptr;
+    const auto last = std::find_if(run.messages.rbegin(), run.messages.rend(), [](const RunMessage& message) {
+        return message.severity == Severity::ERROR;
+    });
+    return last == run.messages.rend() ? nullptr : &*last;
+}
+
+Diagnostic from_message(const ScoreRun& run, const RunMessage& message, Level level) {
     Diagnostic diagnostic;
-    diagnostic.level = message.severity == Severity::ERROR ? Level::ERROR : Level::WARNING;
+    diagnostic.level = level;
     diagnostic.code = code_of(message);
     diagnostic.text = on_one_line(message.text);
     diagnostic.repeats = message.repeats;
@@ -65,7 +76,10 @@ Diagnostic from_message(const ScoreRun& run, const RunMessage& message) {
 
 std::vector<Diagnostic> from_messages(const ScoreRun& run) {
     std::vector<Diagnostic> diagnostics;
-    for (const RunMessage& message : run.messages) diagnostics.push_back(from_message(run, message));
+    const RunMessage* const error = ending_error(run);
+    for (const RunMessage& message : run.messages) {
+        diagnostics.push_back(from_message(run, message, &message == error ? Level::ERROR : Level::WARNING));
+    }
     return diagnostics;
 }
 

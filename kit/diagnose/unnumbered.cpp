@@ -41,6 +41,7 @@ constexpr Row ERRORS[] = {
 };
 
 constexpr Row WARNINGS[] = {
+    {"There are more warnings", "", "Wmore"},
     {"Tempo #", " conflicts with previous tempo", "Wtempo"},
 };
 

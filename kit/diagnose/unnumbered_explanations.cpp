@@ -49,7 +49,8 @@ p4 60 }
      .title = "There is no constant of this name",
      .cause = "A `~` and a name stand for the value of a constant, and no line above defines it. "
               "The name may be misspelt; upper and lower case are different letters here. "
-              "Or the definition comes later in the score.",
+              "Or the definition comes later in the score. "
+              "In the value of an `#if` this ends no run, and `vornkit check` calls it a warning.",
      .cure = "Compare the name with that of its `#const`, and define it further up.",
      .score = R"(#const ROOT 60
 i1 = 4, 0, 4 {
@@ -86,7 +87,8 @@ p2 1  p3 1 }
      .cause = "A `$` and a name stand for the body of a macro, and no line above defines it. "
               "The name may be misspelt; upper and lower case are different letters here. "
               "All letters, digits and `_` behind the `$` belong to the name, "
-              "so that `$ROOT2` is not `$ROOT` with a 2 behind it.",
+              "so that `$ROOT2` is not `$ROOT` with a 2 behind it. "
+              "In the value of an `#if` this ends no run, and `vornkit check` calls it a warning.",
      .cure = "Compare the name with that of its `#define`, and define it further up.",
      .score = R"(#define ROOT #60#
 i1 = 4, 0, 4 {
@@ -168,6 +170,12 @@ p3 1 }
               "What has been written is not complete.",
      .cure = "Make room on the disk, or write to another one.",
      .unprovoked = "No score can show this: it depends on the disk, not on what the score says."},
+    {.code = "Wmore",
+     .title = "There are more warnings, which are not told one by one",
+     .cause = "10,000 different warnings have been told, and the score gives cause for further ones. "
+              "They are counted, at the place of the first of them.",
+     .cure = "Mend what the warnings above have in common, and check the score again.",
+     .unprovoked = "It takes more than 10,000 warnings, which are too many to be shown here."},
     {.code = "Wother",
      .title = "A warning of which nothing more is known",
      .cause = "The message says all there is.",

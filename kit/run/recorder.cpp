@@ -17,6 +17,7 @@ namespace vorn::kit {
 namespace {
 
 constexpr std::size_t MAX_MESSAGES = 10'000;  // different ones; a run with more has told enough
+constexpr const char* MORE_MESSAGES = "There are more warnings, which are not told one by one";
 
 std::string_view without_prefix(std::string_view text, std::string_view prefix) {
     return text.substr(0, prefix.size()) == prefix ? text.substr(prefix.size()) : text;
@@ -153,7 +154,21 @@ void Recorder::on_message(const Message& message) {
         ++run_.messages.back().repeats;
     } else if (run_.messages.size() < MAX_MESSAGES || message.severity == Severity::ERROR) {
         run_.messages.push_back(std::move(record));
+    } else {
+        count_message(std::move(record));
     }
+}
+
+// One record at the place of the first that is left out stands for all of them.
+void Recorder::count_message(RunMessage&& record) {
+    if (more_) {
+        ++run_.messages[*more_].repeats;
+        return;
+    }
+    more_ = run_.messages.size();
+    record.number = 0;
+    record.text = MORE_MESSAGES;
+    run_.messages.push_back(std::move(record));
 }
 
 // From `begin` to position `end` of the same line.

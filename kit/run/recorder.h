@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -47,6 +48,7 @@ private:
     void copy_events(BlockRecord& block, const ListNode* tail) const;
     void note_equation(const Splice& splice);
     void place_message(RunMessage& record, const Message& message) const;
+    void count_message(RunMessage&& record);
 
     ScoreRun& run_;
     const RunOptions& options_;
@@ -56,6 +58,7 @@ private:
     EquationValue equation_ = {};                             // the one expanded last
     std::unordered_map<std::string, std::size_t> constants_;  // index by name
     LinePlace header_;                                        // read last
+    std::optional<std::size_t> more_;                         // the message that counts further ones
     // Of the block that is being read:
     std::vector<FieldRecord> fields_;
     std::vector<ExactStart> starts_;  // of the events that P2 has made, in their order

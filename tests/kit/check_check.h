@@ -105,6 +105,7 @@ inline std::string check_problem(const std::map<std::string, std::string>& input
     const bool has_error = std::any_of(told.diagnostics.begin(), told.diagnostics.end(),
                                        [](const Diagnostic& one) { return one.level == Level::ERROR; });
     if (told.run.status != 0 && !has_error) return "the score is refused without an error";
+    if (told.run.status == 0 && has_error) return "the score is accepted with an error";
     const Told again = tell(inputs);
     return text == text_of(again) && json == json_of(again) ? "" : "two runs tell different things";
 }

@@ -92,6 +92,34 @@ class CheckTest(vornkit.CommandTest):
         self.assertEqual(self.check("a/all.vorn").returncode, 1)
         self.assertEqual(self.check("--relative", "a/all.vorn").returncode, 0)
 
+    def test_an_include_that_is_not_found_is_told_by_its_whole_path(self):
+        self.write("a/all.vorn", "#include |parts/bass.inc|\n")
+        here = self.folder.resolve()
+        for options, place in (([], here), (["--relative"], here / "a")):
+            said = self.check(*options, "a/all.vorn").stdout
+            self.assertIn(f'help: looked for "{place}/parts/bass.inc" and found nothing there', said)
+            self.assertIn("help: names count from the folder that Vorn runs in", said)
+        self.write("whole.vorn", f"#include |{here}/bass.inc|\n")
+        said = self.check("whole.vorn").stdout
+        self.assertIn(f'help: looked for "{here}/bass.inc" and found nothing there', said)
+        self.assertNotIn("names count from", said)
+
+    def test_what_leaves_a_score_accepted_is_no_error(self):
+        self.write("open.vorn", "#if(~VERSE)\n" + WELL + "#endif\n")
+        score, = self.data("open.vorn")["scores"]
+        self.assertEqual((score["accepted"], [one["level"] for one in score["diagnostics"]]), (True, ["warning"]))
+        self.write("both.vorn", "#if(~VERSE)\n#endif\n" + BAD)
+        score, = self.data("both.vorn")["scores"]
+        self.assertEqual((score["accepted"], [one["level"] for one in score["diagnostics"]]),
+                         (False, ["warning", "error"]))
+
+    def test_warnings_that_are_not_told_are_counted(self):
+        self.write("many.vorn", "i1 = 3 0 -1 {\np2 1\np3 1 2 }\n" * 10_100)
+        told = self.data("many.vorn")["scores"][0]["diagnostics"]
+        warnings = [one for one in told if one["level"] == "warning"]
+        self.assertEqual(len(warnings), 10_001)
+        self.assertEqual((warnings[-1]["code"], warnings[-1]["repeats"]), ("Wmore", 100))
+
     def test_names_may_hold_anything(self):
         for name in ["mit Leerzeichen.vorn", "Gl\u00f6ckchen.vorn", "a'b\"c.vorn", "$(date).vorn", "-x.vorn"]:
             self.write(name, BAD)
