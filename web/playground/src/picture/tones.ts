@@ -1,11 +1,12 @@
-// The colours of data: those five of the palette of Okabe and Ito, "Color Universal Design" (2008), that
-// stand out from light and from dark paper. They are those of kit/picture/theme.cpp, which a test compares.
+// The colours of data, after the palette of Okabe and Ito, "Color Universal Design" (2008): each in two tones that
+// both stand out from the paper. They are those of kit/picture/theme.cpp, which a test compares.
 export interface Tones {
     readonly paper: number; // 0xrrggbb, as all of them
     readonly ink: number;
     readonly muted: number;
     readonly grid: number;
-    readonly instruments: readonly number[];
+    readonly instruments: readonly number[]; // the fullest shade of each
+    readonly faint: readonly number[]; // the lowest
 }
 
 export const LIGHT: Tones = {
@@ -13,7 +14,8 @@ export const LIGHT: Tones = {
     ink: 0x1a1a1a,
     muted: 0x5c5f66,
     grid: 0xdcdfe4,
-    instruments: [0x0072b2, 0xd55e00, 0x009e73, 0xcc79a7, 0x000000],
+    instruments: [0x0053b1, 0x9a4300, 0x006138, 0x853f73, 0x000000],
+    faint: [0x1b92e2, 0xf06700, 0x129e68, 0xcf76b5, 0x8c8c8c],
 };
 
 export const DARK: Tones = {
@@ -22,18 +24,19 @@ export const DARK: Tones = {
     muted: 0xa3a8b0,
     grid: 0x33373e,
     instruments: [0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442],
+    faint: [0x4181a7, 0xa37308, 0x067257, 0x91597a, 0xaaa235],
 };
 
-// How much of its colour each shade has; the rest is paper. The louder, the fuller.
-export const SHADES = [0.5, 0.62, 0.75, 0.87, 1] as const;
+// How much of its fullest tone each shade has; the rest is the faint one. The louder, the fuller.
+export const SHADES = [0, 0.25, 0.5, 0.75, 1] as const;
 
 export const hex = (color: number): string => '#' + color.toString(16).padStart(6, '0');
 
-// `part` of the colour, mixed with the paper, so that lines behind it do not show.
-export function mixed(color: number, paper: number, part: number): number {
+// `part` of the colour, the rest another, so that lines behind it do not show.
+export function mixed(color: number, other: number, part: number): number {
     let result = 0;
     for (const shift of [16, 8, 0]) {
-        const low = (paper >> shift) & 255;
+        const low = (other >> shift) & 255;
         const high = (color >> shift) & 255;
         result |= Math.round(low + (high - low) * part) << shift;
     }
@@ -47,6 +50,8 @@ export const pixel = (color: number): number =>
 export const colorOf = (tones: Tones, rank: number): number =>
     tones.instruments[rank % tones.instruments.length] ?? tones.ink;
 
+const faintOf = (tones: Tones, rank: number): number => tones.faint[rank % tones.faint.length] ?? tones.muted;
+
 // The pixels of all shades of an instrument, faint to full.
 export const shadesOf = (tones: Tones, rank: number): number[] =>
-    SHADES.map((part) => pixel(mixed(colorOf(tones, rank), tones.paper, part)));
+    SHADES.map((part) => pixel(mixed(colorOf(tones, rank), faintOf(tones, rank), part)));

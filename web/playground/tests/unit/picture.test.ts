@@ -7,7 +7,7 @@ import { hitTest, neighbour } from '../../src/picture/hit';
 import { keyY, laneY, layOut, toSeconds, toX } from '../../src/picture/layout';
 import { firstFrom, makeScene } from '../../src/picture/scene';
 import { following, roundStep, timeText, within, zoomed } from '../../src/picture/span';
-import { DARK, LIGHT, mixed, pixel } from '../../src/picture/tones';
+import { DARK, LIGHT, mixed, pixel, shadesOf } from '../../src/picture/tones';
 import { makeBlock, makeResult } from './results';
 
 const result = makeResult([
@@ -145,9 +145,20 @@ describe('colours', () => {
     ])('are those of the pictures of vornkit: %s', (name, tones) => {
         const found = new RegExp(`${name} = \\{([^;]*)\\};`).exec(theme)?.[1] ?? '';
         const numbers = [...found.matchAll(/0x[0-9a-f]{6}/g)].map(([text]) => Number(text));
-        expect(numbers).toEqual([tones.paper, tones.ink, tones.muted, tones.grid, ...tones.instruments]);
+        expect(numbers).toEqual([
+            tones.paper,
+            tones.ink,
+            tones.muted,
+            tones.grid,
+            ...tones.instruments,
+            ...tones.faint,
+        ]);
     });
-    it('are mixed with the paper and put into memory', () => {
+    it('go from the faint tone of an instrument to the full one', () => {
+        const shades = shadesOf(LIGHT, 1);
+        expect([shades[0], shades[2], shades[4]]).toEqual([0xf06700, 0xc55500, 0x9a4300].map(pixel));
+    });
+    it('are mixed and put into memory', () => {
         expect(mixed(0x000000, 0xffffff, 0.5)).toBe(0x808080);
         expect(pixel(0x123456)).toBe(0xff563412);
     });
