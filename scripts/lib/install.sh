@@ -10,7 +10,6 @@ has_package() {
         clang-14) command -v clang++-14 ;;
         lld-14) command -v wasm-ld-14 ;;
         llvm-14) command -v llvm-ar-14 ;;
-        binaryen) command -v wasm-opt ;;
         nodejs) command -v node ;;
         g++-*-linux-gnu) command -v "${1#g++-}-g++" ;;
         g++-mingw-w64-x86-64-posix) command -v x86_64-w64-mingw32-g++-posix ;;

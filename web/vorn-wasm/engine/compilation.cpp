@@ -4,14 +4,11 @@
 #include <cmath>
 
 #include "kit/diagnose/from_messages.h"
-#include "kit/events/events_csv.h"
-#include "kit/events/events_json.h"
-#include "kit/midi/midi_bytes.h"
-#include "kit/orchestra/built_in.h"
 #include "kit/picture/beats.h"
 #include "kit/run/recorder.h"
 #include "kit/vary/variation.h"
 #include "web/vorn-wasm/engine/file_sources.h"
+#include "web/vorn-wasm/engine/further_outputs.h"
 
 // One observed run yields everything but the MIDI file of the first block, which
 // the engine makes in a run of its own:
@@ -24,16 +21,6 @@ namespace vorn::web {
 namespace {
 
 constexpr std::size_t TEMPO_POINTS = 2049;
-
-class StringSink final : public kit::TextSink {
-public:
-    bool take(std::string_view piece) override {
-        text += piece;
-        return true;
-    }
-
-    std::string text;
-};
 
 void put_seed(const Request& request, FileSources& sources) {
     kit::RunOptions options = request.run;
@@ -90,25 +77,6 @@ TempoPoints tempo_points(const kit::ScoreRun& run) {
     return points;
 }
 
-template <typename Write>
-std::string table_text(const Compilation& compilation, const Request& request, Write write) {
-    StringSink sink;
-    static_cast<void>(write(compilation.run, request.events, sink));  // the sink takes everything
-    return std::move(sink.text);
-}
-
-void make_midi(Compilation& compilation, const Request& request) {
-    kit::MidiOptions options;
-    options.roles = request.roles;
-    const kit::MidiNotes notes = kit::midi_notes(compilation.run, options);
-    compilation.midi_remarks = notes.remarks;
-    if (notes.error.empty()) {
-        compilation.texts["fullMidi"] = kit::midi_bytes(notes, request.title);
-    } else {
-        compilation.midi_remarks.push_back(notes.error);
-    }
-}
-
 // Observed, so that includes are found in the same places.
 SaidTexts run_for_midi(const Request& request, FileSources& sources) {
     kit::RunOptions options = request.run;
@@ -116,22 +84,6 @@ SaidTexts run_for_midi(const Request& request, FileSources& sources) {
     kit::ScoreRun run;
     kit::Recorder recorder(run, options, sources);
     return run_vorn(request.midi_arguments, &recorder);
-}
-
-// Of a refused score only the table that tells of the refusal.
-void make_texts(Compilation& compilation, const Request& request) {
-    const kit::ScoreRun& run = compilation.run;
-    auto& texts = compilation.texts;
-    if (request.wants("json")) texts["json"] = table_text(compilation, request, kit::write_events_json);
-    if (run.status != 0) return;
-    if (request.wants("csv")) texts["csv"] = table_text(compilation, request, kit::write_events_csv);
-    if (request.wants("picture")) texts["picture"] = kit::picture(run, request.picture);
-    if (request.wants("fullMidi")) make_midi(compilation, request);
-    if (request.wants("builtIn")) {
-        kit::BuiltIn built_in = kit::built_in(run, request.roles);
-        texts["builtInOrchestra"] = std::move(built_in.orchestra);
-        texts["builtInScore"] = std::move(built_in.score);
-    }
 }
 
 }  // namespace
@@ -150,7 +102,7 @@ Compilation compile(const Request& request) {
         compilation.figures.push_back(figures_of(block, request.roles));
     }
     compilation.tempo = tempo_points(compilation.run);
-    make_texts(compilation, request);
+    make_further_outputs(compilation, request);
     return compilation;
 }
 

@@ -2,11 +2,9 @@
 #include <cstdlib>
 #include <new>
 
-#include "kit/diagnose/explanation_form.h"
-#include "kit/language/word_form.h"
-#include "kit/language/words.h"
 #include "web/vorn-wasm/engine/answer.h"
 #include "web/vorn-wasm/engine/expanded_lines.h"
+#include "web/vorn-wasm/engine/exports.h"
 
 // What the module offers. A caller puts texts into the module's memory, calls, and
 // reads the answer before it calls again:
@@ -20,11 +18,12 @@
 
 namespace vorn::web {
 
+std::string answer;
+
 namespace {
 
 Compilation last_compilation;
 SaidTexts last_command;
-std::string answer;
 int is_out_of_memory = 0;  // 1: the module has ended for want of memory
 
 [[noreturn]] void end_for_want_of_memory() {
@@ -33,8 +32,6 @@ int is_out_of_memory = 0;  // 1: the module has ended for want of memory
 }
 
 }  // namespace
-
-#define VORN_EXPORT(name) extern "C" __attribute__((export_name(#name))) auto name
 
 VORN_EXPORT(vorn_begin)()->void { std::set_new_handler(end_for_want_of_memory); }
 VORN_EXPORT(vorn_is_out_of_memory)()->int { return is_out_of_memory; }
@@ -64,15 +61,5 @@ VORN_EXPORT(vorn_performance)(const char* output, std::size_t size)->void {
     const kit::PerformanceReport report = kit::read_performance({output, size}, last_compilation.run);
     answer = performance_answer(report, last_compilation.run.map);
 }
-
-VORN_EXPORT(vorn_explain)(const char* code, std::size_t size)->void {
-    const std::string full = kit::code_in_full({code, size});
-    const auto explanation = kit::find_explanation(full);
-    answer =
-        kit::explanations_json(explanation ? std::vector{*explanation} : std::vector<kit::Explanation>());
-}
-
-VORN_EXPORT(vorn_words)()->void { answer = kit::words_json(kit::all_words()); }
-VORN_EXPORT(vorn_explanations)()->void { answer = kit::explanations_json(kit::all_explanations()); }
 
 }  // namespace vorn::web

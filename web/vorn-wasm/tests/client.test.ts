@@ -8,7 +8,8 @@ import type { VornClient } from '../src/types.js';
 // The page's side of a Worker. The Worker here runs in the same thread, behind a turn of the
 // clock; one that is stuck answers nothing.
 
-const MODULE = new URL('../dist/vorn.wasm', import.meta.url);
+const SMALL = new URL('../dist/vorn-small.wasm', import.meta.url);
+const WHOLE = new URL('../dist/vorn.wasm', import.meta.url);
 const PIECE = 'i1 = 4 0 4 {\np2 re .5\np3 re .9\np4 60\n}\n';
 const STUCK = '; for ever\n';
 
@@ -17,7 +18,8 @@ class LocalWorker implements WorkerLike {
     static ended = 0;
     onmessage: ((event: MessageEvent<Answering>) => void) | null = null;
     onerror: ((event: ErrorEvent) => void) | null = null;
-    private readonly handle = serve(loadVorn(MODULE), (message) => {
+    private readonly engines = { small: loadVorn(SMALL), whole: () => loadVorn(WHOLE) };
+    private readonly handle = serve(this.engines, (message) => {
         this.onmessage?.({ data: structuredClone(message) } as MessageEvent<Answering>);
     });
 
@@ -55,6 +57,15 @@ describe('a client', () => {
         expect(await client.expandedLines('a', 1)).toEqual(['i1 = 4 0 4 {']);
         expect((await client.explain('E27'))?.code).toBe('E27');
         expect(LocalWorker.begun).toBe(1);
+    });
+
+    it('turns to the whole engine for what the small one cannot make', async () => {
+        const result = await connect().compile({ a: PIECE }, { outputs: ['score', 'csv', 'picture'] });
+        expect(Buffer.from(result.csv ?? []).toString()).toContain('1,1,a,1,0');
+        expect(result.picture).toContain('<svg');
+        expect(result.score).toEqual((await client.compile({ a: PIECE })).score);
+        expect(await client.expandedLines('a', 1)).toEqual(['i1 = 4 0 4 {']);
+        expect((await client.words()).length).toBeGreaterThan(100);
     });
 
     it('ends a Worker that takes too long, and goes on with a new one', async () => {
