@@ -82,4 +82,16 @@ void Findings::add(Diagnostic diagnostic) {
     found_.push_back(std::move(diagnostic));
 }
 
+std::vector<Diagnostic> Findings::take() {
+    for (const auto& [code, count] : counts_) {
+        if (count <= MAX_OF_A_KIND) continue;
+        const auto last =
+            std::find_if(found_.rbegin(), found_.rend(),
+                         [&code = code](const Diagnostic& found) { return found.code == code; });
+        last->advice.push_back("The same holds of further places: " + std::to_string(count - MAX_OF_A_KIND) +
+                               ".");
+    }
+    return std::move(found_);
+}
+
 }  // namespace vorn::kit

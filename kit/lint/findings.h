@@ -22,7 +22,7 @@ public:
 
     void add(Diagnostic diagnostic);  // unless it is silenced or there are many of its kind
 
-    std::vector<Diagnostic> take() { return std::move(found_); }
+    std::vector<Diagnostic> take();  // the last of a kind tells how many are left out
 
 private:
     bool is_silenced(const FileSpan& span) const;

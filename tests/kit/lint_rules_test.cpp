@@ -404,10 +404,13 @@ TEST(Lint, StandsAmongTheMessagesByPlace) {
 }
 
 // Who has thousands of one kind is not helped by thousands of notes.
-TEST(Lint, TellsTwoHundredOfAKind) {
+TEST(Lint, TellsTwoHundredOfAKindAndCountsTheOthers) {
     std::string list;
     for (int n = 0; n < 1000; ++n) list += "0,5 ";
-    EXPECT_EQ(notes_of("i1 = 4, 0, -3000 {\np2 1\np3 1\np4 " + list + "\n}\n").size(), 200U);
+    const std::vector<Diagnostic> found = found_in("i1 = 4, 0, -3000 {\np2 1\np3 1\np4 " + list + "\n}\n");
+    ASSERT_EQ(found.size(), 200U);
+    EXPECT_EQ(found.back().advice.back(), "The same holds of further places: 800.");
+    EXPECT_EQ(found.front().advice.size() + 1, found.back().advice.size());
 }
 
 TEST(Lint, LooksAtTheBlocksBeforeAnError) {
