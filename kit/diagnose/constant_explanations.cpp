@@ -40,8 +40,7 @@ i1 = 4, 0, 4 { p2 1  p3 1  p4 ~FIFTH }
      .cure = "Write the `]`, or bring the equation onto one line. "
              "A part of it may become a constant of its own.",
      .score = R"(#const ROOT 60
-i1 = 4, 0, 4 { p2 1  p3 1
-p4 ~[ROOT +
+i1 = 4, 0, 4 { p2 1  p3 1  p4 ~[ROOT +
 7] }
 )",
      .cured = R"(#const ROOT 60

@@ -37,13 +37,11 @@ p5 ex(T 1 [p4 * p4]) }
               "one being computed, or the block does not have it. "
               "In P2 there is nothing to compute with, so that `ex` cannot be used.",
      .cure = "Move the statement of that p-field before this one.",
-     .score = R"(i1 = 5, 0, 4 {
-p2 1  p3 1
+     .score = R"(i1 = 5, 0, 4 { p2 1  p3 1
 p4 ex(T 1 p5)
 p5 60 62 }
 )",
-     .cured = R"(i1 = 5, 0, 4 {
-p2 1  p3 1
+     .cured = R"(i1 = 5, 0, 4 { p2 1  p3 1
 p5 60 62
 p4 ex(T 1 p5) }
 )"},

@@ -109,16 +109,12 @@ p2 1  p3 .5 }
          "Begin the blocks at the same beat, give them the same start intervals, and count rests where one "
          "of them is silent.",
      .score = R"(te(0 8 60 120)
-i1 = 3, 0, 16 {
-p2 1  p3 1 }
-i2 = 3, 4, 8 {
-p2 1  p3 1 }
+i1 = 3, 0, 16 { p2 1  p3 1 }
+i2 = 3, 4, 8 { p2 1  p3 1 }
 )",
      .cured = R"(te(0 8 60 120)
-i1 = 3, 0, 16 {
-p2 1  p3 1 }
-i2 = 3, 0, 12 {
-p2 1  p3 -1 x4 1 }
+i1 = 3, 0, 16 { p2 1  p3 1 }
+i2 = 3, 0, 12 { p2 1  p3 -1 x4 1 }
 )"},
     {.code = "L9",
      .title = "A constant yields a text of three decimals",
@@ -182,13 +178,10 @@ p4 60 62 ra(1 1 [70 72]) 64 }
      .title = "A MIDI file of vorn holds the first block alone",
      .cause = "With `-m` the run ends behind the first block.",
      .cure = "Write the piece as one block, or all blocks with `vornkit midi`.",
-     .score = R"(i1 = 5, 0, 4 {
-p2 1  p3 .9  p4 16000  p5 60 }
-i2 = 5, 0, 4 {
-p2 1  p3 .9  p4 16000  p5 64 }
+     .score = R"(i1 = 5, 0, 4 { p2 1  p3 .9  p4 16000  p5 60 }
+i2 = 5, 0, 4 { p2 1  p3 .9  p4 16000  p5 64 }
 )",
-     .cured = R"(i1 = 5, 0, 4 {
-p2 1  p3 .9  p4 16000
+     .cured = R"(i1 = 5, 0, 4 { p2 1  p3 .9  p4 16000
 p5 60:64 }
 )"},
     {.code = "L14",

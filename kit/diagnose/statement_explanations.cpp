@@ -76,14 +76,12 @@ p2 1  p3 1 }
               "refused within a statement. "
               "The same is said of an input type with a digit above 7, as in `re8`.",
      .cure = "Move a definition above the block. Decimals go from `re0` to `re7`.",
-     .score = R"(i1 = 4, 0, 4 {
-p2 1  p3 1
+     .score = R"(i1 = 4, 0, 4 { p2 1  p3 1
 #define ROOT #60#
 p4 $ROOT }
 )",
      .cured = R"(#define ROOT #60#
-i1 = 4, 0, 4 {
-p2 1  p3 1
+i1 = 4, 0, 4 { p2 1  p3 1
 p4 $ROOT }
 )"},
     {.code = "E21",
@@ -129,13 +127,11 @@ p4 60 x3 }
      .cause = "A comment inside a block holds an `#if` or `#endif` that is not complete. "
               "Conditions act inside comments, too, and this one ended the reading.",
      .cure = "Take the condition out of the comment, or write it without its `#`.",
-     .score = R"(i1 = 3, 0, 4 {
-p2 1 /*
+     .score = R"(i1 = 3, 0, 4 { p2 1 /*
 #endif
 */ p3 1 }
 )",
-     .cured = R"(i1 = 3, 0, 4 {
-p2 1 /*
+     .cured = R"(i1 = 3, 0, 4 { p2 1 /*
 endif
 */ p3 1 }
 )"},
@@ -144,13 +140,11 @@ endif
               "Rhythm values, pitches and levels cannot be read there.",
      .cure = "Write plain numbers: 1 lasts until the next start, .5 half as long. "
              "402 lasts for 2 beats, 1002 for 2 seconds.",
-     .score = R"(i1 = 4, 0, 4 {
-p2 1
+     .score = R"(i1 = 4, 0, 4 { p2 1
 p3 rh 4 8
 p4 60 }
 )",
-     .cured = R"(i1 = 4, 0, 4 {
-p2 1
+     .cured = R"(i1 = 4, 0, 4 { p2 1
 p3 1 .5
 p4 60 }
 )"},

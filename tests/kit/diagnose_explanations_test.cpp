@@ -107,6 +107,15 @@ TEST(Explanations, ScoresProvokeTheirCode) {
     }
 }
 
+// A mistake is seen at once in a short score. A name of more than 255 characters takes more.
+TEST(Explanations, ScoresHaveThreeLinesAtMost) {
+    for (const Explanation& explanation : all_explanations()) {
+        if (explanation.code == "Epath") continue;
+        EXPECT_LE(std::count(explanation.score.begin(), explanation.score.end(), '\n'), 3)
+            << explanation.code;
+    }
+}
+
 TEST(Explanations, MendedScoresAreWell) {
     int mended = 0;
     for (const Explanation& explanation : all_explanations()) {
