@@ -8,10 +8,10 @@ add_executable(vorn_engine ${web_engine_sources})
 add_executable(vorn_small_engine ${small_engine_sources})
 foreach(engine vorn_engine vorn_small_engine)
     target_link_libraries(${engine} PRIVATE vorn_kit)
-    target_compile_options(${engine} PRIVATE -fno-exceptions -Oz)
+    target_compile_options(${engine} PRIVATE -fno-exceptions -fno-rtti -Oz)
     # It stays and is called. A score that asks for more than a gibibyte is refused.
     target_link_options(${engine} PRIVATE -mexec-model=reactor
-        -Wl,--max-memory=1073741824 -Wl,--strip-all)
+        -Wl,--max-memory=1073741824 -Wl,--strip-all -Wl,-O2)
 endforeach()
 
 # What travels is made small; the benchmark of web/vorn-wasm shows what that costs.
