@@ -107,9 +107,10 @@ class States {
         return this.get(this.shown);
     }
     private fresh(name: string): EditorState {
-        const language = isOrchestra(name) ? [] : scoreLanguage(this.store);
+        const doc = fileOf(this.store.state.piece, name)?.text ?? '';
+        const language = isOrchestra(name) ? [] : scoreLanguage(this.store, doc);
         return EditorState.create({
-            doc: fileOf(this.store.state.piece, name)?.text ?? '',
+            doc,
             extensions: [language, common, named(name), this.extensions],
         });
     }

@@ -1,4 +1,5 @@
 import { expect, it } from 'vitest';
+import { hasLongLine } from '../../src/editor/language';
 import { difference } from '../../src/editor/texts';
 
 const applied = (before: string, after: string): string => {
@@ -21,4 +22,10 @@ it.each([
 
 it('is no longer than what differs', () => {
     expect(difference('p3 0,9 ; x', 'p3 0.9 ; x')).toEqual({ from: 4, to: 5, insert: '.' });
+});
+
+it('tells a line that nobody has written by hand', () => {
+    expect(hasLongLine(`${'x'.repeat(20000)}\n`.repeat(3))).toBe(false);
+    expect(hasLongLine(`a\n${'x'.repeat(20001)}`)).toBe(true);
+    expect(hasLongLine('')).toBe(false);
 });
