@@ -23,7 +23,12 @@ function(vorn_harden_linker)
 endfunction()
 
 vorn_harden_compiler(-fstack-protector-strong -fPIE)
-vorn_harden_linker(-pie -Wl,-z,relro -Wl,-z,now)
+if(VORN_STATIC)
+    vorn_harden_linker(-static-pie)
+else()
+    vorn_harden_linker(-pie)
+endif()
+vorn_harden_linker(-Wl,-z,relro -Wl,-z,now)
 
 # The C library checks sizes only where the compiler optimises. A level that it
 # does not know yet makes it warn.

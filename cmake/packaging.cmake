@@ -34,5 +34,7 @@ if(VORN_DEBIAN)  # files that Debian asks of every package
     execute_process(COMMAND gzip -9nf ${PROJECT_BINARY_DIR}/changelog COMMAND_ERROR_IS_FATAL ANY)
     install(FILES ${PROJECT_BINARY_DIR}/changelog.gz packaging/debian/copyright
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    install(CODE "file(GLOB_RECURSE pages \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/share/man/*.[1-9]\")
+        execute_process(COMMAND gzip -9n \${pages} COMMAND_ERROR_IS_FATAL ANY)")
 endif()
 include(CPack)

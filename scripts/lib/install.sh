@@ -12,6 +12,7 @@ has_package() {
         llvm-14) command -v llvm-ar-14 ;;
         nodejs) command -v node ;;
         g++-*-linux-gnu) command -v "${1#g++-}-g++" ;;
+        wine64) [ -x /usr/lib/wine/wine64 ] ;;
         g++-mingw-w64-x86-64-posix) command -v x86_64-w64-mingw32-g++-posix ;;
         qemu-user) command -v qemu-s390x ;;
         wasi-libc) [ -e /usr/lib/wasm32-wasi/libc.a ] ;;
