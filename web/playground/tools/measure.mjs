@@ -2,7 +2,7 @@
 // is beyond it.
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { readdirSync, readFileSync } from 'node:fs';
+import { readFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { gzipSync } from 'node:zlib';
@@ -31,10 +31,9 @@ function compressedKilobytes(names) {
 
 // What is fetched before sound, the manual or the examples are asked for.
 function measureSizes(fetched) {
-    const files = readdirSync(join(dist, 'assets')).map((name) => `assets/${name}`);
     tell(
         'engine, compressed',
-        compressedKilobytes(files.filter((name) => /vorn.*\.wasm$/.test(name))),
+        compressedKilobytes(fetched.filter((name) => /vorn.*\.wasm$/.test(name))),
         150,
         'kB',
     );
@@ -77,8 +76,9 @@ async function measureKeys(page, what, limit) {
     tell(`key to picture, ${what}, median`, median(await keyToPicture(page, 15)), limit, 'ms');
 }
 
-async function begin(browser, address) {
+async function begin(browser, address, onRequest = () => undefined) {
     const page = await browser.newPage({ viewport: { width: 1440, height: 900 } });
+    page.context().on('request', onRequest); // those of Workers, too
     await page.goto(address);
     await page.waitForFunction(() => window.vornPlayground);
     await page.evaluate(() => window.vornPlayground.drawn());
@@ -115,10 +115,9 @@ const browser = await chromium.launch({
     args: ['--no-sandbox'],
 });
 try {
-    const { page: warm } = await begin(browser, address);
-    const fetched = await warm.evaluate(() =>
-        performance.getEntriesByType('resource').map((one) => new URL(one.name).pathname.slice(1)),
-    );
+    const fetched = [];
+    const note = (request) => fetched.push(new URL(request.url()).pathname.slice(1));
+    const { page: warm } = await begin(browser, address, note);
     await warm.close();
     measureSizes(fetched.filter((name) => /^assets\//.test(name)));
     const times = [];
