@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 
-// Files are read whole. What has no end (a device) is cut behind the limit; the
-// engine, which has the same one, then says so.
+// Files are read whole, up to one character more than the engine takes from what is no
+// file for it; it then says so.
 
 namespace vorn::kit {
 
@@ -14,15 +14,16 @@ const char* const STANDARD_INPUT = "<stdin>";
 
 namespace {
 
-constexpr std::size_t MAX_TEXT = std::size_t{1} << 30;  // bytes
+constexpr std::size_t MAX_TEXT = 100'000'001;  // bytes
 
 std::optional<std::string> read_stream(std::FILE* stream) {
     std::string text;
     char part[1 << 16];
     while (text.size() < MAX_TEXT) {
-        const std::size_t count = std::fread(part, 1, sizeof part, stream);
+        const std::size_t wanted = std::min(sizeof part, MAX_TEXT - text.size());
+        const std::size_t count = std::fread(part, 1, wanted, stream);
         text.append(part, count);
-        if (count < sizeof part) break;
+        if (count < wanted) break;
     }
     if (std::ferror(stream)) return std::nullopt;
     return text;

@@ -120,6 +120,19 @@ class CheckTest(vornkit.CommandTest):
         self.assertEqual(len(warnings), 10_001)
         self.assertEqual((warnings[-1]["code"], warnings[-1]["repeats"]), ("Wmore", 100))
 
+    def test_a_text_without_an_end_is_given_up_soon(self):
+        program = pathlib.Path(vornkit.VORNKIT).resolve()
+        with open("/dev/zero", "rb") as endless:
+            check = subprocess.Popen([program, "check", "-"], stdin=endless, stdout=subprocess.PIPE)
+        with check.stdout:
+            told = check.stdout.read().decode()
+        _, status, used = os.wait4(check.pid, 0)
+        check.returncode = os.waitstatus_to_exitcode(status)
+        self.assertIn("more than 100000000 characters. [Eendless]", told)
+        self.assertIn("help: give `vorn` the text as a file", told)
+        self.assertNotEqual(check.returncode, 0)
+        self.assertLess(used.ru_maxrss, 600_000)  # kilobytes
+
     def test_names_may_hold_anything(self):
         for name in ["mit Leerzeichen.vorn", "Gl\u00f6ckchen.vorn", "a'b\"c.vorn", "$(date).vorn", "-x.vorn"]:
             self.write(name, BAD)
