@@ -33,7 +33,7 @@ function compressedKilobytes(names) {
 function measureSizes(fetched) {
     tell(
         'engine, compressed',
-        compressedKilobytes(fetched.filter((name) => /vorn.*\.wasm$/.test(name))),
+        compressedKilobytes([...new Set(fetched)].filter((name) => /vorn.*\.wasm$/.test(name))),
         150,
         'kB',
     );
@@ -116,7 +116,9 @@ const browser = await chromium.launch({
 });
 try {
     const fetched = [];
-    const note = (request) => fetched.push(new URL(request.url()).pathname.slice(1));
+    // What the service worker lays in store for later is not part of the beginning.
+    const note = (request) =>
+        request.serviceWorker() || fetched.push(new URL(request.url()).pathname.slice(1));
     const { page: warm } = await begin(browser, address, note);
     await warm.close();
     measureSizes(fetched.filter((name) => /^assets\//.test(name)));
