@@ -6,7 +6,8 @@ const PORT = 5198;
 export default defineConfig({
     testDir: 'tests/browser',
     workers: 1,
-    timeout: 40_000,
+    retries: 1, // a busy machine may let Chromium wait; what fails twice fails
+    timeout: 60_000,
     forbidOnly: true,
     reporter: [['list']],
     use: {

@@ -8,6 +8,9 @@ declare global {
     }
 }
 
+// How long an answer may take on a machine that is busy with other things, in milliseconds.
+export const PATIENCE = 15_000;
+
 export const SCORE = `i1 = 5, 0, 4 {
 p2 .5
 p3 .9
