@@ -67,6 +67,7 @@ bool write_all(const std::vector<NewFile>& files) {
     return true;
 }
 
+// For a person: a script is told nothing when all is well.
 void tell_next_steps(const std::string& path) {
     const std::string score = quoted(path + ".vorn");
     const std::string orchestra = quoted(path + ".orc");
@@ -91,7 +92,7 @@ Outcome make_piece(const std::string& name) {
         if (is_made) rmdir(folder.c_str());
         return Outcome::WRONG_USE;
     }
-    tell_next_steps(path);
+    if (is_terminal(stdout)) tell_next_steps(path);
     return Outcome::WELL;
 }
 

@@ -1,6 +1,7 @@
 """vornkit new: a piece that plays at once, in a folder that was not there."""
 import os
 import pathlib
+import pty
 import shlex
 import shutil
 import signal
@@ -44,9 +45,24 @@ class NewCommand(CommandTest):
         for bar, tone in enumerate(("c2", "a1", "f1", "g1")):
             self.assertEqual(sound.pitch(bass.values(), bar * 2.4 + .2, 1.5), bass[tone])
 
-    def test_it_says_in_two_lines_what_to_do(self):
+    def told_on_terminal(self, *arguments):
+        """What a person sees; the line ends as a file has them."""
+        main, other = pty.openpty()
+        done = subprocess.run([pathlib.Path(VORNKIT).resolve(), "new", *arguments], cwd=self.folder, stdout=other,
+                              check=False)
+        os.close(other)
+        told = os.read(main, 10_000).decode().replace("\r\n", "\n")
+        os.close(main)
+        self.assertEqual(done.returncode, 0)
+        return told
+
+    def test_a_script_is_told_nothing(self):
+        done = self.vornkit("new", "nocturne")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def test_a_person_is_told_in_two_lines_what_to_do(self):
         for name in ("nocturne", "l'été \"1\" – ü"):
-            lines = self.vornkit("new", name).stdout.splitlines()
+            lines = self.told_on_terminal(name).splitlines()
             self.assertEqual(len(lines), 2)
             words = [shlex.split(line.split(":", 1)[1]) for line in lines]
             path = f"{name}/{name}"
@@ -55,10 +71,9 @@ class NewCommand(CommandTest):
                 self.assertTrue((self.folder / word).exists(), word)
 
     def test_what_it_says_to_do_is_no_option(self):
-        done = self.vornkit("new", "--", "-x")
-        self.assertEqual(done.returncode, 0)
-        self.assertIn("vornkit play ./-x/-x.vorn ./-x/-x.orc\n", done.stdout)
-        self.assertIn("csound ./-x/-x.csd\n", done.stdout)
+        told = self.told_on_terminal("--", "-x")
+        self.assertIn("vornkit play ./-x/-x.vorn ./-x/-x.orc\n", told)
+        self.assertIn("csound ./-x/-x.csd\n", told)
 
     def test_an_empty_folder_is_filled(self):
         (self.folder / "here").mkdir()
