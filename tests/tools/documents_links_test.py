@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Every link within the pages leads to a file that is there and, behind a #, to a heading; and
-what is installed for composers leads nowhere but to what is installed with it."""
+"""Every link within the pages leads to a file that is there and, behind a #, to a heading; what is
+installed for composers leads nowhere but to what is installed with it; and each script that a page
+names is there and has the steps that the page gives it."""
 
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -14,6 +16,8 @@ import pages  # noqa: E402
 
 BUILD = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve().parent
 ELSEWHERE = ("http://", "https://", "mailto:")
+SCRIPT = re.compile(r"(?:`|^    )(scripts/[\w/]+)((?: [a-z]+)*)", re.MULTILINE)
+STEP = re.compile(r"^(?:check|make)_(\w+)\(\)", re.MULTILINE)  # what scripts of steps take as arguments
 
 
 def problem(page, target):
@@ -33,6 +37,17 @@ def problems(page, top):
             wrong = problem(page, target)
             if wrong:
                 yield f"{page.relative_to(top)}:{line}: {wrong}"
+
+
+def script_problems(text):
+    """What is wrong with the scripts that a page names, as code."""
+    for name, arguments in SCRIPT.findall(text):
+        script = pages.ROOT / name
+        if not script.exists():
+            yield f"there is no {name}"
+        elif script.name in ("check", "release"):
+            steps = STEP.findall(script.read_text())
+            yield from (f"{name} has no {step}" for step in arguments.split() if step not in steps)
 
 
 class Links(unittest.TestCase):
@@ -59,6 +74,15 @@ class Links(unittest.TestCase):
                          if "development" not in page.parts and page.name != "CONTRIBUTING.md"]
             self.assertTrue(any(page.name == "manual.md" for page in installed))
             self.assert_whole(installed, top)
+
+    def test_scripts_and_their_steps_are_there(self):
+        wrong = [f"{page.relative_to(pages.ROOT)}: {one}" for page in pages.pages()
+                 for one in script_problems(page.read_text())]
+        self.assertEqual(wrong, [])
+
+    def test_missing_scripts_and_steps_are_found(self):
+        page = "`scripts/none`, `scripts/check lint nothing`\n\n    scripts/release deb"
+        self.assertEqual(list(script_problems(page)), ["there is no scripts/none", "scripts/check has no nothing"])
 
     def test_broken_links_are_found(self):
         with tempfile.TemporaryDirectory(prefix="vorn-test-") as folder:
