@@ -1,14 +1,17 @@
 // Nothing that was written is lost: the piece is kept a moment after each change and when the page is
 // left; a moment of history is made every few minutes of work and before another piece takes its place.
-import { openPiece, type AppStore } from '../state/app_state';
+import { openPiece, type AppStore, type KeptSeed } from '../state/app_state';
 import { isSamePiece, type Piece } from '../state/piece';
-import { keep, keepAtOnce, recall, remember, type Kept } from './storage';
+import { keep, keepAtOnce, remember, type Kept } from './storage';
 
 const DELAY = 200;
 const BETWEEN_MOMENTS = 3 * 60 * 1000;
 
+const WINDOW = `${Date.now()} ${Math.random()}`;
+
 const keptNow = (store: AppStore): Kept => ({
     time: Date.now(),
+    window: WINDOW,
     piece: store.state.piece,
     keptSeeds: store.state.keptSeeds,
 });
@@ -17,7 +20,7 @@ const hasText = (piece: Piece): boolean => piece.files.some((file) => file.text.
 
 export interface Autosave {
     // Puts `piece` in the place of the present one, which goes to the history.
-    replace(piece: Piece, reason: string): void;
+    replace(piece: Piece, reason: string, keptSeeds?: readonly KeptSeed[]): void;
     remember(reason: string): void;
 }
 
@@ -48,12 +51,10 @@ export function startAutosave(store: AppStore): Autosave {
         if (document.visibilityState === 'hidden') keepAtOnce(keptNow(store));
     });
     return {
-        replace: (piece, reason) => {
+        replace: (piece, reason, keptSeeds) => {
             rememberNow(reason);
-            openPiece(store, piece);
+            openPiece(store, piece, keptSeeds);
         },
         remember: rememberNow,
     };
 }
-
-export const recalled = recall;

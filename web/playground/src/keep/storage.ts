@@ -2,11 +2,12 @@
 // written a moment after each change; when the page is left it is written at once, in the only way that
 // is over before the page is, which holds less.
 import { createStore, del, entries, get, set, type UseStore } from 'idb-keyval';
-import { toPiece, type Piece } from '../state/piece';
+import { isSamePiece, toPiece, type Piece } from '../state/piece';
 import type { KeptSeed } from '../state/app_state';
 
 export interface Kept {
     readonly time: number; // milliseconds since 1970
+    readonly window: string; // which wrote it
     readonly piece: Piece;
     readonly keptSeeds: readonly KeptSeed[];
 }
@@ -36,14 +37,15 @@ function toSeeds(value: unknown): KeptSeed[] {
 }
 
 function toKept(value: unknown): Kept | undefined {
-    const { time, piece, keptSeeds } = (value ?? {}) as {
+    const { time, window, piece, keptSeeds } = (value ?? {}) as {
         time?: unknown;
+        window?: unknown;
         piece?: unknown;
         keptSeeds?: unknown;
     };
     const texts = toPiece(piece);
     if (typeof time !== 'number' || !texts) return undefined;
-    return { time, piece: texts, keptSeeds: toSeeds(keptSeeds) };
+    return { time, window: String(window ?? ''), piece: texts, keptSeeds: toSeeds(keptSeeds) };
 }
 
 // Storage may be full or forbidden: the page goes on without.
@@ -55,9 +57,16 @@ async function attempt<Value>(what: () => Promise<Value>): Promise<Value | undef
     }
 }
 
-export const keep = async (kept: Kept): Promise<void> => {
+const current = async (): Promise<Kept | undefined> =>
+    toKept(await attempt(() => get<unknown>(CURRENT, pieceStore())));
+
+// All windows share one place: what another one has put there goes to the history before it is overwritten.
+export async function keep(kept: Kept): Promise<void> {
+    const before = await current();
+    if (before && before.window !== kept.window && !isSamePiece(before.piece, kept.piece))
+        await remember(before, 'from another window or visit');
     await attempt(() => set(CURRENT, kept, pieceStore()));
-};
+}
 
 export function keepAtOnce(kept: Kept): void {
     try {
@@ -77,7 +86,7 @@ function lastBreath(): Kept | undefined {
 
 // The newer of the two.
 export async function recall(): Promise<Kept | undefined> {
-    const kept = toKept(await attempt(() => get(CURRENT, pieceStore())));
+    const kept = await current();
     const breath = lastBreath();
     return breath && breath.time > (kept?.time ?? 0) ? breath : kept;
 }
@@ -89,6 +98,7 @@ export async function history(): Promise<Moment[]> {
 
 export async function remember(kept: Kept, reason: string): Promise<void> {
     const all = await history();
+    if (all[0] && isSamePiece(all[0].piece, kept.piece)) return;
     const id = Math.max(Date.now(), (all[0]?.id ?? 0) + 1);
     await attempt(() => set(id, { ...kept, id, reason }, momentStore()));
     for (const old of all.slice(MOST_MOMENTS - 1)) await attempt(() => del(old.id, momentStore()));

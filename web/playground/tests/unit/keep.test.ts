@@ -1,0 +1,54 @@
+import { beforeEach, describe, expect, it, vi } from 'vitest';
+
+// The browser's store, as one map for each of its names.
+const { stores } = vi.hoisted(() => ({ stores: new Map<string, Map<unknown, unknown>>() }));
+vi.mock('idb-keyval', () => ({
+    createStore: (name: string) => {
+        const store = stores.get(name) ?? new Map<unknown, unknown>();
+        stores.set(name, store);
+        return store;
+    },
+    get: (key: unknown, store: Map<unknown, unknown>) => Promise.resolve(store.get(key)),
+    set: (key: unknown, value: unknown, store: Map<unknown, unknown>) =>
+        Promise.resolve(void store.set(key, value)),
+    del: (key: unknown, store: Map<unknown, unknown>) => Promise.resolve(void store.delete(key)),
+    entries: (store: Map<unknown, unknown>) => Promise.resolve([...store]),
+}));
+
+import { history, keep, recall, remember, type Kept } from '../../src/keep/storage';
+
+const written = (text: string, window: string): Kept => ({
+    time: 1,
+    window,
+    piece: { title: 'x', files: [{ name: 'x.vorn', text }] },
+    keptSeeds: [],
+});
+const texts = async (): Promise<(string | undefined)[]> =>
+    (await history()).map(({ piece }) => piece.files[0]?.text);
+
+describe('what is kept', () => {
+    beforeEach(() => stores.forEach((store) => store.clear()));
+
+    it('is the last state, and no history, while one window writes', async () => {
+        await keep(written('one', 'a'));
+        await keep(written('two', 'a'));
+        expect((await recall())?.piece.files[0]?.text).toBe('two');
+        expect(await texts()).toEqual([]);
+    });
+    it('goes to the history before another window puts its own there', async () => {
+        await keep(written('of a', 'a'));
+        await keep(written('of b', 'b'));
+        expect((await recall())?.piece.files[0]?.text).toBe('of b');
+        expect(await texts()).toEqual(['of a']);
+    });
+    it('is not told twice in the history', async () => {
+        await remember(written('one', 'a'), 'first');
+        await remember(written('one', 'b'), 'second');
+        expect(await texts()).toEqual(['one']);
+    });
+    it('is there when it was written before windows had names', async () => {
+        const { time, piece, keptSeeds } = written('old', '');
+        stores.get('vorn-playground')?.set('current', { time, piece, keptSeeds });
+        expect((await recall())?.piece.files[0]?.text).toBe('old');
+    });
+});
