@@ -1,6 +1,6 @@
-// The documents as pages of the manual beside the editor: [{ id, title, html }], ids being paths below docs/.
+// The documents as pages of the manual beside the editor: [{ id, title, html, files }], ids being paths below docs/.
 // Links to other pages keep their path in data-page; pictures keep theirs in data-picture, for the page to
-// put addresses in their place.
+// put addresses in their place. A page with a folder of its name brings the texts in it, which its scores name.
 import { readdirSync, readFileSync, existsSync } from 'node:fs';
 import { dirname, join, normalize } from 'node:path';
 import MarkdownIt from 'markdown-it';
@@ -74,6 +74,14 @@ function convertLink(token, id, ids) {
         : [['class', 'elsewhere']];
 }
 
+const TEXT = /\.(vorn|orc|inc|txt)$/;
+
+function textsBeside(folder) {
+    if (!existsSync(folder)) return [];
+    const names = readdirSync(folder).filter((name) => TEXT.test(name));
+    return names.sort().map((name) => ({ name, text: readFileSync(join(folder, name), 'utf8') }));
+}
+
 export function manualPages(docs) {
     const names = FIRST.flatMap((name) => pagesOf(docs, name));
     const ids = new Set(names);
@@ -83,6 +91,7 @@ export function manualPages(docs) {
     return names.map((id) => {
         const text = readFileSync(join(docs, id), 'utf8');
         const title = /^# (.*)$/m.exec(text)?.[1] ?? id;
-        return { id, title, html: markdown.render(text, { id }) };
+        const files = textsBeside(join(docs, id.replace(/\.md$/, '')));
+        return { id, title, html: markdown.render(text, { id }), files };
     });
 }

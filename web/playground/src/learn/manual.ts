@@ -2,14 +2,17 @@
 // them have a button that opens them in the editor.
 import type { Autosave } from '../keep/autosave';
 import type { AppStore } from '../state/app_state';
+import type { Piece, TextFile } from '../state/piece';
 import { find, make } from '../ui/dom';
 import { iconButton } from '../ui/icons';
 import { notice } from '../ui/notices';
+import { triedPiece } from './tried';
 
 export interface ManualPage {
     readonly id: string;
     readonly title: string;
     readonly html: string;
+    readonly files: readonly TextFile[]; // that its scores name
 }
 
 const pictures = import.meta.glob<string>('../../../../docs/**/*.svg', {
@@ -22,14 +25,11 @@ const pictureAddress = (path: string): string | undefined => pictures[`../../../
 const loadPages = async (): Promise<readonly ManualPage[]> =>
     (await import('../../generated/manual.json')).default as ManualPage[];
 
-function tryButton(store: AppStore, autosave: Autosave, text: string): HTMLButtonElement {
+function tryButton(store: AppStore, autosave: Autosave, piece: Piece): HTMLButtonElement {
     const open = (): void => {
-        const before = store.state.piece;
-        autosave.replace(
-            { title: 'From the manual', files: [{ name: 'manual.vorn', text }] },
-            'before an example of the manual',
-        );
-        const back = (): void => autosave.replace(before, 'before going back');
+        const { piece: before, keptSeeds } = store.state;
+        autosave.replace(piece, 'before an example of the manual');
+        const back = (): void => autosave.replace(before, 'before going back', keptSeeds);
         notice('The example is in the editor. What you had is in the history.', {
             word: 'Go back',
             act: back,
@@ -83,14 +83,15 @@ class Manual {
             image.src = pictureAddress(image.dataset['picture'] ?? '') ?? '';
         }
         this.text.replaceChildren(...parsed.body.childNodes);
-        this.addButtons();
+        this.addButtons(page);
         if (anchor === '') this.text.scrollTop = 0;
         else document.getElementById(anchor)?.scrollIntoView();
     }
 
-    private addButtons(): void {
+    private addButtons({ files }: ManualPage): void {
         for (const code of this.text.querySelectorAll('code.language-vorn')) {
-            code.parentElement?.after(tryButton(this.store, this.autosave, code.textContent ?? ''));
+            const piece = triedPiece(code.textContent ?? '', files);
+            code.parentElement?.after(tryButton(this.store, this.autosave, piece));
         }
         for (const box of this.text.querySelectorAll('pre, table')) box.setAttribute('tabindex', '0');
     }
