@@ -1,6 +1,7 @@
 """Every piece of examples/ is played by the commands that its header shows, in a folder that
 has nothing to do with it, and its sound is measured: no complaint about the score, no clipping,
 sound from the beginning to a silent end, and no single endless tone between."""
+import io
 import os
 import pathlib
 import re
@@ -27,9 +28,13 @@ AUDIBLE = 10 ** (-50 / 20)
 BANDS = 50 * 2 ** (numpy.arange(27) / 3)  # third octaves, in hertz, up to 20 kHz
 
 
-def read_sound(path):
+def is_for_midi(piece):
+    return piece.name.startswith("midi_")
+
+
+def read_sound(content):
     """Frames by channels, 1 for full scale, and the frames of a second."""
-    with wave.open(str(path)) as file:
+    with wave.open(io.BytesIO(content)) as file:
         width, rate, channels = file.getsampwidth(), file.getframerate(), file.getnchannels()
         samples = numpy.frombuffer(file.readframes(file.getnframes()), numpy.uint8).reshape(-1, width)
     whole = numpy.zeros((len(samples), 4), numpy.uint8)
@@ -126,10 +131,12 @@ class ExampleSounds(unittest.TestCase):
     def check(self, piece):
         header = (piece / f"{piece.name}.vorn").read_text().split("\n\n")[0]
         self.assertIn("; What to learn from it: ", header)
-        runs = [self.play(command, piece) for command in COMMAND.findall(header)]
-        sounds = {sound for _, sound in runs if sound}
-        self.assertEqual(len(sounds), 1, "a sound, and the same of all commands")
-        return complaints("".join(said for said, _ in runs)) + problems(*read_sound(self.folder / "played.wav"))
+        runs = [(command, *self.play(command, piece)) for command in COMMAND.findall(header)]
+        found = complaints("".join(said for _, said, _ in runs))
+        sounds = {(command.endswith(".mid"), sound) for command, _, sound in runs if sound}
+        self.assertEqual(sorted(is_midi for is_midi, _ in sounds), [False, True] if is_for_midi(piece) else [False],
+                         "the sound of Csound, and of a piece for MIDI that of MIDI, by whichever command")
+        return found + [problem for _, sound in sounds for problem in problems(*read_sound(sound))]
 
     def test_each_piece_plays_from_any_folder_and_is_one_to_hear(self):
         self.assertGreaterEqual(len(PIECES), 16)
@@ -147,9 +154,8 @@ class ExampleSounds(unittest.TestCase):
         index = (ROOT / "examples" / "README.md").read_text()
         for piece in PIECES:
             with self.subTest(piece=piece.name):
-                is_for_midi = piece.name.startswith("midi_")
-                endings = ["vorn", "svg"] if is_for_midi else ["vorn", "svg", "orc", "csd"]
-                self.assertEqual([one for one in endings if not (piece / f"{piece.name}.{one}").exists()], [])
+                self.assertEqual([one for one in ("vorn", "svg", "orc", "csd")
+                                  if not (piece / f"{piece.name}.{one}").exists()], [])
                 self.assertIn(f"({piece.name}/{piece.name}.vorn)", index)
                 self.assertIn(f"{piece.name}/{piece.name}.svg", index)
         self.assertEqual([kind for kind in KINDS if kind not in index.lower()], [])
