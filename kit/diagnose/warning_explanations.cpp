@@ -47,7 +47,9 @@ p4 60 62 64 }
      .cause = "A generator is meant to go on longer than its block. "
               "It ends with the block. In P2 a time in beats is compared with seconds, so that in a fast "
               "tempo it goes on longer.",
-     .cure = "Give the generator the time `T`, that of the block, or a number of events.",
+     .cure =
+         "Give the generator the time `T`, that of the block. In P2, at a tempo other than 60, count both "
+         "it and the block in events.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
 p4 ra(-8 1 [60 72]) }
