@@ -75,6 +75,13 @@ class Surprises(unittest.TestCase):
             self.assertEqual(len(set(written)), count, values)
             self.assertNotIn("7.000", written)
 
+    def test_a_walk_steps_back_from_an_end_twice_as_far(self):
+        self.run_score("i1 = 4 0 -2000 {\np2 1\np3 1\np4 no rw(T 1 [c4 gs5] .2 c5)\n}\n")
+        walk = [float(note) for note in re.findall(r"([-.\d]+) $", (self.folder / "out").read_text(), re.MULTILINE)]
+        steps = [(abs(note - before), min(before - 48, 68 - before)) for before, note in zip(walk, walk[1:])]
+        self.assertEqual(max(step for step, _ in steps), 4)
+        self.assertEqual(max(step for step, from_end in steps if from_end > 2), 2)
+
     def test_a_rest_in_the_starts_counts_back(self):
         self.assertGreater(len(self.starts("i1 = 3 0 8 {\np2 < 1 -1 .5 >\np3 1\n}\n")), 8)
 
