@@ -2,7 +2,8 @@
 # What is handed on, used as others would: the Debian package is clean to lintian, its
 # programs and those for any Linux write the same; the sources build by themselves.
 # With --bare (scripts/check packages) the package is also installed, used and removed in
-# a bare root of Debian, which has to be fetched, and the program for any Linux runs there.
+# a bare root of Debian, which has to be fetched, and the program for any Linux runs there;
+# the archive for Windows is made and its program used under Wine.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 work=$(mktemp -d)
@@ -56,7 +57,17 @@ for program in "$work/installed/usr" "$work/portable"; do
     [ -e "$work/first.sco" ] || cp "$work/piece.sco" "$work/first.sco"
     cmp "$work/first.sco" "$work/piece.sco" || status=1
 done
-[ "${1:-}" != --bare ] || use_in_bare_root
+use_under_wine() {
+    scripts/release windows >"$work/made" || { cat "$work/made"; fail "no archive for Windows"; return; }
+    unzip -q build/packages/vorn-*-windows-*.zip -d "$work/windows" && cp "$score" "$work/Glöckchen.vorn"
+    (cd "$work" && WINEDEBUG=-all /usr/lib/wine/wine64 windows/*/bin/vorn.exe \
+        Glöckchen.vorn Stück.sco >/dev/null 2>&1)
+    cmp "$work/first.sco" "$work/Stück.sco" || fail "the program for Windows writes something else"
+}
+if [ "${1:-}" = --bare ]; then
+    use_in_bare_root
+    use_under_wine
+fi
 
 mkdir "$work/sources"
 tar -xzf "build/packages/vorn-$(dpkg-deb -f "$package" Version).tar.gz" -C "$work/sources" --strip-components=1 || fail "no archive of the sources"
