@@ -22,13 +22,17 @@ def text_of(page):
     return pages.prose(QUOTED.sub("", text) if str(page).endswith(MESSAGES) else text)
 
 
-def unknown_words(text):
-    """Those that neither the dictionary nor the list knows, each once; names with digits are none."""
-    done = subprocess.run(["hunspell", "-l", "-i", "utf-8", "-d", "en_GB", "-p", WORDS], input=text,
+def refused(text, *options):
+    """The words that the dictionary does not know, each once."""
+    done = subprocess.run(["hunspell", "-l", "-i", "utf-8", "-d", "en_GB", *options], input=text,
                           capture_output=True, text=True, timeout=300, check=True)
+    return {word.removesuffix("'s") for word in done.stdout.split()}
+
+
+def unknown_words(text):
+    """Those that neither the dictionary nor the list knows; names with digits are none."""
     listed = WORDS.read_text().split()
-    words = {word.removesuffix("'s") for word in done.stdout.split()}
-    return sorted(word for word in words if word.isalpha() and word not in listed)
+    return sorted(word for word in refused(text, "-p", WORDS) if word.isalpha() and word not in listed)
 
 
 def places(word, texts):
@@ -46,6 +50,10 @@ class Spelling(unittest.TestCase):
         wrong = [place for word in unknown_words("\n".join(texts.values())) for place in places(word, texts)]
         self.assertEqual(wrong, [], "\nMend them, or put words of the field into docs/development/words.list:\n"
                          + "\n".join(wrong))
+
+    def test_the_list_holds_no_word_that_no_page_needs(self):
+        needed = refused("\n".join(text_of(page) for page in pages.pages()))
+        self.assertEqual([word for word in WORDS.read_text().split() if word not in needed], [])
 
     def test_a_misspelt_word_is_found(self):
         self.assertEqual(unknown_words("A word and a wrod, of the tempo."), ["wrod"])
