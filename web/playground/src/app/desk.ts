@@ -59,9 +59,11 @@ const PAGES: readonly (readonly [Page, string])[] = [
     ['panels', 'Panels'],
 ];
 
+// On a narrow screen the manual lies over the panes, so it makes way for the one that is asked for.
 function showPages(store: AppStore): void {
+    const turn = (page: Page) => (): void => store.act('turn page', () => ({ page, isManualOpen: false }));
     const buttons = PAGES.map(([page, name]) =>
-        make('button', { type: 'button', onclick: () => store.act('turn page', () => ({ page })) }, name),
+        make('button', { type: 'button', onclick: turn(page) }, name),
     );
     find('#pages', HTMLElement).append(...buttons);
     const draw = (): void => {

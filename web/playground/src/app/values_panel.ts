@@ -57,6 +57,7 @@ export function valuesPanel(store: AppStore): PanelView {
             const draw = (): void => {
                 const { goodResult } = store.state;
                 canvas.hidden = !goodResult;
+                choice.hidden = !goodResult;
                 words.textContent = goodResult ? '' : 'There are no events yet.';
                 if (!goodResult) return;
                 const names = fieldNames(goodResult);

@@ -8,6 +8,9 @@ import { iconButton } from '../ui/icons';
 import { notice } from '../ui/notices';
 import { triedPiece } from './tried';
 
+// Where the manual lies over the text (styles/narrow.css).
+const NARROW = '(max-width: 760px)';
+
 export interface ManualPage {
     readonly id: string;
     readonly title: string;
@@ -29,6 +32,8 @@ function tryButton(store: AppStore, autosave: Autosave, piece: Piece): HTMLButto
     const open = (): void => {
         const { piece: before, keptSeeds } = store.state;
         autosave.replace(piece, 'before an example of the manual');
+        if (matchMedia(NARROW).matches)
+            store.act('show example', () => ({ isManualOpen: false, page: 'text' }));
         const back = (): void => autosave.replace(before, 'before going back', keptSeeds);
         notice('The example is in the editor. What you had is in the history.', {
             word: 'Go back',

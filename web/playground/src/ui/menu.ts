@@ -1,4 +1,4 @@
-// A menu below its button: arrows move, Enter chooses, Escape closes.
+// A menu below its button: arrows move, Enter chooses, Escape and Tab close.
 import { make } from './dom';
 
 export interface MenuItem {
@@ -55,6 +55,7 @@ export function attachMenu(button: HTMLButtonElement, name: string, entries: () 
         menu.addEventListener('keydown', ({ key }) => {
             if (key === 'ArrowDown') moveFocus(menu, 1);
             if (key === 'ArrowUp') moveFocus(menu, -1);
+            if (key === 'Tab') close();
         });
         menu.showPopover();
         place(menu, button);

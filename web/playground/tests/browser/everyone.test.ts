@@ -61,10 +61,24 @@ test('360 pixels are enough', async ({ playground: page }) => {
         await page.getByRole('button', { name: view, exact: true }).click();
         expect(await overflow()).toBeLessThanOrEqual(0);
     }
+    await expect(page.getByRole('slider', { name: 'Volume' })).toBeVisible();
     await page.getByRole('button', { name: 'Picture', exact: true }).click();
     await page.evaluate(() => window.vornPlayground?.drawn());
     expect(await inkOf(page)).toBeGreaterThan(200);
     expect(await violations(page)).toEqual([]);
+});
+
+test('on 360 pixels the manual makes way for what is asked for', async ({ playground: page }) => {
+    await page.setViewportSize({ width: 360, height: 700 });
+    const manual = page.getByRole('complementary', { name: 'Manual' });
+    await page.getByRole('button', { name: 'Manual' }).click();
+    await page.getByRole('button', { name: 'Picture', exact: true }).click();
+    await expect(manual).toBeHidden();
+    await expect(page.locator('#stage')).toBeVisible();
+    await page.getByRole('button', { name: 'Manual' }).click();
+    await page.getByRole('button', { name: 'Try it' }).first().click();
+    await expect(manual).toBeHidden();
+    await expect(page.locator('.cm-content')).toContainText('One note');
 });
 
 test('everything is reached by keys', async ({ playground: page }) => {
@@ -95,6 +109,15 @@ test('everything is reached by keys', async ({ playground: page }) => {
     ]) {
         expect([...reached]).toContain(name);
     }
+});
+
+test('a menu closes when it is left by Tab', async ({ playground: page }) => {
+    await page.getByRole('button', { name: 'Download' }).focus();
+    await page.keyboard.press('Enter');
+    await expect(page.getByRole('menuitem').first()).toBeFocused();
+    await page.keyboard.press('Tab');
+    await expect(page.getByRole('menu')).toHaveCount(0);
+    await expect(page.getByRole('button', { name: 'More', exact: true })).toBeFocused();
 });
 
 test('every example is computed, drawn and played', async ({ playground: page }) => {

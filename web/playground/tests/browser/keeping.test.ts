@@ -104,6 +104,18 @@ test('a seed is rolled, kept, put back and locked', async ({ playground: page })
     await expect(page.getByRole('button', { name: 'Roll', exact: true })).toBeDisabled();
 });
 
+test('the shelf comes back with the piece from the history', async ({ playground: page }) => {
+    await load(page, SCORE);
+    await page.getByRole('tab', { name: 'Seeds' }).click();
+    await page.getByRole('button', { name: 'Keep' }).click();
+    await load(page, SCORE + '; another\n');
+    await expect(page.locator('.kept-seed')).toHaveCount(0);
+    await page.getByRole('button', { name: 'More', exact: true }).click();
+    await page.getByRole('menuitem', { name: 'History' }).click();
+    await page.getByRole('button', { name: 'Open', exact: true }).first().click();
+    await expect(page.locator('.kept-seed')).toHaveCount(1);
+});
+
 test('a slider writes its value into the score', async ({ playground: page }) => {
     await load(page, `#const COUNT 4 ; 1..20\n${SCORE.replace('0, 4 {', '0, ~COUNT {')}`);
     await page.getByRole('tab', { name: 'Sliders' }).click();
@@ -121,6 +133,15 @@ test('an example of the manual is tried, and given back', async ({ playground: p
     expect((await facts(page)).status).toBe(0);
     await page.getByRole('button', { name: 'Go back' }).click();
     await expect.poll(() => textOf(page)).toBe(SCORE);
+});
+
+test('a recipe is tried with the files that it names', async ({ playground: page }) => {
+    await page.getByRole('button', { name: 'Manual' }).click();
+    await page.getByRole('combobox', { name: 'Page of the manual' }).selectOption('recipes.md');
+    const parts = page.locator('.manual-text pre', { hasText: '#include |part-melody.vorn|' });
+    await parts.locator('xpath=following-sibling::*[1]').click();
+    await expect(page.getByRole('tab', { name: 'part-bass.vorn' })).toBeVisible();
+    expect((await facts(page)).status).toBe(0);
 });
 
 test('a first visit has a piece that can be played', async ({ page }) => {
