@@ -1,6 +1,8 @@
-// The script of <vorn-score>: one file, into the folder of the page, beside which Csound is put.
+// The script of <vorn-score>: one file, into the folder of the page, beside which Csound is put; and the
+// documents, which use it.
 import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vite';
+import { documentFiles } from './tools/documents.mjs';
 
 const here = (path: string): string => fileURLToPath(new URL(path, import.meta.url));
 
@@ -15,6 +17,13 @@ export default defineConfig({
         lib: { entry: here('src/embed/vorn_score.ts'), formats: ['es'], fileName: () => 'vorn-score.js' },
     },
     plugins: [
+        {
+            name: 'documents',
+            generateBundle() {
+                for (const file of documentFiles(here('../../docs')))
+                    this.emitFile({ type: 'asset', ...file });
+            },
+        },
         {
             name: 'csound-beside',
             async generateBundle() {

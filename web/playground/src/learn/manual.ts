@@ -51,6 +51,7 @@ class Manual {
         'aria-label': 'Page of the manual',
     });
     private readonly choice = make('select', { 'aria-label': 'Page of the manual' });
+    private readonly alone = make('a', { target: '_blank' }, 'As a page');
     private pages: readonly ManualPage[] = [];
 
     constructor(
@@ -62,6 +63,7 @@ class Manual {
             'div',
             { class: 'manual-head' },
             this.choice,
+            this.alone,
             iconButton('close', 'Close the manual', close),
         );
         find('#manual', HTMLElement).append(head, this.text);
@@ -82,6 +84,7 @@ class Manual {
         const page = this.pages.find((one) => one.id === id);
         if (!page) return;
         this.choice.value = id;
+        this.alone.href = `./documents/${id.replace(/\.md$/, '.html')}`;
         // Made by the build from the documents, and nothing else.
         const parsed = new DOMParser().parseFromString(page.html, 'text/html');
         for (const image of parsed.querySelectorAll('img')) {

@@ -151,6 +151,18 @@ test('a score in any page, by one script', async ({ page }) => {
     await expect(page.locator('vorn-score').getByRole('button', { name: 'Stop' })).toBeVisible();
 });
 
+test('the documents have their scores to be heard', async ({ playground: page }) => {
+    await page.goto('./documents/tutorial/03-a-rhythm.html');
+    const score = page.locator('vorn-score');
+    await expect(score).toContainText(/[0-9]+ events, 0:/);
+    await score.getByRole('button', { name: 'Play' }).click();
+    await expect(score.getByRole('button', { name: 'Stop' })).toBeVisible();
+    for (const colorScheme of ['light', 'dark'] as const) {
+        await page.emulateMedia({ colorScheme });
+        expect(await violations(page)).toEqual([]);
+    }
+});
+
 test('the page has begun within a moment', async ({ page }) => {
     await open(page);
     await open(page);

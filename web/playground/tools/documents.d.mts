@@ -1,0 +1,2 @@
+// What the documents become, for the build in TypeScript.
+export function documentFiles(docs: string): { fileName: string; source: string }[];
