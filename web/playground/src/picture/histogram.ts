@@ -33,7 +33,8 @@ function intervals(starts: Float32Array): Float32Array {
 function valuesOf(block: Result['blocks'][number], field: string): Float32Array {
     if (field === 'interval') return intervals(block.events.start);
     if (field === 'duration') return block.events.duration.filter((value) => value > 0);
-    return block.events.columns[Number(field.slice(1)) - 4] ?? new Float32Array();
+    const values = block.events.columns[Number(field.slice(1)) - 4] ?? new Float32Array();
+    return values.filter((_, row) => (block.events.duration[row] ?? 0) > 0); // without rests
 }
 
 export function makeHistogram(result: Result, field: string, binCount: number): Histogram {

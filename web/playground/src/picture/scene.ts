@@ -45,9 +45,12 @@ const QUIETEST = -96; // decibels that still make a difference to the eye
 
 const nothing = (): Range => ({ low: Infinity, high: -Infinity });
 
-function widen(range: Range, values: Float32Array): void {
+// Only what is drawn counts: a rest has no length, and a key far below all others.
+function widen(range: Range, values: Float32Array, durations: Float32Array): void {
     let { low, high } = range;
-    for (const value of values) {
+    for (let row = 0; row < values.length; row++) {
+        const value = values[row] ?? NaN;
+        if (!((durations[row] ?? 0) > 0)) continue;
         if (value < low && value > -Infinity) low = value;
         if (value > high && value < Infinity) high = value;
     }
@@ -78,7 +81,7 @@ function fieldsOf(blocks: readonly Block[]): SceneField[] {
             const pfield = column + 4;
             if (block.pitch?.pfield === pfield) return;
             const field = fields.get(pfield) ?? { range: nothing(), isLevel: true };
-            widen(field.range, values);
+            widen(field.range, values, block.events.duration);
             field.isLevel &&= block.level?.pfield === pfield;
             fields.set(pfield, field);
         });
@@ -99,7 +102,7 @@ function instrumentsOf(blocks: readonly Block[], ranks: Map<number, number>): Sc
 
 function common(blocks: readonly Block[], column: (block: Block) => Float32Array): Range {
     const range = nothing();
-    for (const block of blocks) widen(range, column(block));
+    for (const block of blocks) widen(range, column(block), block.events.duration);
     return range;
 }
 

@@ -29,6 +29,18 @@ describe('a scene', () => {
             [7, 1],
         ]);
     });
+    it('takes no rest for a key or a value', () => {
+        const rests = makeScene(
+            makeResult([
+                makeBlock(1, [
+                    { start: 0, duration: 1, key: 60, values: [48, 10] },
+                    { start: 1, duration: -1, key: -36, values: [0, 99] },
+                ]),
+            ]),
+        );
+        expect(rests.keys).toEqual({ low: 60, high: 60 });
+        expect(rests.fields.map(({ range }) => range)).toEqual([{ low: 10, high: 10 }]);
+    });
     it('leaves the pitch out of the fields of its own block only', () => {
         expect(scene.fields.map(({ pfield, range }) => [pfield, range.low, range.high])).toEqual([
             [4, 5, 5],
@@ -173,10 +185,10 @@ describe('a histogram', () => {
     it('offers the fields that there are', () => {
         expect(fieldNames(result)).toEqual(['interval', 'duration', 'P4', 'P5']);
     });
-    it('counts each value once', () => {
+    it('counts each value that is heard once', () => {
         const histogram = makeHistogram(result, 'P5', 4);
-        expect([histogram.low, histogram.high, histogram.total, histogram.mean]).toEqual([10, 30, 4, 20]);
-        expect(binTotals(histogram, 4)).toEqual([1, 0, 2, 1]);
+        expect([histogram.low, histogram.high, histogram.total, histogram.mean]).toEqual([10, 30, 3, 20]);
+        expect(binTotals(histogram, 4)).toEqual([1, 0, 1, 1]);
     });
     it('takes no rests for durations', () => {
         expect(makeHistogram(result, 'duration', 4).total).toBe(3);
