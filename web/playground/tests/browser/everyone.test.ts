@@ -123,6 +123,7 @@ test('a menu closes when it is left by Tab', async ({ playground: page }) => {
 test('every example is computed, drawn and played', async ({ playground: page }) => {
     test.setTimeout(150_000);
     await page.getByRole('button', { name: 'Examples' }).click();
+    await expect(page.locator('.card').first()).toBeVisible(); // the examples are loaded when they are asked for
     const count = await page.locator('.card').count();
     expect(count).toBeGreaterThanOrEqual(10);
     await page.keyboard.press('Escape');
