@@ -14,10 +14,10 @@ const isWhole = process.argv[2] !== undefined;
 const WIDTHS = { wide: [1440, 900], middle: [1024, 768], narrow: [360, 740] };
 const press = (name) =>
     `[...document.querySelectorAll('button')].find((one) => one.ariaLabel === '${name}' || one.textContent === '${name}')?.click()`;
-const example = (index) => [
+const example = (name) => [
     press('Examples'),
     'new Promise((r) => setTimeout(r, 900))',
-    `document.querySelectorAll('.card')[${index}].click()`,
+    `[...document.querySelectorAll('.card')].find((one) => one.textContent.startsWith('${name}')).click()`,
 ];
 const MISTAKES = `window.vornPlayground.load({ 'piece.vorn': 'i1 = 5, 0, 8 {\\np2 .5\\np3 0,9\\np4(hz) no c4 e4 bb4 c5\\np5 ra(T 1 [100 200]\\n}\\n' }, 'A piece with mistakes')`;
 
@@ -25,14 +25,14 @@ const VIEWS = {
     begin: [],
     mistakes: [MISTAKES],
     cloud: [
-        ...example(3),
+        ...example('Granular cloud'),
         press('Seeds'),
         press('Keep'),
         press('Roll'),
         'new Promise((r) => setTimeout(r, 400))',
         press('Keep'),
     ],
-    picture: [...example(1), press('Picture')],
+    picture: [...example('A minor canon'), press('Picture')],
     gallery: [press('Examples'), 'new Promise((r) => setTimeout(r, 2500))'],
     manual: [press('Manual'), 'new Promise((r) => setTimeout(r, 800))'],
     share: [press('Share')],
