@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +19,7 @@ std::string source_name(const std::string& argument);
 class SystemSources final : public Sources {
 public:
     std::optional<std::string> read(const std::string& name) override;
+    std::FILE* open(const std::string& name, const std::string& text) override;
 
     const std::vector<std::string>& names() const { return names_; }  // read or asked for, once each
     bool has_read(const std::string& path) const;  // whether `path` is one of the files, by whatever name

@@ -41,6 +41,10 @@ public:
                                          : found->second;
     }
 
+    std::FILE* open(const std::string& name, const std::string& text) override {
+        return system_.open(name, text);
+    }
+
 private:
     const VaryPlan& plan_;
     std::string value_;

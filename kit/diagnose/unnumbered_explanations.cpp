@@ -63,9 +63,8 @@ p2 1  p3 1  p4 ~ROOT }
     {.code = "Eendless",
      .title = "A text does not end",
      .cause = "The score or one of its include files is no file of a certain length, "
-              "but goes on and on. Vorn stops reading it after 100,000,000 characters, "
-              "and `vornkit` stops there in a file, too.",
-     .cure = "Give `vorn` the text as a file, which may have any length.",
+              "but goes on and on. Vorn stops reading it after 100,000,000 characters.",
+     .cure = "Give the text as a file, which may have any length; `vornkit` takes 1,000,000,000 characters.",
      .unprovoked = "No score can show this: it depends on where the text comes from, not on what it says."},
     {.code = "Einclude",
      .title = "An include file cannot be read",

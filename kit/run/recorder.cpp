@@ -88,8 +88,7 @@ std::FILE* Recorder::open_source(const char* name, const char* includer) {
         return nullptr;
     }
     opened_ = run_.map.add_file(found_as, std::move(*text));
-    const std::string& kept = run_.map.files().back().text;
-    return fmemopen(const_cast<char*>(kept.data()), kept.size(), "r");
+    return sources_.open(found_as, run_.map.files().back().text);
 }
 
 void Recorder::on_source(const SourceSpan& span) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,12 @@ public:
 
     // The whole text of the file `name`; nothing when it cannot be read.
     virtual std::optional<std::string> read(const std::string& name) = 0;
+
+    // A stream over that text, which stays where it is as long as the stream. The engine takes
+    // one in memory for a device, whose length it limits. Null: there can be none.
+    virtual std::FILE* open(const std::string& /*name*/, const std::string& text) {
+        return fmemopen(const_cast<char*>(text.data()), text.size(), "r");
+    }
 };
 
 }  // namespace vorn::kit

@@ -129,9 +129,33 @@ class CheckTest(vornkit.CommandTest):
         _, status, used = os.wait4(check.pid, 0)
         check.returncode = os.waitstatus_to_exitcode(status)
         self.assertIn("more than 100000000 characters. [Eendless]", told)
-        self.assertIn("help: give `vorn` the text as a file", told)
+        self.assertIn("help: give the text as a file", told)
         self.assertNotEqual(check.returncode, 0)
         self.assertLess(used.ru_maxrss, 600_000)  # kilobytes
+
+    def test_a_file_may_be_longer_than_what_has_no_end(self):
+        line = "; " + "x" * 997 + "\n"
+        self.write("long.vorn", line * 100_001 + BAD)
+        self.write("all.vorn", "#include |long.vorn|\n")
+        told = BAD_TEXT.replace("bad.vorn:4", "long.vorn:100005")
+        self.assertEqual(self.check("long.vorn", env={**os.environ, "TMPDIR": str(self.folder)}).stdout, told)
+        self.assertEqual(self.files(), ["all.vorn", "long.vorn"])
+        self.assertEqual(self.check("all.vorn").stdout, told)
+        with open(self.folder / "long.vorn", "rb") as text:
+            self.assertEqual(self.check("-", stdin=text).stdout, told.replace("long.vorn", "<stdin>"))
+
+    def test_a_file_without_room_for_a_copy_is_told(self):
+        self.write("long.vorn", "; " + "x" * 100_000_000 + "\n" + WELL)
+        most = (50_000_000, 50_000_000)
+        done = self.check("long.vorn", env={**os.environ, "TMPDIR": str(self.folder)},
+                          preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, most))
+        self.assertEqual((done.returncode, self.files()), (1, ["long.vorn"]))
+        self.assertIn(f"vornkit: cannot write {self.folder}/vornkit.vorn: File too large", done.stderr)
+
+    def test_a_file_that_memory_could_not_hold_is_refused(self):
+        with open(self.folder / "huge.vorn", "wb") as file:
+            file.truncate(1_000_000_001)
+        self.assert_wrong_use(self.check("huge.vorn"), 'cannot read "huge.vorn": File too large')
 
     def test_names_may_hold_anything(self):
         for name in ["mit Leerzeichen.vorn", "Gl\u00f6ckchen.vorn", "a'b\"c.vorn", "$(date).vorn", "-x.vorn"]:
