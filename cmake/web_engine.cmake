@@ -9,8 +9,9 @@ add_executable(vorn_small_engine ${small_engine_sources})
 foreach(engine vorn_engine vorn_small_engine)
     target_link_libraries(${engine} PRIVATE vorn_kit)
     target_compile_options(${engine} PRIVATE -fno-exceptions -fno-rtti -Oz)
-    # It stays and is called. A score that asks for more than a gibibyte is refused.
-    target_link_options(${engine} PRIVATE -mexec-model=reactor
+    # It stays and is called. A score that asks for more than a gibibyte is refused. Where wasm-opt
+    # is installed, the compiler lets it work on what is linked: for size, too.
+    target_link_options(${engine} PRIVATE -mexec-model=reactor -Oz
         -Wl,--max-memory=1073741824 -Wl,--strip-all -Wl,-O2)
 endforeach()
 
