@@ -76,20 +76,25 @@ Diagnostic Findings::at(const LinePlace& begin, const LinePlace& last) const {
     return diagnostic;
 }
 
+// Dropped values give the engine's warnings of them their count, however many these are.
+std::size_t Findings::most_of(const std::string& code) const {
+    return MAX_OF_A_KIND + (code == "L12" ? run_.messages.size() : 0);
+}
+
 void Findings::add(Diagnostic diagnostic) {
     if (is_silenced(diagnostic.span)) return;
-    if (++counts_[code_] > MAX_OF_A_KIND) return;
+    if (++counts_[code_] > most_of(code_)) return;
     found_.push_back(std::move(diagnostic));
 }
 
 std::vector<Diagnostic> Findings::take() {
     for (const auto& [code, count] : counts_) {
-        if (count <= MAX_OF_A_KIND) continue;
+        const std::size_t most = most_of(code);
+        if (count <= most) continue;
         const auto last =
             std::find_if(found_.rbegin(), found_.rend(),
                          [&code = code](const Diagnostic& found) { return found.code == code; });
-        last->advice.push_back("The same holds of further places: " + std::to_string(count - MAX_OF_A_KIND) +
-                               ".");
+        last->advice.push_back("The same holds of further places: " + std::to_string(count - most) + ".");
     }
     return std::move(found_);
 }

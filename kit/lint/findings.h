@@ -26,6 +26,7 @@ public:
 
 private:
     bool is_silenced(const FileSpan& span) const;
+    std::size_t most_of(const std::string& code) const;
 
     const ScoreRun& run_;
     const LintOptions& options_;

@@ -57,6 +57,16 @@ bool is_warning_of(const Diagnostic& warning, const Diagnostic& found) {
     return is_in_file && (found.through.empty() || is_in_expansion);
 }
 
+// Among the first `count` the one that warns of the same, looked for from `from` on; `count`: none.
+std::size_t find_warning(const std::vector<Diagnostic>& warnings, std::size_t count, std::size_t from,
+                         const Diagnostic& found) {
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t at = (from + step) % count;
+        if (is_warning_of(warnings[at], found)) return at;
+    }
+    return count;
+}
+
 // The warning gets the count, and marks all that is dropped.
 void join(Diagnostic& warning, const Diagnostic& found) {
     warning.span = found.span;
@@ -87,15 +97,14 @@ std::vector<Diagnostic> lint(const ScoreRun& run, const LintOptions& options) {
 
 void add_lint(std::vector<Diagnostic>& diagnostics, const ScoreRun& run, const LintOptions& options) {
     const std::size_t told = diagnostics.size();
+    std::size_t behind = 0;  // the warning that was joined last: mostly the next one is it
     for (Diagnostic& found : lint(run, options)) {
-        const auto end = diagnostics.begin() + static_cast<std::ptrdiff_t>(told);
-        const auto same = std::find_if(diagnostics.begin(), end, [&found](const Diagnostic& warning) {
-            return is_warning_of(warning, found);
-        });
-        if (same == end) {
+        const std::size_t same = find_warning(diagnostics, told, behind, found);
+        if (same == told) {
             diagnostics.push_back(std::move(found));
         } else {
-            join(*same, found);
+            join(diagnostics[same], found);
+            behind = same + 1;
         }
     }
     sort_by_place(diagnostics);

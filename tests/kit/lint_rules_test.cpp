@@ -308,6 +308,17 @@ TEST(LintBesideWarnings, TellsDroppedValuesOnce) {
     }
 }
 
+TEST(LintBesideWarnings, CountsThemAtEveryWarning) {
+    std::string score;
+    for (int n = 0; n < 1000; ++n) score += four_events("p4 1 2 3 4 5");
+    const std::vector<Diagnostic> told = told_of(score);
+    ASSERT_EQ(told.size(), 1000U);
+    for (const Diagnostic& warning : told) {
+        EXPECT_EQ(warning.code, "W10");
+        EXPECT_EQ(warning.advice[0], "1 value of P4 has no event: the block has 4.");
+    }
+}
+
 TEST(LintBesideWarnings, TellsThemByItselfWhereTheEngineDoesNot) {
     const std::vector<Diagnostic> told = told_of(four_events("p4 1 2 3 4 ra(2 1 [6 7]) 8"));
     ASSERT_EQ(told.size(), 2U);
