@@ -53,6 +53,12 @@ private:
     std::vector<std::string> scores_;
 };
 
+// Definitions alone are a file for others to include.
+bool is_empty(const ScoreRun& run) {
+    return run.status == 0 && run.messages.empty() && run.blocks.empty() && run.direct_lines.empty() &&
+           run.tempos.empty() && run.macros.empty() && run.constants.empty();
+}
+
 Outcome check_score(const std::string& argument, const CheckArguments& arguments, CheckReport& report) {
     SystemSources sources;
     RunOptions options;
@@ -63,6 +69,7 @@ Outcome check_score(const std::string& argument, const CheckArguments& arguments
     std::vector<Diagnostic> diagnostics = from_messages(run);
     add_lint(diagnostics, run, arguments.lint);
     report.add(name, run, diagnostics);
+    if (is_empty(run)) complain("\"" + argument + "\" has no block, so there is nothing to play");
     return run.status == 0 ? Outcome::WELL : Outcome::REFUSED;
 }
 

@@ -16,6 +16,11 @@ namespace {
 // A name that begins with "-" would be taken for an option.
 std::string as_operand(const std::string& name) { return name.substr(0, 1) == "-" ? "./" + name : name; }
 
+// The engine refuses a name that it is given twice; the score, too, may be the file of nothing.
+std::string as_output(const std::string& output, const std::string& input) {
+    return output == NOWHERE && input == NOWHERE ? "/dev/../dev/null" : output;
+}
+
 }  // namespace
 
 ScoreRun run_score(const std::string& name, const RunOptions& options, Sources& sources) {
@@ -24,7 +29,8 @@ ScoreRun run_score(const std::string& name, const RunOptions& options, Sources& 
     std::FILE* const silence = std::fopen(NOWHERE, "w");
     if (silence == nullptr) return run;
     const std::string input = as_operand(name);
-    const char* const arguments[] = {"vorn", "-s", input.c_str(), options.output.c_str(), nullptr};
+    const std::string output = as_output(options.output, input);
+    const char* const arguments[] = {"vorn", "-s", input.c_str(), output.c_str(), nullptr};
     run.status = run_program(4, arguments, {silence, silence, &recorder});
     std::fclose(silence);
     return run;

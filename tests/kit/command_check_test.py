@@ -65,6 +65,15 @@ class CheckTest(vornkit.CommandTest):
         done = self.check("well.vorn")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
 
+    def test_an_empty_score_is_told_to_be_empty(self):
+        self.write("comment.vorn", "; to be written\n")
+        for name in ("/dev/null", "comment.vorn"):
+            done = self.check(name)
+            self.assertEqual((done.returncode, done.stdout, done.stderr),
+                             (0, "", f'vornkit: "{name}" has no block, so there is nothing to play\n'))
+        self.write("parts.inc", "#define A #60#\n#const B 2\n")
+        self.assertEqual(self.check("parts.inc").stderr, "")
+
     def test_tells_mistakes_on_standard_output(self):
         self.write("bad.vorn", BAD)
         done = self.check("bad.vorn")
@@ -287,7 +296,8 @@ class CheckTest(vornkit.CommandTest):
             self.write(name, text)
             done = self.check(name)
             self.assertIn(done.returncode, (0, 1), name)
-            self.assertEqual(done.stderr, "", name)
+            has_nothing = name == "empty"
+            self.assertEqual(bool(done.stderr), has_nothing, name)
             self.data(name)
 
     def test_a_line_of_five_megabytes(self):
