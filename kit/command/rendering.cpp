@@ -62,7 +62,7 @@ void tell(const PerformanceReport& report, const SourceMap& map) {
 }
 
 bool has_errors(const PerformanceReport& report, const SourceMap& map) {
-    return !first_complaint(report, map).empty();
+    return !complaint_lines(report, map).empty();
 }
 
 bool is_sound_font(const std::string& name) {
@@ -121,11 +121,13 @@ std::string player_text(const WaveFigures& figures) {
 
 }  // namespace
 
-std::string first_complaint(const PerformanceReport& report, const SourceMap& map) {
+std::string complaint_lines(const PerformanceReport& report, const SourceMap& map) {
+    std::string lines;
     for (const Diagnostic& diagnostic : report.diagnostics) {
-        if (diagnostic.level == Level::ERROR) return first_line(text_form(diagnostic, map));
+        if (diagnostic.level == Level::ERROR) lines += first_line(text_form(diagnostic, map)) + "\n";
     }
-    return report.other_lines.empty() ? "" : "Csound: " + report.other_lines.front();
+    for (const std::string& line : report.other_lines) lines += "Csound: " + line + "\n";
+    return lines.substr(0, lines.size() - (lines.empty() ? 0 : 1));
 }
 
 Rendering render_score(const std::string& orchestra, const std::string& score, const std::string& wave,

@@ -23,8 +23,8 @@ struct Rendering {
 [[nodiscard]] Rendering render_score(const std::string& orchestra, const std::string& score,
                                      const std::string& wave, const ScoreRun& run);
 
-// The first thing that Csound complained of, with its place in the score; empty: of nothing.
-[[nodiscard]] std::string first_complaint(const PerformanceReport& report, const SourceMap& map);
+// What Csound complained of, a line each, with its place in the score; empty: of nothing.
+[[nodiscard]] std::string complaint_lines(const PerformanceReport& report, const SourceMap& map);
 
 // Has fluidsynth play a MIDI file into a WAV file. Without a sound font one of those is
 // taken that Debian's packages have.

@@ -2,6 +2,7 @@
 #include <charconv>
 #include <filesystem>
 #include <memory>
+#include <sstream>
 
 #include "kit/command/console.h"
 #include "kit/command/keep_variants.h"
@@ -206,12 +207,25 @@ Work make_variants(const VaryPlan& plan, const std::vector<unsigned>& numbers, s
     return work;
 }
 
+// Each line with the variant that it is about; what holds of many in turn is told once.
+void tell_failure(const Failure& failure, const Failure* before) {
+    const std::string variant = "variant " + std::to_string(failure.number) + ": ";
+    if (before != nullptr && before->reason == failure.reason) {
+        return complain(variant + "the same as variant " + std::to_string(before->number));
+    }
+    std::istringstream lines(failure.reason);
+    std::string line;
+    do {
+        std::getline(lines, line);
+        complain(variant + line);
+    } while (!lines.eof());
+}
+
 Outcome tell_failures(const std::vector<Failure>& failures) {
     Outcome outcome = Outcome::WELL;
     for (std::size_t at = 0; at < failures.size(); ++at) {
         outcome = std::max(outcome, failures[at].outcome);
-        if (at < MOST_LISTED)
-            complain("variant " + std::to_string(failures[at].number) + ": " + failures[at].reason);
+        if (at < MOST_LISTED) tell_failure(failures[at], at == 0 ? nullptr : &failures[at - 1]);
     }
     if (failures.size() > MOST_LISTED) {
         complain("and " + std::to_string(failures.size() - MOST_LISTED) + " more variants");

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstring>
 #include <thread>
@@ -26,7 +27,7 @@ namespace vorn::kit {
 namespace {
 
 constexpr std::size_t MOST_PROCESSES = 256;
-constexpr std::size_t MAX_REASON = 480;
+constexpr std::size_t MAX_REASON = 4000;
 constexpr std::uint64_t NO_TASK = ~std::uint64_t{0};
 constexpr int PATIENCE = 250;  // milliseconds, in case a signal came just before the wait
 constexpr int ENDING_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
@@ -41,6 +42,7 @@ struct Record {
     int outcome;
     char reason[MAX_REASON + 1];
 };
+static_assert(sizeof(Record) <= PIPE_BUF);  // what a pipe takes whole
 
 volatile std::sig_atomic_t ended_by = 0;
 

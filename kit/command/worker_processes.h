@@ -14,7 +14,7 @@ namespace vorn::kit {
 struct TaskResult {
     std::size_t task = 0;
     Outcome outcome = Outcome::WELL;
-    std::string reason;  // cut to some hundred bytes
+    std::string reason;  // cut to some thousand bytes
 };
 
 struct WorkerOptions {

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import pty
+import re
 import shutil
 import signal
 import subprocess
@@ -341,8 +342,21 @@ class Rendering(VaryTest):
     def test_an_orchestra_that_lacks_an_instrument(self):
         self.write("bad.orc", ORCHESTRA.replace("instr 1", "instr 9"))
         done = self.vary("piece.vorn", "--count", "2", "--render", "bad.orc", "-o", "out", status=1)
-        self.assertRegex(done.stderr, r"variant 2: piece\.vorn:\d+:1: error: instr 1 is not defined in the orchestra")
+        self.assertRegex(done.stderr, r"variant 1: piece\.vorn:\d+:1: error: instr 1 is not defined in the orchestra")
+        self.assertIn("vornkit: variant 2: the same as variant 1\n", done.stderr)
         self.assertEqual(self.record(2)["state"], "silent")
+
+    def test_all_that_csound_complains_of_is_told(self):
+        self.write("piece.vorn", SCORE + "> f 7 0 16 99\ni8 = 3 0 -3 {\np2 1\np3 1 }\n")
+        self.write("bad.orc", ORCHESTRA.replace("instr 1", "instr 9"))
+        done = self.vary("piece.vorn", "--count", "1", "--render", "bad.orc", "-o", "out", status=1)
+        told = done.stderr.splitlines()
+        line = SCORE.count("\n")
+        for words in (r"variant 1: piece\.vorn:\d+:1: error: instr 1 is not defined in the orchestra; ",
+                      fr"variant 1: piece\.vorn:{line + 2}:1: error: instr 8 is not defined in the orchestra; 3 events",
+                      fr"variant 1: piece\.vorn:{line + 1}:\d: error: ftable 7: "):
+            self.assertTrue(any(re.match("vornkit: " + words, one) for one in told), done.stderr)
+        self.assertEqual(self.record(1)["message"].count("\n") + 1, len(told))
 
     def test_each_has_its_sound(self):
         self.vary("piece.vorn", "--count", "2", "--render", "piece.orc", "-o", "out")
@@ -355,7 +369,8 @@ class Rendering(VaryTest):
     def test_an_orchestra_that_csound_refuses(self):
         self.write("bad.orc", ORCHESTRA.replace("oscili(", "nonsense("))
         done = self.vary("piece.vorn", "--count", "2", "--render", "bad.orc", "-o", "out", status=1)
-        self.assertIn("variant 2: Csound: error:", done.stderr)
+        self.assertIn("variant 1: Csound: error:", done.stderr)
+        self.assertIn("variant 2: the same as variant 1", done.stderr)
         self.assertNotIn("\x1b", done.stderr)
         self.assertEqual(self.record(2)["state"], "silent")
         self.assertNotIn("variants/2/sound.flac", self.whole())
