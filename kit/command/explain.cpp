@@ -1,8 +1,10 @@
+#include <deque>
 #include <memory>
 
 #include "kit/command/console.h"
 #include "kit/command/subcommands.h"
 #include "kit/diagnose/explanation_form.h"
+#include "kit/language/words.h"
 
 // vornkit explain: what a code means that stands behind a message.
 
@@ -25,10 +27,16 @@ std::string alternatives(const std::vector<std::string>& codes) {
     return text;
 }
 
-void complain_of_code(const std::string& code) {
-    const std::vector<std::string> nearest = nearest_codes(code);
+// What was typed may be a word of the language, which is told elsewhere.
+void complain_of_code(const std::string& typed) {
+    if (!words_spelt(typed).empty()) {
+        complain("\"" + typed + "\" is no code but a word of scores: \"vornkit words " + typed +
+                 "\" tells of it.");
+        return;
+    }
+    const std::vector<std::string> nearest = nearest_codes(code_in_full(typed));
     const std::string question = nearest.empty() ? "" : " Did you mean " + alternatives(nearest) + "?";
-    complain("there is no code \"" + code + "\"." + question + " \"vornkit explain\" lists all.");
+    complain("there is no code \"" + typed + "\"." + question + " \"vornkit explain\" lists all.");
 }
 
 void print_texts(const std::vector<Explanation>& explanations) {
@@ -44,11 +52,13 @@ Outcome explain(const ExplainArguments& arguments) {
     Outcome outcome = Outcome::WELL;
     std::vector<Explanation> found;
     if (lists_all) found = all_explanations();
-    for (const std::string& code : arguments.codes) {
-        if (const std::optional<Explanation> explanation = find_explanation(code)) {
+    // A reserved number keeps to the text of its code.
+    std::deque<std::string> codes;
+    for (const std::string& typed : arguments.codes) {
+        if (const auto explanation = find_explanation(codes.emplace_back(code_in_full(typed)))) {
             found.push_back(*explanation);
         } else {
-            complain_of_code(code);
+            complain_of_code(typed);
             outcome = Outcome::WRONG_USE;
         }
     }
@@ -71,8 +81,7 @@ void add_explain(CLI::App& app, Outcome& outcome) {
         "The codes stand in brackets behind the messages of vornkit check;\n"
         "docs/messages.md has them all on one page.");
     const auto arguments = std::make_shared<ExplainArguments>();
-    command->add_option("CODE", arguments->codes, "codes; 27 is E27; none: list all")
-        ->transform([](const std::string& typed) { return code_in_full(typed); });
+    command->add_option("CODE", arguments->codes, "codes; 27 is E27; none: list all");
     command->add_option("--format", arguments->format, "text or json")
         ->check(CLI::IsMember({"text", "json"}))
         ->capture_default_str();

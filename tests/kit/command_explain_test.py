@@ -83,7 +83,13 @@ class Explain(CommandTest):
         for code in ("", "E", "99999999999999999999", "Xylophone", "E27x", "\u00e4"):
             done = self.explain(code)
             self.assertEqual((done.returncode, done.stdout), (2, ""), code)
-            self.assertIn("there is no code", done.stderr)
+            self.assertRegex(done.stderr, "no code")
+
+    def test_what_is_no_code_is_told_as_it_was_typed(self):
+        for typed in ("foo", "FOO", "e999", "w99"):
+            self.assertIn(f'there is no code "{typed}"', self.explain(typed).stderr)
+        self.assertIn('"no" is no code but a word of scores: "vornkit words no" tells of it.',
+                      self.explain("no").stderr)
 
     def test_an_unknown_form_is_wrong_use(self):
         self.assertEqual(self.explain("--format", "xml", "E27").returncode, 2)
