@@ -357,6 +357,15 @@ bool advise_loop(Adviser& adviser) {
     return adviser.help("a loop holds no other loop; repeat values with `x2`, or write them out");
 }
 
+// A loop that is written whole is left open where the block is full before its ">".
+bool advise_cut_loop(Adviser& adviser) {
+    const Site& site = adviser.site;
+    std::string behind(site.of({adviser.mark.end, std::max(adviser.mark.end, site.at)}));
+    blank_comments(behind);
+    if (behind.find('>') == std::string::npos) return false;
+    return adviser.help("the block has no room for the whole loop: lengthen it, or shorten the loop");
+}
+
 constexpr AdviceRow ROWS[] = {
     {"E27", advise_upper_case},    {"E73", advise_upper_case},
     {"E27", advise_bracket},       {"E27", advise_star},
@@ -371,7 +380,7 @@ constexpr AdviceRow ROWS[] = {
     {"E73", advise_comma},         {"E73", advise_setting_before_end},
     {"E73", advise_sign},          {"E73", advise_before_statement},
     {"E20", advise_sharp},         {"E80", advise_sharp},
-    {"E43", advise_loop},
+    {"E43", advise_loop},          {"W15", advise_cut_loop},
 };
 
 }  // namespace

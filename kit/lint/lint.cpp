@@ -47,9 +47,14 @@ void sort_by_place(std::vector<Diagnostic>& diagnostics) {
                      [key](const Diagnostic& a, const Diagnostic& b) { return key(a) < key(b); });
 }
 
-// Whether the engine has warned of the same values that are dropped, or of one among them.
+// Whether a warning tells the same: of values that are dropped, of a loop that is not closed.
+bool is_warning_by_code(const std::string& warning, const std::string& found) {
+    return found == "L12" ? warning == "W10" || warning == "W12" : found == "L11" && warning == "W15";
+}
+
+// Whether the engine has warned of the same place, or of one within it.
 bool is_warning_of(const Diagnostic& warning, const Diagnostic& found) {
-    if (found.code != "L12" || (warning.code != "W10" && warning.code != "W12")) return false;
+    if (!is_warning_by_code(warning.code, found.code)) return false;
     const bool is_in_file = warning.span.file == found.span.file && warning.span.begin <= found.span.end &&
                             warning.span.end >= found.span.begin;
     const bool is_in_expansion =
@@ -67,7 +72,7 @@ std::size_t find_warning(const std::vector<Diagnostic>& warnings, std::size_t co
     return count;
 }
 
-// The warning gets the count, and marks all that is dropped.
+// The warning gets the count or the statement, and marks all that is meant.
 void join(Diagnostic& warning, const Diagnostic& found) {
     warning.span = found.span;
     warning.expanded_begin = found.expanded_begin;

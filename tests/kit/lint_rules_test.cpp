@@ -308,6 +308,13 @@ TEST(LintBesideWarnings, TellsDroppedValuesOnce) {
     }
 }
 
+TEST(LintBesideWarnings, TellsAnOpenLoopOnce) {
+    const std::vector<Diagnostic> told = told_of(four_events("p4 < 62 64\np5 1", 5));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].code, "W15");
+    EXPECT_EQ(told[0].advice[0], "This loop is not closed: it ends with the statement of P4.");
+}
+
 TEST(LintBesideWarnings, CountsThemAtEveryWarning) {
     std::string score;
     for (int n = 0; n < 1000; ++n) score += four_events("p4 1 2 3 4 5");
