@@ -176,8 +176,9 @@ MidiNotes midi_notes(const ScoreRun& run, const MidiOptions& options) {
         result.error = "the score is longer than a MIDI file can be";
         return result;
     }
-    if (only_tempo(run) < SLOWEST_TEMPO) {
-        result.remarks.push_back("the tempo changes, so the file counts seconds: 60 quarters per minute");
+    if (const double tempo = only_tempo(run); tempo < SLOWEST_TEMPO) {
+        result.remarks.push_back(std::string(tempo == 0 ? "the tempo changes" : "MIDI has no tempo so slow") +
+                                 ", so the file counts seconds: 60 quarters per minute");
     }
     const VelocityScale velocities(run, options.roles);
     if (!velocities.remark().empty()) result.remarks.push_back(velocities.remark());

@@ -78,6 +78,13 @@ class MidiCommand(CommandTest):
         self.assertIn("note: the score has no instrument 4 for program 2\n", done.stderr)
         self.assertNotIn("instrument 12", done.stderr)
 
+    def test_a_moving_tempo_is_told_and_no_other(self):
+        score = "te(TEMPO)\ni1 = 5 0 4 {\np2 1\np3 .9\np4 16000 32767\np5 60 }\n"
+        for tempo, told in (("0 4 60 120", True), ("90", False)):
+            self.write("piece.vorn", score.replace("TEMPO", tempo))
+            done = self.vornkit("midi", "piece.vorn", "piece.mid")
+            self.assertEqual("note: the tempo changes, so the file counts seconds" in done.stderr, told)
+
     def test_help_tells_how_levels_become_velocities(self):
         said = self.vornkit("midi", "--help").stdout
         for words in ("Amplitudes: 32767 is 127", "Fractions", "Decibels: the loudest of the score is 127"):

@@ -99,8 +99,17 @@ TEST(MidiNotes, AMovingTempoCountsSecondsAndSaysSo) {
     const MidiNotes notes = notes_of("te(0 4 60 120 f)\n" + block("i1 = 5 0 -3", "16000", "60 62 64"));
     EXPECT_EQ(notes.tempo, 60);
     ASSERT_EQ(notes.remarks.size(), 1U);
-    EXPECT_NE(notes.remarks[0].find("counts seconds"), std::string::npos);
+    EXPECT_EQ(notes.remarks[0], "the tempo changes, so the file counts seconds: 60 quarters per minute");
     EXPECT_EQ(notes.tracks[0].notes[1].start, 1U * TICKS_PER_QUARTER);  // a beat at 60
+}
+
+TEST(MidiNotes, ATempoBelowThoseOfMidiCountsSecondsAndSaysSo) {
+    const MidiNotes notes = notes_of("te(2)\n" + block("i1 = 5 0 -2", "16000", "60"));
+    EXPECT_EQ(notes.tempo, 60);
+    ASSERT_EQ(notes.remarks.size(), 1U);
+    EXPECT_EQ(notes.remarks[0],
+              "MIDI has no tempo so slow, so the file counts seconds: 60 quarters per minute");
+    EXPECT_EQ(notes.tracks[0].notes[1].start, 30U * TICKS_PER_QUARTER);  // a beat at 2
 }
 
 TEST(MidiNotes, AKeyStruckAgainEndsThereAndTheLongerEndStays) {
