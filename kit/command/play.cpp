@@ -156,6 +156,7 @@ Outcome play_score(const PlayArguments& arguments) {
     if (!score.make(".sco")) return wrong_use(score.error());
     const ScoreInput input(arguments.score, arguments.relative, score.name());
     if (!input.is_well()) return input.outcome();
+    tell_warnings(input.run());
     if (!arguments.wave.empty() && !may_write(arguments.wave, input.sources())) return Outcome::WRONG_USE;
     if (const std::string reason = reason_against(input.run(), arguments.roles); !reason.empty()) {
         return wrong_use(reason);

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -11,10 +12,18 @@
 #include "kit/command/progress.h"
 #include "kit/diagnose/from_messages.h"
 #include "kit/diagnose/text_form.h"
+#include "kit/lint/lint.h"
 
-// Warnings are the business of `vornkit check`; a mistake is everybody's.
+// A mistake is everybody's business. Warnings are that of `vornkit check`, and of who listens
+// to what has come out.
 
 namespace vorn::kit {
+
+namespace {
+
+constexpr std::size_t MOST_WARNINGS = 20;
+
+}  // namespace
 
 void tell_mistakes(const ScoreRun& run) {
     const TextStyle style = style_for(stderr);
@@ -22,6 +31,19 @@ void tell_mistakes(const ScoreRun& run) {
         if (diagnostic.level == Level::ERROR)
             std::fputs(text_form(diagnostic, run.map, style).c_str(), stderr);
     }
+}
+
+void tell_warnings(const ScoreRun& run) {
+    const TextStyle style = style_for(stderr);
+    std::vector<Diagnostic> diagnostics = from_messages(run);
+    add_lint(diagnostics, run, {});
+    std::erase_if(diagnostics, [](const Diagnostic& one) { return one.level != Level::WARNING; });
+    for (std::size_t at = 0; at < std::min(diagnostics.size(), MOST_WARNINGS); ++at) {
+        std::fputs(text_form(diagnostics[at], run.map, style).c_str(), stderr);
+    }
+    if (diagnostics.size() <= MOST_WARNINGS) return;
+    complain("and " + std::to_string(diagnostics.size() - MOST_WARNINGS) +
+             " more warnings; vornkit check tells them all");
 }
 
 // It is asked for once more, since only now its absence must be explained. What can be

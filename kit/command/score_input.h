@@ -11,6 +11,9 @@ namespace vorn::kit {
 // Tells the errors of a run, not its warnings, on standard error.
 void tell_mistakes(const ScoreRun& run);
 
+// Tells the warnings as `vornkit check` does, of many the first ones; no notes of what is merely odd.
+void tell_warnings(const ScoreRun& run);
+
 // Whether the score itself was there to be run; if not, that is told. `score` as on the
 // command line.
 [[nodiscard]] bool was_found(const std::string& score, const ScoreRun& run);

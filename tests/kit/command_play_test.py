@@ -65,6 +65,22 @@ class PlayCommand(CommandTest):
             self.assertEqual(sound.pitch(KEYS, start + .05, .4), KEYS[24 + steps])
             self.assertLess(sound.peak(start + .7, .3), .01)  # a pause
 
+    def test_warnings_are_told_as_check_words_them_and_the_sound_comes(self):
+        self.write("piece.vorn", SCORE.replace("c5 e4", "c5 e4 g4").replace("p4 .5", "p4 0.5.4"))
+        checked = self.vornkit("check", "piece.vorn").stdout
+        self.assertIn("[L3]", checked)
+        warning = checked[checked.index("piece.vorn:5:"):]
+        self.assertIn("help: 1 value of P5 has no event: the block has 3.", warning)
+        done = self.play("piece.vorn", "--wav", "piece.wav")
+        self.assertEqual((done.returncode, done.stderr), (0, warning))
+        self.assertRegex(done.stdout, r"^piece\.vorn: 2\.\d s, peak -\d\.\d dB\n$")
+
+    def test_of_many_warnings_the_first_ones_are_told(self):
+        self.write("piece.vorn", SCORE.replace("e4", "e4 g4") * 25)
+        told = self.play("piece.vorn", "--wav", "piece.wav").stderr
+        self.assertEqual(told.count("[W10]"), 20)
+        self.assertTrue(told.endswith("vornkit: and 5 more warnings; vornkit check tells them all\n"))
+
     def test_pitch_and_level_come_from_whatever_the_blocks_have(self):
         # Keys and decibels in one block, frequency and amplitude in the next.
         sound, _ = self.render("i1 = 5 0 -1 {\np2 1\np3 1000.5\np4 60\np5 57\n}\n"
