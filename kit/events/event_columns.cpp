@@ -34,8 +34,9 @@ std::vector<EventColumn> event_columns(const BlockRecord& block) {
         {"beat", events.beat.data(), 1, false, std::nullopt},
     };
     for (int pfield = 4; pfield <= block.pfields; ++pfield) {
-        columns.push_back({"p" + std::to_string(pfield), events.values.data() + (pfield - 4), block.columns(),
-                           true, written_form(block, pfield)});
+        const float* const first = events.values.empty() ? nullptr : &events.values[pfield - 4];
+        columns.push_back(
+            {"p" + std::to_string(pfield), first, block.columns(), true, written_form(block, pfield)});
     }
     return columns;
 }

@@ -96,6 +96,14 @@ TEST(EventColumns, AreStartDurationBeatAndThePFieldsFromP4) {
     EXPECT_TRUE(is_written(run.blocks[2], columns[4], 0));
 }
 
+TEST(EventColumns, OfABlockWithoutEventsShowNoValues) {
+    BlockRecord block;
+    block.pfields = 6;
+    const std::vector<EventColumn> columns = event_columns(block);
+    ASSERT_EQ(columns.size(), 6U);
+    for (const EventColumn& column : columns) EXPECT_EQ(column.values, nullptr) << column.name;
+}
+
 TEST(EventColumns, ABlockOfRestsHasNoNumberInTheScore) {
     const ScoreRun run = run_text(SCORE);
     EXPECT_EQ(number_in_score(run.blocks[0]), 1);
