@@ -173,6 +173,24 @@ bool is_decimal_comma(const Statement& statement, Items row, bool blanks_part) {
     return blanks_part && is_common_fraction(fraction);
 }
 
+// Whether every comma between values is one of these, and the block has room for what they make.
+bool are_commas_decimal(const Statement& statement, std::size_t pairs) {
+    std::size_t commas = 0;
+    std::size_t values = 0;
+    for (const Item& item : statement.items) {
+        if (item.in_generator) continue;
+        if (item.kind == ItemKind::COMMA) ++commas;
+        if (item.kind == ItemKind::VALUE) ++values;
+    }
+    const bool fits = statement.full.line == 0 || values - pairs <= statement.field->event_count;
+    return commas == pairs && fits;
+}
+
+// "0,9" is 0.9 there, for who lists 0 and 9 writes a blank; 0 and 10 may yet be meant.
+bool is_certain_fraction(const Statement& statement, Items row) {
+    return statement.text(row[0]) == "0" && row[0].code != CODE_IN && !statement.text(row[2]).ends_with('0');
+}
+
 // Whether values stand side by side with blanks alone between them.
 bool has_blanks_between_values(const Statement& statement) {
     const std::vector<Item>& items = statement.items;
@@ -181,6 +199,19 @@ bool has_blanks_between_values(const Statement& statement) {
         if (values && !items[n].in_generator && items[n].begin > items[n - 1].end) return true;
     }
     return false;
+}
+
+void add_decimal_comma(const Statement& statement, Items row, bool is_certain, Findings& findings) {
+    Diagnostic diagnostic = place_row(statement, row, findings);
+    const std::string whole = statement.text(row[0]);
+    const std::string fraction = statement.text(row[2]);
+    const std::string cured = whole + "." + fraction;
+    diagnostic.text =
+        "\"" + statement.text(row) + "\" is read as two values, " + whole + " and " + fraction + ".";
+    diagnostic.advice.push_back("A fraction has a point: " + cured +
+                                ". Two values are meant: put a blank behind the comma.");
+    if (is_certain && diagnostic.through.empty()) diagnostic.edits.push_back({diagnostic.span, cured});
+    findings.add(std::move(diagnostic));
 }
 
 std::string separation_advice(const std::string& second) {
@@ -234,17 +265,14 @@ void flats_spelt_with_b(const Statement& statement, Findings& findings) {
 
 void decimal_comma(const Statement& statement, Findings& findings) {
     const bool blanks_part = has_blanks_between_values(statement);
+    std::vector<Items> found;
     for_each_row(statement, may_stand_in_word, [&](Items row) {
-        if (!is_decimal_comma(statement, row, blanks_part)) return;
-        Diagnostic diagnostic = place_row(statement, row, findings);
-        const std::string whole = statement.text(row[0]);
-        const std::string fraction = statement.text(row[2]);
-        diagnostic.text =
-            "\"" + statement.text(row) + "\" is read as two values, " + whole + " and " + fraction + ".";
-        diagnostic.advice.push_back("A fraction has a point: " + whole + "." + fraction +
-                                    ". Two values are meant: put a blank behind the comma.");
-        findings.add(std::move(diagnostic));
+        if (is_decimal_comma(statement, row, blanks_part)) found.push_back(row);
     });
+    const bool is_certain = are_commas_decimal(statement, found.size());
+    for (const Items row : found) {
+        add_decimal_comma(statement, row, is_certain && is_certain_fraction(statement, row), findings);
+    }
 }
 
 void values_run_together(const Statement& statement, Findings& findings) {

@@ -82,6 +82,30 @@ TEST(DecimalComma, IsNotSuspectedInLists) {
     EXPECT_EQ(notes_of(four_events("p4 ra(T 1 [0,5])")), Notes{});
 }
 
+// What the cures of the notes put in their places; "-" for a note without one.
+std::string cures_of(const std::string& statement) {
+    std::string cures;
+    for (const Diagnostic& note : found_in(four_events(statement))) {
+        if (note.code == "L2") cures += (note.edits.empty() ? "-" : note.edits[0].replacement) + " ";
+    }
+    return cures;
+}
+
+TEST(DecimalComma, HasACureWhereItIsCertain) {
+    EXPECT_EQ(cures_of("p4 0,9"), "0.9 ");
+    EXPECT_EQ(cures_of("p4 0,5 0,25 2 0,7"), "0.5 0.25 0.7 ");  // too many values, as they are read
+    EXPECT_EQ(cures_of("p4 0,5 ra(T 1 [1, 2])"), "0.5 ");
+    EXPECT_EQ(cures_of("p4 1,5 2 0,5"), "- 0.5 ");
+}
+
+TEST(DecimalComma, HasNoneWhereTwoValuesMayBeMeant) {
+    EXPECT_EQ(cures_of("p4 0,10"), "- ");
+    EXPECT_EQ(cures_of("p4 0,7 4, 7"), "- ");       // another comma parts values
+    EXPECT_EQ(cures_of("p4 0,5 1 2 3 4 5"), "- ");  // it would not fit with a point either
+    EXPECT_EQ(cures_of("p4 in 0,5"), "- ");         // a whole number
+    EXPECT_EQ(found_in("#define A #0,5#\n" + four_events("p4 $A"))[0].edits.size(), 0U);
+}
+
 // --- L3: values run together ---
 
 TEST(ValuesRunTogether, AreSeveral) {
