@@ -2,15 +2,19 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <map>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "driver/reset.h"
+#include "output/value_queue.h"
 #include "support/case_folder.h"
 
 // All cases, three rounds in one process, each round in another order. What one
-// run leaves behind in a variable shows as a difference in a later run.
+// run leaves behind in a variable shows as a difference in a later run, a file that
+// it leaves open in their number.
 
 namespace vorn::test {
 namespace {
@@ -33,12 +37,19 @@ void expect_same(const RunResult& first, const RunResult& later, const std::stri
     EXPECT_TRUE(first.files == later.files) << where << ": the files differ";
 }
 
+std::ptrdiff_t count_open_files() {
+    const std::filesystem::path open_files = "/proc/self/fd";
+    if (!std::filesystem::exists(open_files)) return 0;
+    return std::distance(std::filesystem::directory_iterator(open_files), {});
+}
+
 TEST(Rounds, LeaveNothingBehindForTheNextRun) {
     std::vector<Case> cases;
     for (const std::string& name : find_cases(CASES)) cases.push_back(load_case(CASES, name));
     ASSERT_FALSE(cases.empty());
 
     std::mt19937 order(SEED);
+    const std::ptrdiff_t open_before = count_open_files();
     std::map<std::string, RunResult> first;
     for (int round = 1; round <= ROUNDS; ++round) {
         std::shuffle(cases.begin(), cases.end(), order);
@@ -47,6 +58,7 @@ TEST(Rounds, LeaveNothingBehindForTheNextRun) {
             const std::string where = "seed " + std::to_string(SEED) + ", round " + std::to_string(round) +
                                       ": " + a_case.name + " after " + before;
             const RunResult result = run_afresh(a_case);
+            EXPECT_EQ(queued_values, 0U) << where << ": values of a loop are left";
             const auto [entry, is_first] = first.try_emplace(a_case.name, result);
             if (is_first) {
                 const std::string differences = problems(a_case, result);
@@ -57,6 +69,8 @@ TEST(Rounds, LeaveNothingBehindForTheNextRun) {
             before = a_case.name;
         }
     }
+    reset_program();
+    EXPECT_EQ(count_open_files(), open_before);
 }
 
 }  // namespace

@@ -11,17 +11,23 @@
 //     allocations_left = 2;
 //     ...
 //     allocations_left = ANY_NUMBER;
+//
+// With `fails_once` the ones behind it succeed again.
 
 namespace vorn::test {
 
 constexpr int ANY_NUMBER = std::numeric_limits<int>::max();
 inline int allocations_left = ANY_NUMBER;
+inline bool fails_once = false;
 inline int allocations_open = 0;  // made and not yet released
 
 }  // namespace vorn::test
 
 [[gnu::noinline]] void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    if (vorn::test::allocations_left <= 0) return nullptr;
+    if (vorn::test::allocations_left <= 0) {
+        if (vorn::test::fails_once) vorn::test::allocations_left = vorn::test::ANY_NUMBER;
+        return nullptr;
+    }
     --vorn::test::allocations_left;
     ++vorn::test::allocations_open;
     return std::malloc(size);

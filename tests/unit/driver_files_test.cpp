@@ -9,6 +9,7 @@
 #include <string>
 
 #include "driver/temporary_file.h"
+#include "input/run_flags.h"
 #include "output/output_file.h"
 #include "support/failing_allocations.h"
 #include "support/failing_reads.h"
@@ -247,6 +248,18 @@ TEST(Files, NoneIsLeftOpenAfterARun) {
     EXPECT_STREQ(vorn::tmp_fname, "");
     EXPECT_EQ(vorn::ftmp, nullptr);
     EXPECT_EQ(vorn::fin, nullptr);
+    EXPECT_EQ(vorn::MKLOG, 0);
+}
+
+TEST(Files, AnInputThatARunLeftOpenIsClosedByTheReset) {
+    const WorkFolder folder;
+    folder.write("in.vorn", SCORE);
+    vorn::fin = std::fopen((folder.path() / "in.vorn").c_str(), "r");
+    ASSERT_NE(vorn::fin, nullptr);
+    const int descriptor = fileno(vorn::fin);
+    vorn::reset_files();
+    EXPECT_EQ(vorn::fin, nullptr);
+    EXPECT_EQ(fcntl(descriptor, F_GETFD), -1);
 }
 
 }  // namespace

@@ -158,6 +158,18 @@ TEST_F(P2Functions, ValuesAreQueuedUndeviatedInALoop) {
     EXPECT_EQ(queued(), Values({1.5F, 0, 1.5F, 0}));
 }
 
+TEST_F(P2Functions, AValueThatFailsMakesNoEvent) {
+    begin_starts(20);
+    Weights weights;
+    ASSERT_TRUE(weights.weight.append(1));
+    const ValueMaker maker = {
+        -3, &weights, nullptr,
+        [](void*, std::uint32_t, const Progress&, float&) -> int { return error::BAD_VALUE; }};
+    const ScoreText text("p2");
+    EXPECT_EQ(create_events(maker, text.reader, statement), error::BAD_VALUE);
+    EXPECT_EQ(EVENT_NO, 0);
+}
+
 TEST_F(P2Functions, APendingMarkFusesTheFirstValue) {
     begin_starts(20);
     EXPECT_EQ(run(DdfKind::HO, "(-1 2)"), 0);

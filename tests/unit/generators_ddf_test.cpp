@@ -16,8 +16,6 @@ using test::draws_left;
 using test::set_next_draws;
 using test::Values;
 
-class DoDdf : public test::DdfBlock {};
-
 struct KindText {
     DdfKind kind;
     const char* text;
@@ -32,6 +30,29 @@ constexpr KindText EVERY_KIND[] = {
     {DdfKind::EX, "(-5 .5 p2 .5 [p3 * 2])"},
     {DdfKind::MS, "(-5 .5 [1 2] [8 9] .5 1 2)"},
     {DdfKind::HO, "(-5 60)"},
+};
+
+class DoDdf : public test::DdfBlock {
+protected:
+    // Lets the first allocation fail, then the second ..., until none does.
+    void expect_failures_without_traces(const KindText& row) {
+        for (int failures = 0;; ++failures) {
+            reset_program();
+            SUPRESS = 1;
+            begin_values(10);
+            const int open = test::allocations_open;
+            allocations_left = failures;
+            const int result = run(row.kind, row.text);
+            allocations_left = ANY_NUMBER;
+            EXPECT_EQ(test::allocations_open, open) << row.text;
+            if (result == 0) {
+                EXPECT_GE(failures, 2) << row.text;
+                return;
+            }
+            ASSERT_EQ(result, error::OUT_OF_MEMORY) << row.text;
+            ASSERT_EQ(EVENT_NO, 0);
+        }
+    }
 };
 
 TEST_F(DoDdf, StopsBehindItsClosingParenthesis) {
@@ -282,24 +303,13 @@ TEST_F(DoDdf, TenThousandSubRanges) {
 }
 
 TEST_F(DoDdf, OutOfMemoryIsAnErrorAndLeavesNothingBehind) {
-    for (const KindText& row : EVERY_KIND) {
-        for (int failures = 0;; ++failures) {
-            reset_program();
-            SUPRESS = 1;
-            begin_values(10);
-            const int open = test::allocations_open;
-            allocations_left = failures;
-            const int result = run(row.kind, row.text);
-            allocations_left = ANY_NUMBER;
-            EXPECT_EQ(test::allocations_open, open) << row.text;
-            if (result == 0) {
-                EXPECT_GE(failures, 2) << row.text;
-                break;
-            }
-            ASSERT_EQ(result, error::OUT_OF_MEMORY) << row.text;
-            ASSERT_EQ(EVENT_NO, 0);
-        }
-    }
+    for (const KindText& row : EVERY_KIND) expect_failures_without_traces(row);
+}
+
+TEST_F(DoDdf, ASingleAllocationThatFailsIsNotPassedOver) {
+    test::fails_once = true;
+    for (const KindText& row : EVERY_KIND) expect_failures_without_traces(row);
+    test::fails_once = false;
 }
 
 TEST_F(DoDdf, ErrorsLeaveNothingBehind) {
