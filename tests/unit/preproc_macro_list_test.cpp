@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "support/failing_allocations.h"
 #include "unit/preproc_fixture.h"
 
 namespace {
@@ -39,7 +40,9 @@ TEST_F(MacroList, NewestMacroStandsFirst) {
 
 TEST_F(MacroList, SecondMacroOfANameIsRefusedAndDropped) {
     EXPECT_EQ(vorn::store_macro(make("a", "1")), 0);
+    const int open = vorn::test::allocations_open;
     EXPECT_EQ(vorn::store_macro(make("a", "2", {"x"})), 84);
+    EXPECT_EQ(vorn::test::allocations_open, open);
     EXPECT_EQ(names(), "a");
     EXPECT_STREQ(vorn::find_macro(whole_name("a"))->body, "1");
 }
