@@ -208,6 +208,22 @@ p2 1  p3 1.5  p4 16000  p5 60 }
      .cured = R"(i1 = 5, 0, 4 {
 p2 1  p3 .9  p4 16000  p5 60 }
 )"},
+    {.code = "L16",
+     .title = "A rest sounds",
+     .cause =
+         "An `r` among note names is the number -1 and silences its note by turning the sign of the "
+         "duration. Two on one note, in P3 and P4 or in P4 and P5, turn it back. What `/` or `x` add to "
+         "an `r`, and an `r` in a generator, turn nothing. The note then sounds as -1, a semitone below c0.",
+     .cure = "Write each rest of a list by itself, `r r`, and in one p-field only. "
+             "Rests by chance are drawn in P3: `p3 se(T 1 [1 -1])`.",
+     .score = R"(i1 = 4, 0, -4 {
+p2 1  p3 1
+p4 no c4 r x2 e }
+)",
+     .cured = R"(i1 = 4, 0, -4 {
+p2 1  p3 1
+p4 no c4 r r e }
+)"},
 };
 
 }  // namespace

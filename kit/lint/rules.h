@@ -18,6 +18,9 @@ void setting_behind_loop(const Statement& statement, Findings& findings);
 void unclosed_loop(const Statement& statement, Findings& findings);
 void values_dropped(const Statement& statement, Findings& findings);
 
+// --- rest_rules.cpp ---
+void rests_that_sound(const Statement& statement, Findings& findings);
+
 // --- tempo_rules.cpp ---
 void beats_of_last_tempo(const Statement& statement, Findings& findings);
 void blocks_drift(const ScoreRun& run, Findings& findings);

@@ -256,7 +256,9 @@ void Recorder::on_pfield(const PfieldStatement& statement) {
     field.end = statement.end;
     field.event_count = statement.count;
     if (run_.open_block) run_.open_block->fields.push_back(field);
-    fields_.push_back(field);
+    const auto behind = std::find_if(fields_.begin(), fields_.end(),
+                                     [&](const FieldRecord& other) { return other.number > field.number; });
+    fields_.insert(behind, field);
     if (statement.number == 2 && options_.keep_events) sum_intervals(statement.events);
 }
 
@@ -282,8 +284,6 @@ void Recorder::on_block(const Block& block) {
             field.decimals = block.decimals[at];
             field.fft_size = block.fft_sizes[at];
         }
-        std::sort(fields_.begin(), fields_.end(),
-                  [](const FieldRecord& a, const FieldRecord& b) { return a.number < b.number; });
         record.fields = std::move(fields_);
         if (options_.keep_events) copy_events(record, block.events);
     }

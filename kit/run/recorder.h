@@ -1,8 +1,8 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "kit/run/score_run.h"
 
@@ -53,15 +53,15 @@ private:
     ScoreRun& run_;
     const RunOptions& options_;
     Sources& sources_;
-    int opened_ = -1;                                         // the file that was opened last
-    std::vector<int> open_files_;                             // by depth: the file that is copied there
-    EquationValue equation_ = {};                             // the one expanded last
-    std::unordered_map<std::string, std::size_t> constants_;  // index by name
-    LinePlace header_;                                        // read last
-    std::optional<std::size_t> more_;                         // the message that counts further ones
+    int opened_ = -1;                               // the file that was opened last
+    std::vector<int> open_files_;                   // by depth: the file that is copied there
+    EquationValue equation_ = {};                   // the one expanded last
+    std::map<std::string, std::size_t> constants_;  // index by name
+    LinePlace header_;                              // read last
+    std::optional<std::size_t> more_;               // the message that counts further ones
     // Of the block that is being read:
-    std::vector<FieldRecord> fields_;
-    std::vector<ExactStart> starts_;  // of the events that P2 has made, in their order
+    std::vector<FieldRecord> fields_;  // by number
+    std::vector<ExactStart> starts_;   // of the events that P2 has made, in their order
 };
 
 }  // namespace vorn::kit

@@ -377,6 +377,37 @@ TEST(ValuesDropped, AreNoneInAListThatFitsOrFillsOnPurpose) {
     }
 }
 
+// --- L16: rests that sound ---
+
+TEST(RestsThatSound, AreRepeatedDrawnOrWrittenTwice) {
+    EXPECT_EQ(notes_of(four_events("p4 no c4 r x2 e")), (Notes{"L16 4:10 r"}));
+    EXPECT_EQ(notes_of(four_events("p4 no c4 r/ e")), Notes{});
+    EXPECT_EQ(notes_of(four_events("p4 no c4 r// e")), (Notes{"L16 4:10 r"}));
+    EXPECT_EQ(notes_of(four_events("p4(hz) no se(T 1 * [c4 r e f])")), (Notes{"L16 4:24 r"}));
+    EXPECT_EQ(notes_of(four_events("p4 no c4 r e r\np5 no r r e f", 5)), (Notes{"L16 4:10 r", "L16 5:7 r"}));
+    EXPECT_EQ(notes_of("i1 = 4, 0, -3 {\np2 1\np3 1 -1 1\np4 no c4 r e\n}\n"), (Notes{"L16 4:10 r"}));
+}
+
+TEST(RestsThatSound, AreCountedWithTheirReason) {
+    const std::vector<Diagnostic> found = found_in(four_events("p4 no r x4"));
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, "3 rests of P4 sound, as the number -1.");
+    EXPECT_EQ(found[0].advice[0], "Of a repeated \"r\" only the first is a rest: write \"r r\".");
+    EXPECT_EQ(found_in(four_events("p4 no ra(T 1 [r r])"))[0].advice[0],
+              "A generator makes no rests here: draw them in P3, where -1 is one.");
+    EXPECT_EQ(found_in(four_events("p4 no r r c4 d\np5 no r c e f", 5))[0].advice[0],
+              "Two rests on one note cancel out: write the rest in one p-field only.");
+}
+
+TEST(RestsThatSound, AreNoneThatAreSilentOrNumbers) {
+    for (const char* statement :
+         {"p4 no c4 r e r", "p4 no < c4 r >", "p4 no r", "p4 no r c4 re -1", "p4 no c4 r re",
+          "p4 re -1 2 no r c4", "p4 no c4:r:e f", "p4 no r ex(T 1 [p3 - 2])"}) {
+        EXPECT_EQ(notes_of(four_events(statement)), Notes{}) << statement;
+    }
+    EXPECT_EQ(notes_of("i1 = 4, 0, -3 {\np2 1\np3 1 -1 1\np4 no c4 d r\n}\n"), Notes{});
+}
+
 // --- with --midi ---
 
 constexpr LintOptions FOR_MIDI = {.midi = true, .ignored = {}};

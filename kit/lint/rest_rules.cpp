@@ -1,0 +1,86 @@
+#include <algorithm>
+
+#include "blocks/command_codes.h"
+#include "input/characters.h"
+#include "kit/lint/rules.h"
+
+// An "r" among note names is the value -1, and silences its event by turning the sign of the
+// duration. Where that does not happen, or happens twice, the -1 is heard:
+//
+//     p4 no c4 r x2             of a repeated rest only the first is one
+//     p4 no se(T 1 [c4 r])      a generator makes no rests
+//     p3 1 -1    p4 no c4 r     two signs are turned
+
+namespace vorn::kit::rules {
+
+namespace {
+
+constexpr float REST = -1;
+
+enum class Reason { REPEATED, IN_GENERATOR, TWICE };
+
+constexpr const char* ADVICE[] = {
+    "Of a repeated \"r\" only the first is a rest: write \"r r\".",
+    "A generator makes no rests here: draw them in P3, where -1 is one.",
+    "Two rests on one note cancel out: write the rest in one p-field only.",
+};
+
+struct Rest {
+    const Item* item = nullptr;  // null: there is none
+    Reason reason = Reason::TWICE;
+};
+
+bool is_rest(const Statement& statement, const Item& item) {
+    return item.kind == ItemKind::VALUE && item.code == CODE_NO && to_lower(statement.text(item)[0]) == 'r';
+}
+
+Reason reason_of(const Item& item, const Item& last) {
+    if (item.in_generator) return Reason::IN_GENERATOR;
+    const bool is_repeated =
+        &item != &last && ((&item)[1].kind == ItemKind::TIMES || (&item)[1].kind == ItemKind::SLASH);
+    return is_repeated ? Reason::REPEATED : Reason::TWICE;
+}
+
+// The first that sounds by itself; otherwise the first of all.
+Rest find_rest(const Statement& statement) {
+    Rest found;
+    for (const Item& item : statement.items) {
+        if (!is_rest(statement, item)) continue;
+        const Reason reason = reason_of(item, statement.items.back());
+        if (reason != Reason::TWICE) return {&item, reason};
+        if (found.item == nullptr) found.item = &item;
+    }
+    return found;
+}
+
+// Note names alone, of which none but "r" is -1.
+bool has_names_alone(const Statement& statement) {
+    return std::all_of(statement.items.begin(), statement.items.end(), [](const Item& item) {
+        if (item.kind == ItemKind::GENERATOR) return item.code != CODE_EX;
+        const bool is_typed = item.kind == ItemKind::VALUE || item.kind == ItemKind::INPUT_TYPE;
+        return !is_typed || item.code == CODE_NO;
+    });
+}
+
+}  // namespace
+
+void rests_that_sound(const Statement& statement, Findings& findings) {
+    if (statement.field->number < 4 || !has_names_alone(statement)) return;
+    const Rest rest = find_rest(statement);
+    if (rest.item == nullptr) return;
+    const EventTable& events = statement.block->events;
+    std::size_t count = 0;
+    for (std::size_t row = 0; row < events.size(); ++row) {
+        const bool sounds = events.duration[row] > 0;
+        if (sounds && statement.block->value(row, statement.field->number) == REST) ++count;
+    }
+    if (count == 0) return;
+    Diagnostic diagnostic = findings.at(statement.begin_of(*rest.item), statement.last_of(*rest.item));
+    diagnostic.text = std::to_string(count) + (count == 1 ? " rest of P" : " rests of P") +
+                      std::to_string(statement.field->number) + (count == 1 ? " sounds" : " sound") +
+                      ", as the number -1.";
+    diagnostic.advice.push_back(ADVICE[static_cast<std::size_t>(rest.reason)]);
+    findings.add(std::move(diagnostic));
+}
+
+}  // namespace vorn::kit::rules
