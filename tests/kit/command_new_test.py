@@ -45,6 +45,14 @@ class NewCommand(CommandTest):
         for bar, tone in enumerate(("c2", "a1", "f1", "g1")):
             self.assertEqual(sound.pitch(bass.values(), bar * 2.4 + .2, 1.5), bass[tone])
 
+    def test_its_p_fields_are_those_of_the_tutorial(self):
+        tutorial = (pathlib.Path(__file__).resolve().parents[2] / "docs/tutorial/scores/lanterns.orc").read_text()
+        self.vornkit("new", "nocturne")
+        for ending in (".vorn", ".orc", ".csd"):
+            self.assertIn(tutorial.splitlines()[0] + "\n", (self.folder / ("nocturne/nocturne" + ending)).read_text())
+        blocks = (self.folder / "nocturne/nocturne.vorn").read_text().split("{")[1:]
+        self.assertEqual([block.count("\np4(hz) no ") for block in blocks], [1, 1])
+
     def told_on_terminal(self, *arguments):
         """What a person sees; the line ends as a file has them."""
         main, other = pty.openpty()
