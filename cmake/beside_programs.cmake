@@ -1,5 +1,10 @@
 # What is installed beside the programs: man pages, completions, those of vornkit where
-# it is built, and the files for editors.
+# it is built, and the files for editors; on Windows, which has no places for them, these alone.
+if(WIN32)
+    install(DIRECTORY editors DESTINATION .)
+    return()
+endif()
+
 set(bash_completions ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 set(zsh_completions ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 set(fish_completions ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)

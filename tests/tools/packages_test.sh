@@ -3,7 +3,7 @@
 # programs and those for any Linux write the same; the sources build by themselves.
 # With --bare (scripts/check packages) the package is also installed, used and removed in
 # a bare root of Debian, which has to be fetched, and the program for any Linux runs there;
-# the archive for Windows is made and its program used under Wine.
+# the archive for Windows is made and used under Wine.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 work=$(mktemp -d)
@@ -63,6 +63,8 @@ use_under_wine() {
     (cd "$work" && WINEDEBUG=-all /usr/lib/wine/wine64 windows/*/bin/vorn.exe \
         Glöckchen.vorn Stück.sco >/dev/null 2>&1)
     cmp "$work/first.sco" "$work/Stück.sco" || fail "the program for Windows writes something else"
+    VORN_PROGRAM=$work/installed/usr/bin/vorn tests/tools/windows_archive.py "$work"/windows/* ||
+        fail "the archive for Windows does not do what docs/windows.md says"
 }
 if [ "${1:-}" = --bare ]; then
     use_in_bare_root
