@@ -4,12 +4,52 @@ import pathlib
 import re
 import unittest
 
+import jsonschema
+
 import editor_scores
 import options
 from vornkit import CommandTest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = TOP / "editors/vscode"
+
+
+def only(required, **others):
+    """An object of these fields and no others: a misspelt one would be passed over without a word."""
+    return {"type": "object", "required": list(required), "properties": {**required, **others},
+            "additionalProperties": False}
+
+
+def each(item):
+    return {"type": "array", "minItems": 1, "items": item}
+
+
+TEXT, GROUP, INSIDE = {"type": "string"}, {"type": "integer", "minimum": 1}, {"type": "string", "pattern": r"^\./"}
+PAIR = {"type": "array", "items": TEXT, "minItems": 2, "maxItems": 2}
+# What VS Code takes of an extension that contributes no code: of each point the fields that stand in ours.
+EXTENSION = only(
+    {"name": {"type": "string", "pattern": "^[a-z0-9-]+$"}, "version": TEXT, "publisher": TEXT,
+     "engines": only({"vscode": {"type": "string", "pattern": r"^\^1\.\d+\.0$"}}),
+     "contributes": only({
+         "languages": each(only({"id": TEXT}, aliases=each(TEXT), configuration=INSIDE,
+                                extensions=each({"type": "string", "pattern": r"^\."}))),
+         "grammars": each(only({"language": TEXT, "scopeName": TEXT, "path": INSIDE})),
+         "snippets": each(only({"language": TEXT, "path": INSIDE})),
+         "problemPatterns": each(only({"name": TEXT, "regexp": TEXT}, file=GROUP, line=GROUP, column=GROUP,
+                                      severity=GROUP, message=GROUP, code=GROUP)),
+         "problemMatchers": each(only({"name": TEXT, "owner": TEXT, "pattern": TEXT}, label=TEXT, source=TEXT,
+                                      fileLocation=PAIR))})},
+    displayName=TEXT, description=TEXT, license=TEXT, private={"type": "boolean"}, categories=each(TEXT))
+CONFIGURATION = only({}, comments=only({}, lineComment=TEXT, blockComment=PAIR), brackets=each(PAIR), wordPattern=TEXT,
+                     autoClosingPairs=each(only({"open": TEXT, "close": TEXT}, notIn=each(TEXT))),
+                     surroundingPairs=each(PAIR), folding=only({}, markers=only({"start": TEXT, "end": TEXT})))
+LINES = {"anyOf": [TEXT, each(TEXT)]}
+SNIPPETS = {"additionalProperties": only({"prefix": LINES, "body": LINES}, description=LINES)}
+TASKS = only({"version": {"const": "2.0.0"}, "tasks": each(only(
+    {"label": TEXT, "type": {"enum": ["shell", "process"]}, "command": TEXT}, args=each(TEXT), problemMatcher=TEXT,
+    presentation=only({}, reveal={"enum": ["always", "silent", "never"]}),
+    group={"anyOf": [{"enum": ["build", "test"]}, only({"kind": {"enum": ["build", "test"]}},
+                                                       isDefault={"type": "boolean"})]}))})
 
 
 def read(name):
@@ -24,6 +64,25 @@ def expanded(body):
 
 
 class VscodeFiles(CommandTest):
+    def test_each_file_has_the_fields_that_vs_code_takes(self):
+        for name, schema in (("package.json", EXTENSION), ("language-configuration.json", CONFIGURATION),
+                             ("snippets/vorn.json", SNIPPETS), ("tasks.json", TASKS)):
+            with self.subTest(file=name):
+                jsonschema.validate(read(name), schema)
+
+    def test_what_is_named_elsewhere_is_defined(self):
+        contributes = read("package.json")["contributes"]
+        language, pattern = contributes["languages"][0]["id"], contributes["problemPatterns"][0]
+        self.assertEqual({use["language"] for use in contributes["grammars"] + contributes["snippets"]}, {language})
+        self.assertEqual(contributes["problemMatchers"][0]["pattern"], "$" + pattern["name"])
+        numbers = [group for group in pattern.values() if isinstance(group, int)]
+        self.assertEqual(sorted(numbers), list(range(1, re.compile(pattern["regexp"]).groups + 1)))
+        matchers = {"$" + matcher["name"] for matcher in contributes["problemMatchers"]}
+        self.assertLessEqual({task["problemMatcher"] for task in read("tasks.json")["tasks"]}, matchers)
+        configuration = read("language-configuration.json")
+        for expression in (configuration["wordPattern"], *configuration["folding"]["markers"].values()):
+            re.compile(expression)
+
     def test_what_the_package_names_is_there(self):
         package = read("package.json")
         contributes = package["contributes"]
