@@ -2,6 +2,11 @@
 # Looks for what each package brings rather than for the package, so that a
 # tool installed in another way counts too. Nothing missing: no call of apt-get.
 
+# What building web/ takes, beside its packages that npm installs.
+web_packages=(cmake ninja-build clang-14 lld-14 llvm-14 wasi-libc libc++-14-dev-wasm32 libc++abi-14-dev-wasm32
+    libclang-rt-14-dev-wasm32 nlohmann-json3-dev libcli11-dev nodejs npm)
+fuzz_packages=(cmake ninja-build clang libclang-rt-14-dev libcli11-dev nlohmann-json3-dev)
+
 has_package() {
     case "$1" in
         ninja-build) command -v ninja ;;
@@ -41,7 +46,7 @@ has_package() {
 install_missing() {
     local missing=() package as_root=()
     for package in "$@"; do
-        has_package "$package" || missing+=("$package")
+        [[ " ${missing[*]} " == *" $package "* ]] || has_package "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
