@@ -334,8 +334,8 @@ TEST_F(OddFiles, TemporaryFileIsGoneAfterEveryExit) {
 
 TEST_F(OddFiles, InterruptsRemoveTheTemporaryFile) {
     make_pipe(folder_, "pipe");
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGUSR1, SIGUSR2, SIGVTALRM, SIGPROF, SIGIO,
-                             SIGPWR, SIGSTKFLT, SIGRTMIN, SIGRTMAX}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGALRM, SIGXCPU, SIGUSR1, SIGUSR2,
+                             SIGVTALRM, SIGPROF, SIGIO, SIGPWR, SIGSTKFLT, SIGRTMIN, SIGRTMAX}) {
         SCOPED_TRACE(number);
         RunningProgram program(folder_, {"pipe", "out.sco"});
         const PipeEnd input(folder_, "pipe");

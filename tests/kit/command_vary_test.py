@@ -304,7 +304,8 @@ class Failing(VaryTest):
         self.write("piece.vorn", SCORE.replace("0 8 {", "0 -3000000 {"))
         program = pathlib.Path(VORNKIT).resolve()
         command = [str(program), "vary", "piece.vorn", "--count", "2", "--jobs", "1", "-o", "out"]
-        with subprocess.Popen(command, cwd=self.folder, stderr=subprocess.PIPE) as process:
+        surroundings = {**os.environ, "TMPDIR": str(self.folder)}  # what is killed leaves its temporary file
+        with subprocess.Popen(command, cwd=self.folder, stderr=subprocess.PIPE, env=surroundings) as process:
             child = self.first_child(process)
             os.kill(child, signal.SIGKILL)
             said = process.stderr.read().decode()

@@ -318,6 +318,15 @@ TEST_F(Includes, WhatIsNoRegularFileHasALimitedLength) {
     EXPECT_EQ(messages(), "\nERROR: A device or pipe has more than 100000000 characters.\n\n");
 }
 
+TEST_F(Includes, ADeviceWithoutAnEndHasALimitedLength) {
+    std::FILE* const in = std::fopen("/dev/zero", "r");
+    std::FILE* const out = std::fopen("/dev/null", "w");
+    EXPECT_EQ(vorn::parse_includes(in, out, count), 999);
+    EXPECT_EQ(messages(), "\nERROR: A device or pipe has more than 100000000 characters.\n\n");
+    std::fclose(in);
+    std::fclose(out);
+}
+
 TEST_F(Includes, ARegularFileMayHaveAnyLength) {
     folder.write("main", "");
     std::filesystem::resize_file("main", vorn::MAX_ENDLESS_LENGTH + 2);
