@@ -3,10 +3,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
 #include <string_view>
+#include <vector>
 
 #include "support/midi_dump.h"
 #include "support/run_case.h"
@@ -106,15 +108,64 @@ std::string score_problem(const std::string& bytes, const std::vector<int>& colu
     return {};
 }
 
+// How many events the messages tell of each block, blocks of rests alone left out.
+std::vector<std::uint64_t> told_events(const std::string& messages) {
+    static constexpr std::string_view WORDS = " events generated in block #";
+    std::vector<std::uint64_t> told;
+    for (std::size_t at = messages.find(WORDS); at != messages.npos; at = messages.find(WORDS, at + 1)) {
+        const std::size_t start = messages.rfind('\n', at) + 1;
+        told.push_back(std::strtoull(messages.c_str() + start, nullptr, 10));
+    }
+    std::erase(told, 0);
+    return told;
+}
+
+// The lines behind each block's heading.
+std::vector<std::uint64_t> written_events(const std::string& bytes) {
+    std::istringstream lines(bytes);
+    std::vector<std::uint64_t> written;
+    bool in_block = false;
+    for (std::string line; std::getline(lines, line);) {
+        const bool is_heading = line.starts_with(";I-block #");
+        in_block = is_heading || (in_block && line.starts_with('i'));
+        if (is_heading) written.push_back(0);
+        if (in_block && !is_heading) ++written.back();
+    }
+    std::erase(written, 0);
+    return written;
+}
+
+// Note-ons and note-offs of a file as text.
+std::vector<std::uint64_t> written_notes(const std::string& dump) {
+    std::uint64_t count = 0;
+    for (const std::string_view kind : {" on channel ", " off channel "}) {
+        for (std::size_t at = dump.find(kind); at != dump.npos; at = dump.find(kind, at + 1)) ++count;
+    }
+    return count == 0 ? std::vector<std::uint64_t>() : std::vector<std::uint64_t>{count};
+}
+
+// Chunks behind each other, each with the length that it names, up to the end.
+bool is_divided_in_chunks(std::string_view bytes) {
+    while (bytes.size() >= 8) {
+        std::size_t length = 0;
+        for (const char byte : bytes.substr(4, 4)) length = length << 8 | static_cast<unsigned char>(byte);
+        if (!bytes.starts_with("MT") || bytes.size() - 8 < length) return false;
+        bytes.remove_prefix(8 + length);
+    }
+    return bytes.empty();
+}
+
 // A note or velocity above 127 is the score's own wish: P4 is not limited, and of a
 // negative P5 the low eight bits are written.
-std::string midi_problem(const std::string& bytes) {
+std::string midi_problem(const std::string& bytes, const std::string& messages) {
+    if (!is_divided_in_chunks(bytes)) return "a MIDI file whose chunks are not whole";
     const std::string dump = test::midi_dump(bytes);
     const std::size_t malformed = dump.find("MALFORMED");
-    const bool is_wished = malformed != dump.npos && (dump.find(": velocity ", malformed) != dump.npos ||
-                                                      dump.find(": note ", malformed) != dump.npos);
-    return malformed == dump.npos || is_wished ? ""
-                                               : "a MIDI file that is not whole: " + dump.substr(malformed);
+    if (malformed == dump.npos)
+        return written_notes(dump) == told_events(messages) ? "" : "other notes than were told: " + dump;
+    const bool is_wished =
+        dump.find(": velocity ", malformed) != dump.npos || dump.find(": note ", malformed) != dump.npos;
+    return is_wished ? "" : "a MIDI file that is not whole: " + dump.substr(malformed);
 }
 
 bool is_midi(const DrawnScore& score) {
@@ -125,13 +176,16 @@ std::string output_problem(const DrawnScore& score, const RunResult& result) {
     const auto output = result.files.find("out");
     if (output == result.files.end()) return result.status == 0 ? "no output" : "";
     const std::string& bytes = output->second;
-    if (is_midi(score)) return result.status == 0 ? midi_problem(bytes) : "";
+    if (is_midi(score)) return result.status == 0 ? midi_problem(bytes, result.err) : "";
     if (result.status == 0 && bytes != "e\n" && !bytes.ends_with("\ne\n")) return "a score without its end";
     // Text of ">" could look like a block's.
     const std::string& text = score.inputs.at("in.vorn");
-    const bool could_deceive =
-        text.find("I-block") != std::string::npos || text.find(">i") != std::string::npos;
-    return could_deceive ? "" : score_problem(bytes, score.valid ? score.columns : std::vector<int>());
+    const bool could_deceive = text.find("I-block") != text.npos || text.find(">i") != text.npos ||
+                               text.find("events generated") != text.npos;
+    if (could_deceive) return "";
+    if (result.status == 0 && written_events(bytes) != told_events(result.err))
+        return "other events than were told: " + bytes;
+    return score_problem(bytes, score.valid ? score.columns : std::vector<int>());
 }
 
 std::string run_problem(const DrawnScore& score, const RunResult& first, const RunResult& second) {
