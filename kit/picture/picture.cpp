@@ -1,5 +1,7 @@
 #include "kit/picture/picture.h"
 
+#include <cmath>
+
 #include "kit/picture/legend.h"
 #include "kit/picture/marks.h"
 #include "kit/picture/svg_writer.h"
@@ -16,6 +18,7 @@ constexpr double TICK_LENGTH = 4;
 constexpr double NAME_GAP = 6;  // between values and plots
 constexpr double LINE_HEIGHT = 18;
 constexpr double ODD_SIZE = 5;
+constexpr double LEAST_KEY_HEIGHT = 3;  // of rows that the eye tells apart
 
 std::string move_to(double x, double y) {
     std::string path = "M";
@@ -135,21 +138,37 @@ void draw_names(SvgWriter& svg, const Layout& layout, const Plot& plot) {
     svg.text(MARGIN, is_one_line ? middle : name_y, "label ink", plot.name);
     if (!is_one_line) svg.text(MARGIN, name_y + 14, "label muted", plot.role);
     for (const Tick& tick : plot.ticks) {
-        svg.text(layout.time.begin - NAME_GAP, plot.top + tick.place + BASELINE, "label muted end",
-                 tick.label);
+        svg.text(layout.time.begin - NAME_GAP, plot.top + tick.place + BASELINE,
+                 tick.is_strong ? "label ink end" : "label muted end", tick.label);
     }
 }
 
-void draw_frame(SvgWriter& svg, const Layout& layout, const Plot& plot) {
-    draw_grid(svg, layout, plot.top, plot.height);
+// As on a keyboard, "cs", "ef", "fs", "af" and "bf" are darker, so that each row is known by its
+// neighbours; a line lies below each c. Where keys are too narrow for that, it goes through the named ones.
+void draw_keys(SvgWriter& svg, const Layout& layout, const Plot& plot, std::string& lines) {
     const double width = layout.time.end - layout.time.begin;
-    std::string path;
-    if (plot.kind == PlotKind::ROLL) {
+    const double key_height = plot.height / (plot.scale.high - plot.scale.low);
+    if (key_height < LEAST_KEY_HEIGHT) {
         for (const Tick& tick : plot.ticks)
-            path += horizontal(layout.time.begin, plot.top + tick.place, width);
+            lines += horizontal(layout.time.begin, plot.top + tick.place, width);
+        return;
     }
-    path += horizontal(layout.time.begin, plot.top + plot.height, width);
-    svg.path("grid", "", path);
+    std::string band;
+    const auto last = static_cast<std::int64_t>(std::floor(plot.scale.high));
+    for (auto key = static_cast<std::int64_t>(std::ceil(plot.scale.low)); key <= last; ++key) {
+        const double middle = plot.top + plot.scale(static_cast<double>(key));
+        if (!is_natural(key)) band += horizontal(layout.time.begin, middle, width);
+        if (key % 12 == 0) lines += horizontal(layout.time.begin, middle + key_height / 2, width);
+    }
+    if (!band.empty()) svg.path("band", attribute("stroke-width", key_height), band);
+}
+
+void draw_frame(SvgWriter& svg, const Layout& layout, const Plot& plot) {
+    std::string lines;
+    if (plot.kind == PlotKind::ROLL) draw_keys(svg, layout, plot, lines);
+    draw_grid(svg, layout, plot.top, plot.height);
+    lines += horizontal(layout.time.begin, plot.top + plot.height, layout.time.end - layout.time.begin);
+    svg.path("grid", "", lines);
 }
 
 void draw_marks(SvgWriter& svg, const PlotMarks& marks, const Panel& panel, const Plot& plot) {

@@ -14,15 +14,15 @@ namespace vorn::kit {
 
 namespace {
 
-constexpr double HEIGHT_OF_KEY = 6;
+constexpr double HEIGHT_OF_KEY = 7;
 constexpr double LOWEST_ROLL = 72;
-constexpr double HIGHEST_ROLL = 240;
+constexpr double HIGHEST_ROLL = 280;
 constexpr double FEWEST_KEYS = 6;  // of a roll, so that one note is no wall
 constexpr double STROKES_HEIGHT = 16;
 constexpr double LANE_HEIGHT = 48;
 constexpr double CONSTANT_HEIGHT = 16;
 constexpr double INSET = 6;  // of the extreme values from a lane's edges
-constexpr double KEY_LABEL_ROOM = 16;
+constexpr double KEY_LABEL_ROOM = 13;
 constexpr double LABEL_ROOM = 48;       // of a written value; a longer one is rounded
 constexpr double KEY_OF_LOWEST_C = 12;  // from semitones to keys
 

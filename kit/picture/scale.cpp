@@ -40,6 +40,35 @@ std::vector<double> multiples(const Scale& scale, double step) {
     return numbers;
 }
 
+constexpr std::int64_t OCTAVE = 12;
+
+std::size_t within_octave(std::int64_t key) {
+    return static_cast<std::size_t>((key % OCTAVE + OCTAVE) % OCTAVE);
+}
+
+// The keys of an octave that are named together: 1 for each, and how many lie between two of
+// them at least.
+struct NamedKeys {
+    const char* octave;
+    double distance;
+};
+
+constexpr NamedKeys NAMED_KEYS[] = {
+    {"111111111111", 1}, {"101010010100", 2}, {"100010010000", 3}, {"100000010000", 5}, {"100000000000", 12},
+};
+
+std::vector<Tick> named_keys(const Scale& scale, const char* octave) {
+    std::vector<Tick> ticks;
+    for (const double number : multiples(scale, 1)) {
+        const auto key = static_cast<std::int64_t>(number);
+        const bool is_c = within_octave(key) == 0;
+        if (octave[within_octave(key)] == '0') continue;
+        const bool has_octave = is_c || ticks.empty();
+        ticks.push_back({scale(number), has_octave ? key_name(number) : KEY_NAMES[within_octave(key)], is_c});
+    }
+    return ticks;
+}
+
 double pixels_per_unit(const Scale& scale) {
     return std::fabs(scale.end - scale.begin) / (scale.high - scale.low);
 }
@@ -86,6 +115,8 @@ std::string time_label(double seconds, double step, bool in_minutes) {
     return std::to_string(whole / 60) + (rest.size() < 2 ? ":0" : ":") + rest;
 }
 
+bool is_natural(std::int64_t key) { return KEY_NAMES[within_octave(key)][1] == 0; }
+
 std::string key_name(double key) {
     const double nearest = std::round(key);
     const double octave = std::floor(nearest / 12);
@@ -95,11 +126,14 @@ std::string key_name(double key) {
 
 std::vector<Tick> key_ticks(const Scale& scale, double least) {
     const double least_keys = least / pixels_per_unit(scale);
-    double step = first_of({1, 2, 3, 6, 12, 24, 36, 60, 120}, least_keys);
-    if (step == 0) step = round_step(least_keys / 12) * 12;
+    for (const NamedKeys& named : NAMED_KEYS) {
+        if (named.distance >= least_keys) return named_keys(scale, named.octave);
+    }
+    double step = first_of({24, 36, 60, 120}, least_keys);
+    if (step == 0) step = round_step(least_keys / OCTAVE) * OCTAVE;
     std::vector<Tick> ticks;
     for (const double number : multiples(scale, step)) {
-        ticks.push_back({scale(number * step), key_name(number * step)});
+        ticks.push_back({scale(number * step), key_name(number * step), true});
     }
     return ticks;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@ struct Scale {
 struct Tick {
     double place = 0;
     std::string label;
+    bool is_strong = false;  // one to begin with, where there are many
 };
 
 // The smallest round number that is no less: 1, 2 or 5 times a power of ten.
@@ -44,7 +46,11 @@ struct Tick {
 // The name of the nearest key: "c4" for 60, "fs3", "bf5".
 [[nodiscard]] std::string key_name(double key);
 
-// Keys to name on a scale that has at least `least` pixels for each name.
+// Whether it is one of the seven between which the others lie: "c", and not "cs".
+[[nodiscard]] bool is_natural(std::int64_t key);
+
+// Keys to name on a scale that has at least `least` pixels for each name. The octave stands with
+// each c and with the lowest, as in a score: "g3 a c4 d e".
 [[nodiscard]] std::vector<Tick> key_ticks(const Scale& scale, double least);
 
 // Ticks of a scale of seconds, `least` pixels apart at least.

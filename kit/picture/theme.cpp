@@ -16,12 +16,14 @@ const Tones LIGHT_TONES = {0xffffff,
                            0x1a1a1a,
                            0x5c5f66,
                            0xdcdfe4,
+                           0xf2f3f6,
                            {0x0053b1, 0x9a4300, 0x006138, 0x853f73, 0x000000},
                            {0x1b92e2, 0xf06700, 0x129e68, 0xcf76b5, 0x8c8c8c}};
 const Tones DARK_TONES = {0x14161a,
                           0xf0f1f3,
                           0xa3a8b0,
                           0x33373e,
+                          0x1e2127,
                           {0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442},
                           {0x4181a7, 0xa37308, 0x067257, 0x91597a, 0xaaa235}};
 
@@ -60,6 +62,7 @@ std::string hex(std::uint32_t color) {
 std::string tone_rules(const Tones& tones) {
     std::string rules = rule(".paper", "fill", hex(tones.paper)) + rule(".ink", "fill", hex(tones.ink)) +
                         rule(".muted", "fill", hex(tones.muted)) + rule(".grid", "stroke", hex(tones.grid)) +
+                        rule(".band", "stroke", hex(tones.band)) +
                         rule(".border", "stroke", hex(tones.muted)) + rule(".odd", "stroke", hex(tones.ink));
     for (int color = 0; color < COLOR_COUNT; ++color) {
         for (int shade = 0; shade < SHADE_COUNT; ++shade) {

@@ -28,6 +28,7 @@ struct Tones {
     std::uint32_t ink;
     std::uint32_t muted;
     std::uint32_t grid;
+    std::uint32_t band;                      // of the keys that are not natural, behind the grid
     std::uint32_t instruments[COLOR_COUNT];  // the fullest shade of each
     std::uint32_t faint[COLOR_COUNT];        // the lowest
 };

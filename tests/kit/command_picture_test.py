@@ -58,6 +58,17 @@ class PictureCommand(CommandTest):
         self.assertEqual(first.get("aria-label"), "Instrument 1: 3 events, 1 rest")
         self.assertEqual(self.groups(first, "lane")[0].get("aria-label"), "P4, level, from 60 to 70")
 
+    def test_every_pitch_has_a_row_of_a_keyboard(self):
+        self.write("a.vorn", "i1 = 4 0 -8 {\np2 1\np3 1\np4 no d4 e g a c5 a4 g e\n}\n")
+        tree = ElementTree.fromstring(self.vornkit("picture", "a.vorn", "-o", "-").stdout)
+        roll, = self.groups(tree, "roll")
+        self.assertEqual(self.texts(roll)[2:], ["d4", "e", "g", "a", "c5"])  # behind "P4" and "pitch"
+        band, = [path for path in roll.iter(SVG + "path") if path.get("class") == "band"]
+        self.assertEqual(band.get("d").count("M"), 4)  # ef, fs, af and bf; cs would be a row more
+        # Its lines are as wide as the rows are apart: nothing between c and d is of neither.
+        rows = {text.text: float(text.get("y")) for text in roll.iter(SVG + "text")}
+        self.assertAlmostEqual(float(band.get("stroke-width")), (rows["d4"] - rows["c5"]) / 10, places=1)
+
     def test_it_can_be_read_without_being_seen(self):
         tree = self.tree("--title", "A & B")
         self.assertEqual(tree.get("role"), "img")
@@ -70,7 +81,7 @@ class PictureCommand(CommandTest):
         self.assertIn("P6, 0.5 throughout", description)
 
     def test_the_range_that_is_told_is_that_of_the_events(self):
-        # Not that of the axis, whose names of keys are round: here c, ef and fs.
+        # Not that of the axis, which may have room for names beyond it.
         self.write("a.vorn", "i1 = 4 0 -5 {\np2 1\np3 1\np4 no c4 d e f g\n}\n")
         self.assertIn("P4, pitch, from c4 to g4", self.vornkit("picture", "a.vorn", "-o", "-").stdout)
 

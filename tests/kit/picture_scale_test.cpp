@@ -71,9 +71,27 @@ TEST(Keys, AreNamedAsScoresNameThem) {
     EXPECT_EQ(key_name(-1), "b-2");
 }
 
+TEST(Keys, HaveTheOctaveWhereItBegins) {
+    EXPECT_EQ(labels(key_ticks({55, 62, 80, 0}, 16)), (Texts{"g3", "a", "c4", "d"}));
+    EXPECT_EQ(labels(key_ticks({-5, 2, 80, 0}, 16)), (Texts{"g-2", "a", "c-1", "d"}));
+    const std::vector<Tick> ticks = key_ticks({55, 62, 80, 0}, 16);
+    EXPECT_FALSE(ticks[0].is_strong);
+    EXPECT_TRUE(ticks[2].is_strong);
+}
+
+TEST(Keys, AreNaturalOrNot) {
+    std::string octave;
+    for (std::int64_t key = -12; key < 0; ++key) octave += is_natural(key) ? "w" : "b";
+    EXPECT_EQ(octave, "wbwbwwbwbwbw");  // as on a keyboard from c on
+}
+
 TEST(Keys, LeaveRoomBetweenTheirNames) {
-    EXPECT_EQ(labels(key_ticks({60, 64, 80, 0}, 16)), (Texts{"c4", "cs4", "d4", "ef4", "e4"}));
-    EXPECT_EQ(labels(key_ticks({48, 84, 108, 0}, 16)), (Texts{"c3", "fs3", "c4", "fs4", "c5", "fs5", "c6"}));
+    EXPECT_EQ(labels(key_ticks({60, 64, 80, 0}, 16)), (Texts{"c4", "cs", "d", "ef", "e"}));
+    EXPECT_EQ(labels(key_ticks({60, 72, 96, 0}, 16)), (Texts{"c4", "d", "e", "g", "a", "c5"}));
+    EXPECT_EQ(labels(key_ticks({60, 72, 72, 0}, 16)), (Texts{"c4", "e", "g", "c5"}));
+    EXPECT_EQ(labels(key_ticks({48, 72, 96, 0}, 16)), (Texts{"c3", "g", "c4", "g", "c5"}));
+    EXPECT_EQ(labels(key_ticks({48, 84, 108, 0}, 16)), (Texts{"c3", "c4", "c5", "c6"}));
+    EXPECT_EQ(labels(key_ticks({48, 84, 36, 0}, 16)), (Texts{"c3", "c5"}));
     const std::vector<Tick> wide = key_ticks({-1000, 100000, 240, 0}, 16);
     EXPECT_GE(wide.size(), 2U);
     EXPECT_LE(wide.size(), 16U);

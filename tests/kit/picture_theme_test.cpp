@@ -83,6 +83,16 @@ TEST_P(Tones, FaintShadesStandOutToo) {
     }
 }
 
+// Behind the events lie the rows of a keyboard.
+TEST_P(Tones, ABandIsSeenAndHidesNothing) {
+    const kit::Tones& tones = *GetParam();
+    EXPECT_GE(contrast(tones.band, tones.paper), 1.08);
+    EXPECT_LT(contrast(tones.band, tones.paper), contrast(tones.grid, tones.paper));
+    for (int color = 0; color < COLOR_COUNT; ++color) {
+        EXPECT_GE(contrast(shade_color(tones, color, 0), tones.band), 2.7) << color;
+    }
+}
+
 TEST_P(Tones, AreDistinctForEveryVision) {
     const kit::Tones& tones = *GetParam();
     for (const Matrix& vision : {NORMAL, PROTANOPIA, DEUTERANOPIA, TRITANOPIA}) {
