@@ -1,6 +1,7 @@
 """The commands of the tutorial and the recipes do what their page says: each block marked
 "sh" is run, line by line, where the scores of the page lie, and what a block marked
-"text" behind it shows is what they print. Instead of playing, sounds are written and measured."""
+"text" behind it shows is what they print. Instead of playing, sounds are written and measured.
+So are the commands that other pages for composers show as indented lines, with a piece prepared."""
 import os
 import pathlib
 import re
@@ -20,6 +21,9 @@ FOLDERS = {page: DOCS / "tutorial" / "scores" for page in (DOCS / "tutorial").gl
 FOLDERS |= {page: DOCS / "recipes" for page in DOCS.glob("recipes.md")}
 PLAY = re.compile(r"^vornkit play (?!.*--wav)", re.MULTILINE)
 PLAYED = re.compile(r": ([\d.]+) s, peak (-?[\d.]+) dB$", re.MULTILINE)
+OTHERS = [ROOT / "README.md", ROOT / "examples" / "README.md", *sorted(DOCS.glob("*.md"))]
+COMMAND = re.compile(r"^    (?!.*(?:[\[<]|path/to))((?:vornkit|vorn|csound|snakemake) .*)$", re.MULTILINE)
+FEWER = re.compile(r"(?<=--count )\d+0\b")  # than the page has, of the same
 STOPS = re.compile(r"^vornkit watch ", re.MULTILINE)  # runs until it is ended
 
 
@@ -32,7 +36,7 @@ class DocumentCommands(CommandTest):
 
     def run_block(self, text, folder):
         command = PLAY.sub("vornkit play --wav played.wav ", STOPS.sub("timeout -s INT 3 vornkit watch ", text))
-        done = self.run_program("bash", "-e", "-c", f"cd {folder.name}\n{command}", env=self.environment)
+        done = self.run_program("bash", "-e", "-c", f"cd {folder}\n{command}", env=self.environment)
         return done.returncode, (done.stdout + done.stderr).decode()
 
     def page_problems(self, page, source):
@@ -54,6 +58,28 @@ class DocumentCommands(CommandTest):
         for page, source in sorted(FOLDERS.items()):
             with self.subTest(page=page.name):
                 self.assertEqual(self.page_problems(page, source), [])
+
+    def prepare(self):
+        """A piece by the names that pages give it, with what they say that it has, and what is shipped."""
+        names = "#const TEMPO 90\n#const LOUDNESS .5\nte(~TEMPO)\nrs(1)\n"
+        self.write("piece.vorn", names + "i1 = 5 0 4 {\np2 .5\np3 1\np4(hz) no se(T 1 [c4 d e])\np5 ~LOUDNESS\n}\n")
+        self.write("piece.orc", "sr = 44100\nksmps = 32\n0dbfs = 1\ninstr 1\na1 poscil p5, p4\nout a1\nendin\n")
+        orchestra, score = ((self.folder / name).read_text() for name in ("piece.orc", "piece.vorn"))
+        self.write("piece.csd", f"<CsoundSynthesizer>\n<CsInstruments>\n{orchestra}</CsInstruments>\n"
+                   f"<CsScore bin=\"vorn -s\">\n{score}</CsScore>\n</CsoundSynthesizer>\n")
+        shutil.copy(self.folder / "piece.vorn", self.folder / "arpeggio.vorn")
+        for name in ("docs", "examples"):
+            (self.folder / name).symlink_to(ROOT / name)
+
+    def test_commands_of_other_pages_run(self):
+        shown = [(page, FEWER.sub("4", command)) for page in OTHERS for command in COMMAND.findall(page.read_text())]
+        self.assertGreater(len(shown), 20)
+        self.prepare()
+        for page, command in shown:
+            with self.subTest(page=page.name, command=command):
+                command = re.sub(r"^csound (?!.*-[no] )", "csound -o played.wav ", command.split(" && ")[0])
+                status, printed = self.run_block(command, self.folder)
+                self.assertEqual(status, 0, printed)
 
     def test_the_piece_of_the_last_lesson_is_one_to_hear(self):
         for name in ("lanterns.vorn", "lanterns.orc"):
