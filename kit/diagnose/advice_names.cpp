@@ -23,6 +23,7 @@ std::string_view name_of(const Adviser& adviser) {
 template <typename Records>
 std::vector<std::string> names_of(const Records& records) {
     std::vector<std::string> names;
+    names.reserve(records.size());
     for (const auto& record : records) names.push_back(record.name);
     return names;
 }

@@ -9,7 +9,7 @@ namespace {
 std::string quoted(const std::string& field) {
     if (field.find_first_of(",\"\r\n") == std::string::npos) return field;
     std::string text = "\"";
-    for (const char c : field) text += c == '"' ? "\"\"" : std::string(1, c);
+    for (const char c : field) text.append(c == '"' ? 2 : 1, c);
     return text + "\"";
 }
 
