@@ -42,11 +42,13 @@ class Vornkit(CommandTest):
                 self.assertEqual(done.stderr, f'vornkit: cannot read "{name}": {reason}\n', command)
         self.assertEqual(self.files(), ["folder/x"])
 
-    def test_a_score_that_is_refused_unread_has_a_reason(self):
-        for arguments in (("check", "/dev/null"), ("events", "/dev/null"), ("midi", "/dev/null", "x.mid")):
+    def test_the_file_of_nothing_is_an_empty_score(self):
+        for arguments in (("check", "/dev/null"), ("events", "/dev/null"), ("picture", "/dev/null", "-o", "x.svg"),
+                          ("midi", "--quiet", "/dev/null", "x.mid")):
             done = self.vornkit(*arguments)
-            self.assertEqual((done.returncode, done.stdout, self.files()), (2, "", []), arguments)
-            self.assertIn("use a filename multiple times", done.stderr, arguments)
+            self.assertEqual(done.returncode, 0, arguments)
+            self.assertNotIn("filename", done.stdout + done.stderr, arguments)
+        self.assertEqual(self.files(), ["x.mid", "x.svg"])
 
     def test_a_score_may_come_through_a_pipe(self):
         done = self.run_program("bash", "-c", 'cat <<<"oops" | "$0" check /dev/stdin', pathlib.Path(VORNKIT).resolve())
