@@ -272,6 +272,8 @@ TEST(Observer, TellsOfARefusedIncludeWhereItsDirectiveStands) {
     ASSERT_EQ(recorder.messages.size(), 1U);
     EXPECT_EQ(recorder.messages[0].text, "\nBad include file name: \"none\"\n\n");
     EXPECT_EQ(recorder.messages[0].told.directive_offset, 5);
+    EXPECT_EQ(recorder.messages[0].told.place.line, 0U);
+    EXPECT_EQ(recorder.messages[0].told.place.pos, 0);
 }
 
 TEST(Observer, TellsOfABlockItsStatementsAndWhatSetsThem) {
