@@ -13,7 +13,7 @@ import unittest
 
 import jsonschema
 
-from vornkit import VORNKIT, CommandTest
+from vornkit import VORNKIT, CommandTest, shown_on
 
 ROOT = pathlib.Path.cwd()
 SCHEMA = json.loads((ROOT / "kit/schema/events.schema.json").read_text())
@@ -241,7 +241,7 @@ class EventsCommand(CommandTest):
             os.close(other_end)
             time.sleep(1.6)  # the score does not come
             output, _ = running.communicate(SCORE.encode(), timeout=60)
-        said = os.read(terminal, 10000).decode()
+        said = shown_on(terminal).decode()
         os.close(terminal)
         self.assertIn("reading -, 1 s", said)
         self.assertTrue(said.endswith("\r\x1b[K"), said)

@@ -9,7 +9,7 @@ import subprocess
 import sys
 import unittest
 
-from vornkit import VORNKIT, CommandTest
+from vornkit import VORNKIT, CommandTest, shown_on
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 from sound import Sound  # noqa: E402
@@ -59,7 +59,7 @@ class NewCommand(CommandTest):
         done = subprocess.run([pathlib.Path(VORNKIT).resolve(), "new", *arguments], cwd=self.folder, stdout=other,
                               check=False)
         os.close(other)
-        told = os.read(main, 10_000).decode().replace("\r\n", "\n")
+        told = shown_on(main).decode().replace("\r\n", "\n")
         os.close(main)
         self.assertEqual(done.returncode, 0)
         return told

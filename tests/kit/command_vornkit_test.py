@@ -7,7 +7,7 @@ import subprocess
 import time
 import unittest
 
-from vornkit import VORNKIT, CommandTest
+from vornkit import VORNKIT, CommandTest, shown_on
 
 SUBCOMMANDS = ("check", "explain", "events", "midi", "picture", "play", "watch", "vary", "new")
 
@@ -71,7 +71,7 @@ class Vornkit(CommandTest):
                               stdout=subprocess.DEVNULL, env=environment, check=False, timeout=120)
         os.close(below)
         self.addCleanup(os.close, above)
-        return done.returncode, os.read(above, 65536)
+        return done.returncode, shown_on(above)
 
     def test_a_terminal_gets_no_control_characters_of_names(self):
         self.assertEqual(self.on_a_terminal("events", "a\x1b[31mb"),

@@ -1,4 +1,5 @@
 """What tests of the command share: running it in a folder of their own."""
+import contextlib
 import os
 import pathlib
 import signal
@@ -12,6 +13,15 @@ VORNKIT = os.environ.get("VORNKIT_PROGRAM", "build/dev/vornkit")
 signal.signal(signal.SIGINT, signal.default_int_handler)
 for number in (signal.SIGQUIT, signal.SIGHUP):
     signal.signal(number, signal.SIG_DFL)
+
+
+def shown_on(terminal):
+    """All bytes that programs which have ended wrote to it: it hands them on line by line."""
+    shown = b""
+    with contextlib.suppress(OSError):  # its other end is closed
+        while part := os.read(terminal, 65536):
+            shown += part
+    return shown
 
 
 class CommandTest(unittest.TestCase):
