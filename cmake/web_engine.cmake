@@ -1,20 +1,37 @@
 # The engine as a module for pages and Node: web/vorn-wasm/ calls its exports. A page
 # loads the small one first, which compiles and checks, and the whole one when it wants more.
+# What travels is made small; the benchmark of web/vorn-wasm shows what that costs.
 file(GLOB web_engine_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/web/vorn-wasm/engine/*.cpp)
 set(small_engine_sources ${web_engine_sources})
 list(FILTER web_engine_sources EXCLUDE REGEX "/no_further_outputs\\.cpp$")
 list(FILTER small_engine_sources EXCLUDE REGEX "/(further_outputs|text_exports)\\.cpp$")
+# The tables whose texts the small one goes without, and all that reads them: found here, the
+# linker does not look for them in the library.
+file(GLOB tables_with_further_texts CONFIGURE_DEPENDS kit/diagnose/*_explanations.cpp
+    kit/diagnose/explanation.cpp kit/diagnose/advice.cpp kit/language/*words.cpp)
 add_executable(vorn_engine ${web_engine_sources})
-add_executable(vorn_small_engine ${small_engine_sources})
+add_executable(vorn_small_engine ${small_engine_sources} ${tables_with_further_texts})
+target_compile_definitions(vorn_small_engine PRIVATE VORN_WITHOUT_FURTHER_TEXTS JSON_NOEXCEPTION
+    JSON_HAS_FILESYSTEM=0 JSON_HAS_EXPERIMENTAL_FILESYSTEM=0)
+target_link_libraries(vorn_small_engine PRIVATE nlohmann_json::nlohmann_json)
+
+target_compile_options(vorn_flags INTERFACE -flto)
+target_compile_options(vorn_core PRIVATE -Oz)
+target_compile_options(vorn_kit PRIVATE -fno-rtti -Oz)
+find_program(WASM_OPT wasm-opt)  # Debian: binaryen
+if(NOT WASM_OPT)
+    message(STATUS "Without wasm-opt (binaryen) the modules for pages are larger and slower")
+endif()
 foreach(engine vorn_engine vorn_small_engine)
     target_link_libraries(${engine} PRIVATE vorn_kit)
     target_compile_options(${engine} PRIVATE -fno-exceptions -fno-rtti -Oz)
-    # It stays and is called. A score that asks for more than a gibibyte is refused. Where wasm-opt
-    # is installed, the compiler lets it work on what is linked: for size, too.
-    target_link_options(${engine} PRIVATE -mexec-model=reactor -Oz
-        -Wl,--max-memory=1073741824 -Wl,--strip-all -Wl,-O2)
+    # It stays and is called. A score that asks for more than a gibibyte is refused.
+    target_link_options(${engine} PRIVATE -mexec-model=reactor
+        -Wl,--max-memory=1073741824 -Wl,--strip-all -Wl,-O2 -Wl,--lto-O2)
+    # The last bytes of the stack, which lies first, hold nothing: who comes there is about to run over.
+    if(WASM_OPT)
+        add_custom_command(TARGET ${engine} POST_BUILD VERBATIM
+            COMMAND ${WASM_OPT} --enable-bulk-memory --enable-sign-ext --low-memory-unused -O3 -O3
+                --strip-producers $<TARGET_FILE:${engine}> -o $<TARGET_FILE:${engine}>)
+    endif()
 endforeach()
-
-# What travels is made small; the benchmark of web/vorn-wasm shows what that costs.
-target_compile_options(vorn_core PRIVATE -Os)
-target_compile_options(vorn_kit PRIVATE -Oz)

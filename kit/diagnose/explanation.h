@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "kit/language/further_text.h"
+
 // What is told of a code to who wants to know more than its message says: why it
 // occurs, a score in which it does, what to write instead.
 //
@@ -17,13 +19,13 @@
 namespace vorn::kit {
 
 struct Explanation {
-    std::string_view code;             // "E27", "W10", "Einclude", "L1"
-    std::string_view title = {};       // empty: the engine's words for the number
-    std::string_view cause;            // what is wrong and what probably happened
-    std::string_view cure;             // what to write; empty for a reserved number
-    std::string_view score = {};       // a score that provokes the code; empty: none can, see `unprovoked`
-    std::string_view cured = {};       // the same score without the mistake; may be empty
-    std::string_view unprovoked = {};  // why no score shows it
+    std::string_view code;        // "E27", "W10", "Einclude", "L1"
+    FurtherText title = {};       // empty: the engine's words for the number
+    FurtherText cause;            // what is wrong and what probably happened
+    std::string_view cure;        // what to write; empty for a reserved number
+    FurtherText score = {};       // a score that provokes the code; empty: none can, see `unprovoked`
+    FurtherText cured = {};       // the same score without the mistake; may be empty
+    FurtherText unprovoked = {};  // why no score shows it
 };
 
 using ExplanationTable = std::span<const Explanation>;

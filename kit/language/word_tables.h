@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "kit/language/further_text.h"
 #include "kit/language/word.h"
 
 // The tables that all_words is made from.
@@ -12,10 +13,10 @@ namespace vorn::kit {
 // A word of two letters, whose name the engine knows by its code.
 struct CommandRow {
     WordKind kind;
-    int code;               // src/blocks/command_codes.h
-    std::string_view form;  // what follows the name
-    std::string_view text;
-    std::string_view example;
+    int code;          // src/blocks/command_codes.h
+    FurtherText form;  // what follows the name
+    FurtherText text;
+    FurtherText example;
     std::string_view digits = {};
 };
 
@@ -23,9 +24,9 @@ struct CommandRow {
 struct WordRow {
     WordKind kind;
     std::string_view word;
-    std::string_view signature;
-    std::string_view text;
-    std::string_view example;
+    FurtherText signature;
+    FurtherText text;
+    FurtherText example;
     bool any_case = false;
 };
 

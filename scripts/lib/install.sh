@@ -3,7 +3,7 @@
 # tool installed in another way counts too. Nothing missing: no call of apt-get.
 
 # What building web/ takes, beside its packages that npm installs.
-web_packages=(cmake ninja-build clang-14 lld-14 llvm-14 wasi-libc libc++-14-dev-wasm32 libc++abi-14-dev-wasm32
+web_packages=(cmake ninja-build clang-14 lld-14 llvm-14 binaryen wasi-libc libc++-14-dev-wasm32 libc++abi-14-dev-wasm32
     libclang-rt-14-dev-wasm32 nlohmann-json3-dev libcli11-dev nodejs npm)
 fuzz_packages=(cmake ninja-build clang libclang-rt-14-dev libcli11-dev nlohmann-json3-dev)
 
@@ -20,6 +20,7 @@ has_package() {
         wine64) [ -x /usr/lib/wine/wine64 ] ;;
         g++-mingw-w64-x86-64-posix) command -v x86_64-w64-mingw32-g++-posix ;;
         qemu-user) command -v qemu-s390x ;;
+        binaryen) command -v wasm-opt ;;
         wasi-libc) [ -e /usr/lib/wasm32-wasi/libc.a ] ;;
         libc++-14-dev-wasm32) [ -e /usr/lib/wasm32-wasi/libc++.a ] ;;
         libc++abi-14-dev-wasm32) [ -e /usr/lib/wasm32-wasi/libc++abi.a ] ;;

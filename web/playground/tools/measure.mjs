@@ -5,7 +5,7 @@ import { once } from 'node:events';
 import { readFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { brotliCompressSync } from 'node:zlib';
+import { gzipSync } from 'node:zlib';
 import { chromium } from '@playwright/test';
 
 const here = dirname(dirname(fileURLToPath(import.meta.url)));
@@ -23,26 +23,19 @@ function tell(what, value, limit, unit) {
 const median = (values) => [...values].sort((a, b) => a - b)[values.length >> 1];
 
 function compressedKilobytes(names) {
-    return (
-        names.reduce((sum, name) => sum + brotliCompressSync(readFileSync(join(dist, name))).length, 0) / 1000
-    );
+    return names.reduce((sum, name) => sum + gzipSync(readFileSync(join(dist, name))).length, 0) / 1000;
 }
 
 // What is fetched before sound, the manual or the examples are asked for.
 function measureSizes(fetched) {
     tell(
-        'engine, compressed (brotli)',
+        'engine, compressed (gzip)',
         compressedKilobytes([...new Set(fetched)].filter((name) => /vorn.*\.wasm$/.test(name))),
         150,
         'kB',
     );
     const first = [...new Set(fetched)].filter((name) => name !== '');
-    tell(
-        'page without Csound, compressed (brotli)',
-        compressedKilobytes(['index.html', ...first]),
-        500,
-        'kB',
-    );
+    tell('page without Csound, compressed (gzip)', compressedKilobytes(['index.html', ...first]), 500, 'kB');
 }
 
 const many = `i1 = 7, 0, -100000 {

@@ -17,7 +17,7 @@ function sizeOf(name) {
         `brotli ${brotli.toFixed(1)}`,
     ];
     console.log(`${name}: ${sizes.join(', ')}`);
-    return brotli;
+    return gzip;
 }
 
 const small = sizeOf('vorn-small.wasm');

@@ -1,28 +1,12 @@
 #include "web/vorn-wasm/engine/answer.h"
 
 #include "blocks/commands.h"
-#include "kit/diagnose/json_form.h"
 #include "kit/vary/variation.h"
-#include "web/vorn-wasm/engine/json_text.h"
-
-// Places are [file, first byte, byte behind, line, character, end line, end character],
-// the file as an index into the files of the run; null where there is none.
+#include "web/vorn-wasm/engine/diagnostics_answer.h"
 
 namespace vorn::web {
 
 namespace {
-
-void add_place(JsonText& json, std::string_view name, const kit::FileSpan& span, const kit::SourceMap& map) {
-    json.key(name);
-    if (span.file < 0) {
-        json.raw("null");
-        return;
-    }
-    const kit::TextPlace begin = map.text_place(span);
-    const kit::TextPlace end = map.text_place({span.file, span.end, span.end});
-    json.open('[').count(static_cast<std::uint64_t>(span.file)).count(span.begin).count(span.end);
-    json.count(begin.line).count(begin.character).count(end.line).count(end.character).close(']');
-}
 
 template <typename Role>
 void add_role(JsonText& json, std::string_view name, const Role& role) {
@@ -159,7 +143,7 @@ std::string compilation_answer(const Compilation& compilation) {
     add_texts(json, compilation);
     add_files(json, run.map);
     json.key("missing").texts(run.tried_includes);
-    json.key("diagnostics").raw(kit::json_diagnostics(compilation.diagnostics, run.map));
+    add_diagnostics(json, compilation.diagnostics, run.map);
     add_blocks(json, compilation);
     add_tempo(json, compilation.tempo);
     add_constants(json, run);
@@ -178,7 +162,8 @@ std::string command_answer(const SaidTexts& said) {
 
 std::string performance_answer(const kit::PerformanceReport& report, const kit::SourceMap& map) {
     JsonText json;
-    json.open('{').key("diagnostics").raw(kit::json_diagnostics(report.diagnostics, map));
+    json.open('{');
+    add_diagnostics(json, report.diagnostics, map);
     json.key("otherLines").texts(report.other_lines);
     json.key("hasStarted").flag(report.has_started).key("hasEnded").flag(report.has_ended);
     json.key("peak").number(report.peak).key("clipped").count(report.clipped).close('}');

@@ -9,7 +9,8 @@
 
 // A text of JSON, written from beginning to end. Commas are put where they belong; whether
 // brackets match is the writer's business. Bytes that are no UTF-8 pass as they are: who decodes
-// the text replaces them. A library's tree of values would be a quarter of the module.
+// the text replaces them. A library's tree of values would be a quarter of the module, and so would
+// these routines be if they stood in each of the hundred places that call them.
 //
 //     json.open('{').key("size").number(3).close('}')     ->     {"size":3}
 
@@ -17,34 +18,11 @@ namespace vorn::web {
 
 class JsonText {
 public:
-    JsonText& open(char bracket) {
-        separate();
-        bytes_ += bracket;
-        is_first_ = true;
-        return *this;
-    }
-    JsonText& close(char bracket) {
-        bytes_ += bracket;
-        is_first_ = false;
-        return *this;
-    }
-    JsonText& key(std::string_view name) {
-        separate();
-        quote(name);
-        bytes_ += ':';
-        is_first_ = true;  // no comma before its value
-        return *this;
-    }
-    JsonText& raw(std::string_view json) {
-        separate();
-        bytes_ += json;
-        return *this;
-    }
-    JsonText& text(std::string_view text) {
-        separate();
-        quote(text);
-        return *this;
-    }
+    JsonText& open(char bracket);
+    JsonText& close(char bracket);
+    JsonText& key(std::string_view name);
+    JsonText& raw(std::string_view json);
+    JsonText& text(std::string_view text);
     JsonText& number(double value);  // null where it is not finite
     JsonText& count(std::uint64_t value) { return raw(std::to_string(value)); }
     JsonText& flag(bool value) { return raw(value ? "true" : "false"); }
@@ -60,10 +38,7 @@ public:
     std::string take() { return std::move(bytes_); }
 
 private:
-    void separate() {
-        if (!is_first_) bytes_ += ',';
-        is_first_ = false;
-    }
+    void separate();
     void quote(std::string_view text);
 
     std::string bytes_;

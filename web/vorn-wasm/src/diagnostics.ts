@@ -1,6 +1,6 @@
-import type { EnginePlace, KitDiagnostic, KitExcerpt, KitPlace } from './engine_answer.js';
+import type { EngineDiagnostic, EngineExcerpt, EnginePlace } from './engine_answer.js';
 import { Offsets } from './offsets.js';
-import type { Diagnostic, Excerpt, Fix, Place } from './types.js';
+import type { Call, Diagnostic, Excerpt, Fix, Place, Severity } from './types.js';
 
 // Places and diagnostics as pages want them, counted as strings count.
 
@@ -16,22 +16,8 @@ export class Places {
         const file = place === null ? undefined : this.files[place[0]]?.name;
         if (place === null || file === undefined) return null;
         const [, begin, end, line, column, endLine, endColumn] = place;
-        return this.make(file, begin, end, { line, column, endLine, endColumn });
-    }
-
-    ofKit(place: KitPlace): Place {
-        const { line, column, end_line: endLine, end_column: endColumn } = place;
-        return this.make(place.file, place.offset, place.end_offset, { line, column, endLine, endColumn });
-    }
-
-    private make(
-        file: string,
-        begin: number,
-        end: number,
-        lines: Omit<Place, 'file' | 'from' | 'to'>,
-    ): Place {
         const offsets = this.offsetsOf(file);
-        return { file, ...lines, from: offsets.at(begin), to: offsets.at(end) };
+        return { file, line, column, endLine, endColumn, from: offsets.at(begin), to: offsets.at(end) };
     }
 
     private offsetsOf(file: string): Offsets {
@@ -44,14 +30,27 @@ export class Places {
     }
 }
 
-function excerpt(shown: KitExcerpt): Excerpt {
-    return { text: shown.text, column: shown.column, endColumn: shown.end_column };
+// In the order of the engine's own (kit/diagnose/diagnostic.h, src/input/observer.h).
+const LEVELS: readonly Severity[] = ['error', 'warning', 'lint'];
+const KINDS: readonly Call['kind'][] = ['macro', 'constant', 'equation', 'time'];
+
+function excerpt([text, column, endColumn]: EngineExcerpt): Excerpt {
+    return { text, column, endColumn };
 }
 
-function fixOf(diagnostic: KitDiagnostic, places: Places): Fix | null {
-    if (diagnostic.fix === null) return null;
-    const { title, replacement } = diagnostic.fix;
-    return { title, edits: [{ place: places.ofKit(diagnostic.fix), replacement }] };
+function expansionOf(expansion: EngineDiagnostic['expansion'], places: Places): Diagnostic['expansion'] {
+    if (expansion === null) return null;
+    const calls = expansion.calls.map(({ kind, name, place }) => ({
+        kind: KINDS[kind] as Call['kind'],
+        name,
+        place: places.ofEngine(place),
+    }));
+    return { ...expansion, line: excerpt(expansion.line), calls };
+}
+
+function fixOf(fix: EngineDiagnostic['fix'], places: Places): Fix | null {
+    const place = fix && places.ofEngine(fix.place);
+    return place && { title: fix.title, edits: [{ place, replacement: fix.replacement }] };
 }
 
 function numberIn(code: string): number | null {
@@ -59,24 +58,18 @@ function numberIn(code: string): number | null {
     return digits === null ? null : Number(digits[0]);
 }
 
-export function diagnosticOf(kit: KitDiagnostic, places: Places): Diagnostic {
-    const place = (found: KitPlace | null): Place | null => (found === null ? null : places.ofKit(found));
+export function diagnosticOf(found: EngineDiagnostic, places: Places): Diagnostic {
     return {
-        severity: kit.level,
-        code: kit.code,
-        number: numberIn(kit.code),
-        text: kit.text,
-        place: place(kit.place),
-        source: kit.source === null ? null : excerpt(kit.source),
-        expansion: kit.expansion && {
-            before: kit.expansion.before,
-            line: excerpt(kit.expansion.line),
-            after: kit.expansion.after,
-            calls: kit.expansion.calls.map((call) => ({ ...call, place: place(call.place) })),
-        },
-        notes: kit.notes.map((note) => ({ text: note.text, place: place(note.place) })),
-        advice: kit.advice,
-        fix: fixOf(kit, places),
-        repeats: kit.repeats,
+        severity: LEVELS[found.level] as Severity,
+        code: found.code,
+        number: numberIn(found.code),
+        text: found.text,
+        place: places.ofEngine(found.place),
+        source: found.source && excerpt(found.source),
+        expansion: expansionOf(found.expansion, places),
+        notes: found.notes.map(({ text, place }) => ({ text, place: places.ofEngine(place) })),
+        advice: found.advice,
+        fix: fixOf(found.fix, places),
+        repeats: found.repeats,
     };
 }

@@ -1,42 +1,28 @@
 import type { Address } from './module.js';
-import type { Call, Excerpt } from './types.js';
 
-// Answers as the engine writes them (engine/answer.cpp, kit/schema/check.schema.json).
+// Answers as the engine writes them (engine/answer.cpp, engine/diagnostics_answer.cpp).
 
 /** File, first byte, byte behind, line, character, end line, end character. */
 export type EnginePlace = readonly [number, number, number, number, number, number, number] | null;
 
-export interface KitPlace {
-    file: string;
-    line: number;
-    column: number;
-    end_line: number;
-    end_column: number;
-    offset: number;
-    end_offset: number;
-}
+/** A text and the characters [from, to) that are meant, counted from 1. */
+export type EngineExcerpt = readonly [string, number, number];
 
-export interface KitExcerpt {
-    text: string;
-    column: number;
-    end_column: number;
-}
-
-export interface KitDiagnostic {
-    level: 'error' | 'warning' | 'lint';
+export interface EngineDiagnostic {
+    level: number;
     code: string;
     text: string;
-    place: KitPlace | null;
-    source: KitExcerpt | null;
+    place: EnginePlace;
+    source: EngineExcerpt | null;
     expansion: {
-        before: Excerpt['text'][];
-        line: KitExcerpt;
-        after: Excerpt['text'][];
-        calls: { kind: Call['kind']; name: string; place: KitPlace | null }[];
+        before: string[];
+        line: EngineExcerpt;
+        after: string[];
+        calls: { kind: number; name: string; place: EnginePlace }[];
     } | null;
-    notes: { text: string; place: KitPlace | null }[];
+    notes: { text: string; place: EnginePlace }[];
     advice: string[];
-    fix: (KitPlace & { title: string; replacement: string }) | null;
+    fix: { title: string; replacement: string; place: EnginePlace } | null;
     repeats: number;
 }
 
@@ -78,7 +64,7 @@ export interface CompilationAnswer {
     texts: Record<string, Address>;
     files: { name: string; text: Address }[];
     missing: string[];
-    diagnostics: KitDiagnostic[];
+    diagnostics: EngineDiagnostic[];
     blocks: EngineBlock[];
     tempo: Record<'seconds' | 'beats' | 'tempos', Address>;
     constants: { name: string; value: number | null; place: EnginePlace; calls: number }[];
@@ -88,7 +74,7 @@ export interface CompilationAnswer {
 }
 
 export interface PerformanceAnswer {
-    diagnostics: KitDiagnostic[];
+    diagnostics: EngineDiagnostic[];
     otherLines: string[];
     hasStarted: boolean;
     hasEnded: boolean;

@@ -10,7 +10,7 @@ const BLOCK = 'i1 = 5 0 40 {\np2 re .125\np3 re .1\np4(op) no ra(T 1 [c3 c6])\np
 const REFUSED = BLOCK.replace('8000', 'q');
 
 describe('ten thousand compilations', () => {
-    it('take no more memory than the first hundred', async () => {
+    it('take no more memory than the first thousand', async () => {
         const vorn = await load();
         const compileSome = (count: number): void => {
             for (let at = 0; at < count; ++at) {
@@ -21,13 +21,13 @@ describe('ten thousand compilations', () => {
                 );
             }
         };
-        compileSome(100);
-        const before = vorn.memoryBytes;
-        for (let hundred = 1; hundred < 100; ++hundred) {
+        let settled = 0; // the pieces of the heap lie where they stay
+        for (let hundred = 1; hundred <= 100; ++hundred) {
             compileSome(100);
+            if (hundred === 10) settled = vorn.memoryBytes;
             await new Promise((resolve) => setTimeout(resolve));
         }
-        expect(vorn.memoryBytes).toBe(before);
+        expect(vorn.memoryBytes).toBe(settled);
     }, 300_000);
 });
 
