@@ -1,10 +1,12 @@
 // Events become bars: in the roll by their pitch, among the strokes of their instrument where they have
 // none, and in each lane by the value of its p-field. The fuller, the louder.
+import { Columns, type Heights, type Sheet } from './bars';
+import { Crowd } from './crowd';
 import { keyHeight, keyY, laneY, type Band, type Layout, type PlacedLane } from './layout';
 import type { Raster } from './raster';
 import { firstFrom, type Range, type Scene, type SceneBlock } from './scene';
 import type { Span } from './span';
-import { SHADES, shadesOf, type Tones } from './tones';
+import { firstInk, paletteOf, SHADES, type Tones } from './tones';
 
 export interface Drawing {
     readonly scene: Scene;
@@ -44,14 +46,6 @@ function penFor(drawing: Drawing, block: SceneBlock): Pen {
     };
 }
 
-// Which column of values decides how high a bar stands: its top is offset + value * perUnit, in pixels.
-interface Heights {
-    readonly values: Float32Array;
-    readonly offset: number;
-    readonly perUnit: number;
-    readonly height: number; // of a bar
-}
-
 // The shade of each row, by index into the colours; computed once for each table of events.
 const shadesByLevels = new WeakMap<Float32Array, { range: Range; shades: Uint8Array }>();
 
@@ -63,26 +57,33 @@ function shadesFor(levels: Float32Array, range: Range): Uint8Array {
     return shades;
 }
 
-// Bars for the rows in sight, in every plot that shows them. A gap of a pixel keeps notes apart that
-// follow each other.
-function drawBars(raster: Raster, drawing: Drawing, one: SceneBlock, plots: readonly Heights[]): void {
+const columns = new Columns();
+
+// The rows in sight become columns of pixels. A gap of a pixel keeps notes apart that follow each other.
+function putColumns(drawing: Drawing, one: SceneBlock): void {
     const { start, duration, levels } = one.block.events;
     const { left, perSecond, first, last } = penFor(drawing, one);
-    const colors = Uint32Array.from(shadesOf(drawing.tones, one.rank));
+    const ink = firstInk(drawing.tones, one.rank);
     const shades = shadesFor(levels, drawing.scene.levels);
-    const full = colors.length - 1;
+    const full = SHADES.length - 1;
+    columns.clear(last - first);
     for (let row = first; row < last; row++) {
         const length = duration[row] as number;
         if (!(length > 0)) continue;
         const begin = left + (start[row] as number) * perSecond;
         const x0 = Math.floor(begin);
         const end = Math.round(begin + length * perSecond);
+        if (end <= 0 && x0 < 0) continue;
         const x1 = end - x0 > 4 ? end - 1 : end;
-        const color = colors[shades[row] ?? full] as number;
-        for (const { values, offset, perUnit, height } of plots) {
-            const top = Math.round(offset + (values[row] as number) * perUnit);
-            if (top === top) raster.bar(x0, x1, top, top + height, color);
-        }
+        columns.put(row, x0, x1, ink + (shades[row] ?? full));
+    }
+}
+
+function drawBlocks(sheet: Sheet, drawing: Drawing, drawn: readonly Drawn[]): void {
+    const palette = paletteOf(drawing.tones);
+    for (const { one, plots } of drawn) {
+        putColumns(drawing, one);
+        for (const plot of plots) sheet.bars(columns, plot, palette);
     }
 }
 
@@ -122,12 +123,40 @@ function plotsOf(drawing: Drawing, one: SceneBlock, lanes: readonly PlacedLane[]
     return strokes ? [amongStrokes(drawing, one, strokes), ...inLanes] : inLanes;
 }
 
-export function drawEvents(raster: Raster, drawing: Drawing): void {
+interface Drawn {
+    readonly one: SceneBlock;
+    readonly plots: readonly Heights[];
+}
+
+function inSight(raster: Raster, drawing: Drawing): Drawn[] {
     const { scene, layout, span, hidden, scroll, scale } = drawing;
     const bottom = scroll + raster.height / scale;
     const lanes = layout.lanes.filter(({ top, height }) => top < bottom && top + height > scroll);
-    for (const one of scene.blocks) {
-        if (hidden.has(one.block.instrument) || one.begin > span.to || one.end < span.from) continue;
-        drawBars(raster, drawing, one, plotsOf(drawing, one, lanes));
-    }
+    const isShown = ({ block, begin, end }: SceneBlock): boolean =>
+        !hidden.has(block.instrument) && begin <= span.to && end >= span.from;
+    return scene.blocks.filter(isShown).map((one) => ({ one, plots: plotsOf(drawing, one, lanes) }));
+}
+
+function countBars(drawing: Drawing, drawn: readonly Drawn[]): number {
+    return drawn.reduce((sum, { one, plots }) => {
+        const { first, last } = penFor(drawing, one);
+        return sum + (last - first) * plots.length;
+    }, 0);
+}
+
+const FEW = 12_000; // bars that are drawn one by one, with their corners, well within a frame
+
+let crowd = new Crowd(0, 0);
+
+function drawCrowd(raster: Raster, drawing: Drawing, drawn: readonly Drawn[]): void {
+    if (!crowd.fits(raster)) crowd = new Crowd(raster.width, raster.height);
+    crowd.clear();
+    drawBlocks(crowd, drawing, [...drawn].reverse());
+    crowd.drawOn(raster, paletteOf(drawing.tones));
+}
+
+export function drawEvents(raster: Raster, drawing: Drawing): void {
+    const drawn = inSight(raster, drawing);
+    if (countBars(drawing, drawn) > FEW) drawCrowd(raster, drawing, drawn);
+    else drawBlocks(raster, drawing, drawn);
 }

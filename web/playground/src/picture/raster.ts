@@ -1,7 +1,9 @@
 // Pixels in memory. Bars are written into an array of pixels and put onto the canvas at once, which is many
-// times as fast as drawing them one by one: 100,000 events with their lanes fit into a frame.
-export class Raster {
-    readonly pixels: Uint32Array;
+// times as fast as drawing them one by one.
+import type { Columns, Heights, Palette, Sheet } from './bars';
+
+export class Raster implements Sheet {
+    readonly pixels: Int32Array;
     private readonly image: ImageData;
 
     constructor(
@@ -9,15 +11,26 @@ export class Raster {
         readonly height: number,
     ) {
         this.image = new ImageData(Math.max(1, width), Math.max(1, height));
-        this.pixels = new Uint32Array(this.image.data.buffer);
+        this.pixels = new Int32Array(this.image.data.buffer);
     }
 
     clear(): void {
         this.pixels.fill(0);
     }
 
-    // Pixels [left, right) and [top, bottom), at least one; its corners are left out where it is large.
-    bar(left: number, right: number, top: number, bottom: number, color: number): void {
+    bars({ count, rows, lefts, rights, inks }: Columns, heights: Heights, palette: Palette): void {
+        const { values, offset, perUnit, height } = heights;
+        for (let at = 0; at < count; at++) {
+            const top = Math.round(offset + (values[rows[at] as number] as number) * perUnit);
+            if (top !== top) continue;
+            const color = palette[inks[at] as number] as number;
+            this.bar(lefts[at] as number, rights[at] as number, top, height, color);
+        }
+    }
+
+    // Pixels [left, right), at least one; its corners are left out where it is large.
+    bar(left: number, right: number, top: number, height: number, color: number): void {
+        const bottom = top + height;
         const x0 = left < 0 ? 0 : left;
         const x1 = right > this.width ? this.width : right;
         const y0 = top < 0 ? 0 : top;

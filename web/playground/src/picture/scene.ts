@@ -20,7 +20,7 @@ export interface SceneBlock {
 export interface SceneInstrument {
     readonly number: number;
     readonly rank: number;
-    readonly events: number;
+    readonly events: number; // without rests
     readonly hasPitch: boolean;
 }
 
@@ -92,10 +92,15 @@ function fieldsOf(blocks: readonly Block[]): SceneField[] {
         .map(([pfield, { range, isLevel }]) => ({ pfield, range, isLevel }));
 }
 
+// Those that are no rests.
+export function countEvents(block: Block): number {
+    return block.events.duration.reduce((count, duration) => count + (duration > 0 ? 1 : 0), 0);
+}
+
 function instrumentsOf(blocks: readonly Block[], ranks: Map<number, number>): SceneInstrument[] {
     return [...ranks].map(([number, rank]) => {
         const own = blocks.filter((block) => block.instrument === number);
-        const events = own.reduce((sum, block) => sum + block.eventCount, 0);
+        const events = own.reduce((sum, block) => sum + countEvents(block), 0);
         return { number, rank, events, hasPitch: own.some((block) => block.events.keys.length > 0) };
     });
 }

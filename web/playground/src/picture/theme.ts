@@ -10,7 +10,13 @@ export const isDark = (): boolean => {
 
 export const tonesNow = (): Tones => (isDark() ? DARK : LIGHT);
 
-export function onThemeChange(listener: () => void): void {
-    system().addEventListener('change', listener);
-    new MutationObserver(listener).observe(document.documentElement, { attributeFilter: ['data-theme'] });
+export function onThemeChange(listener: () => void): () => void {
+    const ofSystem = system();
+    const ofPage = new MutationObserver(listener);
+    ofSystem.addEventListener('change', listener);
+    ofPage.observe(document.documentElement, { attributeFilter: ['data-theme'] });
+    return () => {
+        ofSystem.removeEventListener('change', listener);
+        ofPage.disconnect();
+    };
 }

@@ -52,6 +52,14 @@ export const colorOf = (tones: Tones, rank: number): number =>
 
 const faintOf = (tones: Tones, rank: number): number => tones.faint[rank % tones.faint.length] ?? tones.muted;
 
-// The pixels of all shades of an instrument, faint to full.
-export const shadesOf = (tones: Tones, rank: number): number[] =>
-    SHADES.map((part) => pixel(mixed(colorOf(tones, rank), faintOf(tones, rank), part)));
+// The pixels of all shades of all tones, faint to full, behind one that is clear.
+export function paletteOf(tones: Tones): Int32Array {
+    const shades = tones.instruments.flatMap((_, rank) =>
+        SHADES.map((part) => pixel(mixed(colorOf(tones, rank), faintOf(tones, rank), part))),
+    );
+    return Int32Array.of(0, ...shades);
+}
+
+// Where the shades of an instrument begin in the palette.
+export const firstInk = (tones: Tones, rank: number): number =>
+    1 + (rank % tones.instruments.length) * SHADES.length;

@@ -1,5 +1,6 @@
 // The line at the foot: how many events, how long, how fast.
 import type { AppStore } from '../state/app_state';
+import { countEvents } from '../picture/scene';
 import { timeText } from '../picture/span';
 import { seedOf } from '../seeds/seeds';
 import { find, make } from './dom';
@@ -15,8 +16,9 @@ export function showStatus(store: AppStore): void {
         desk.classList.toggle('is-stale', result?.status === 1 || trouble !== '');
         if (!result) return;
         const blocks = result.blocks.filter((block) => !block.isSkipped).length;
+        const events = result.blocks.reduce((sum, block) => sum + countEvents(block), 0);
         const facts = [
-            count(result.eventCount, 'event'),
+            count(events, 'event'),
             count(blocks, 'block'),
             timeText(result.seconds, 0.1),
             `seed ${seedOf(result)}`,

@@ -5,9 +5,9 @@ import { shadeOf } from '../../src/picture/events';
 import { binTotals, fieldNames, makeHistogram } from '../../src/picture/histogram';
 import { hitTest, neighbour } from '../../src/picture/hit';
 import { keyY, laneY, layOut, toSeconds, toX } from '../../src/picture/layout';
-import { firstFrom, makeScene } from '../../src/picture/scene';
+import { countEvents, firstFrom, makeScene } from '../../src/picture/scene';
 import { following, roundStep, timeText, within, zoomed } from '../../src/picture/span';
-import { DARK, LIGHT, mixed, pixel, shadesOf } from '../../src/picture/tones';
+import { DARK, LIGHT, firstInk, mixed, paletteOf, pixel } from '../../src/picture/tones';
 import { makeBlock, makeResult } from './results';
 
 const result = makeResult([
@@ -28,6 +28,10 @@ describe('a scene', () => {
             [1, 0],
             [7, 1],
         ]);
+    });
+    it('counts no rest', () => {
+        expect(result.blocks.map(countEvents)).toEqual([2, 1]);
+        expect(scene.instruments.map(({ events }) => events)).toEqual([2, 1]);
     });
     it('takes no rest for a key or a value', () => {
         const rests = makeScene(
@@ -167,8 +171,11 @@ describe('colours', () => {
         ]);
     });
     it('go from the faint tone of an instrument to the full one', () => {
-        const shades = shadesOf(LIGHT, 1);
-        expect([shades[0], shades[2], shades[4]]).toEqual([0xf06700, 0xc55500, 0x9a4300].map(pixel));
+        const palette = paletteOf(LIGHT);
+        const shades = [0, 2, 4].map((shade) => (palette[firstInk(LIGHT, 1) + shade] ?? 0) >>> 0);
+        expect(shades).toEqual([0xf06700, 0xc55500, 0x9a4300].map(pixel));
+        expect(firstInk(LIGHT, 6)).toBe(firstInk(LIGHT, 1));
+        expect(palette[0]).toBe(0);
     });
     it('are mixed and put into memory', () => {
         expect(mixed(0x000000, 0xffffff, 0.5)).toBe(0x808080);
