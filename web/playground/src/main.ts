@@ -14,6 +14,7 @@ import { connectEngine } from './engine/connecting';
 import { listenToDrops } from './files/open';
 import { startAutosave } from './keep/autosave';
 import { showManual } from './learn/manual';
+import { holdOffline } from './offline/offline';
 import { seedsPanel } from './seeds/seeds';
 import { slidersPanel } from './seeds/sliders';
 import { Sounding } from './sound/sounding';
@@ -50,12 +51,8 @@ showStatus(store);
 showManual(store, autosave);
 listenToDrops(store, autosave);
 
-const parts = { store, computing, view, sounding, autosave, engine };
+const parts = { store, computing, view, sounding, autosave, engine, held: holdOffline() };
 void begin(store, autosave).then(() => {
     window.vornPlayground = makeInterface(parts);
     void followWatchedFile(store, autosave);
 });
-
-if (import.meta.env.PROD && 'serviceWorker' in navigator) {
-    void navigator.serviceWorker.register('./service_worker.js').catch(() => undefined);
-}

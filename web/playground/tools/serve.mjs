@@ -3,7 +3,8 @@
 //     node tools/serve.mjs [--port 8080] [--base /some/path/] [--watch piece.vorn]
 //
 // With --watch the page opens with that file, the includes beside it and its orchestra, and follows their
-// changes, of which it is told by server-sent events.
+// changes, of which it is told by server-sent events. Its address then says so: the page itself may come from
+// what the browser holds.
 import { createReadStream, existsSync, readFileSync, statSync, watch, readdirSync } from 'node:fs';
 import { createServer } from 'node:http';
 import { basename, dirname, extname, join, normalize, resolve } from 'node:path';
@@ -21,7 +22,7 @@ const TYPES = {
     '.woff2': 'font/woff2',
     '.vorn': 'text/plain; charset=utf-8',
 };
-const WATCHED = '<meta name="vorn-watch" content="yes">';
+const WATCHED = '?watch';
 const PAUSE = 30; // milliseconds that a burst of changes may take
 
 const { values: options } = parseArgs({
@@ -75,14 +76,7 @@ function listen(answer) {
     tell(answer);
 }
 
-function sendPage(answer, path) {
-    const text = readFileSync(path, 'utf8');
-    answer.writeHead(200, { 'content-type': TYPES['.html'] });
-    answer.end(options.watch ? text.replace('<title>', WATCHED + '<title>') : text);
-}
-
 function send(answer, path) {
-    if (extname(path) === '.html') return sendPage(answer, path);
     answer.writeHead(200, { 'content-type': TYPES[extname(path)] ?? 'application/octet-stream' });
     return createReadStream(path).pipe(answer);
 }
@@ -100,6 +94,8 @@ function fileOf(address) {
 function respond(request, answer) {
     try {
         if (options.watch && request.url === `${options.base}watched`) return listen(answer);
+        if (options.watch && request.url === options.base)
+            return answer.writeHead(302, { location: options.base + WATCHED }).end();
         const file = fileOf(request.url ?? '/');
         if (file) return send(answer, file);
     } catch {
@@ -124,5 +120,5 @@ server.on('error', (error) => {
     process.exit(1);
 });
 server.listen(Number(options.port), '127.0.0.1', () => {
-    console.log(`http://localhost:${server.address().port}${options.base}`);
+    console.log(`http://localhost:${server.address().port}${options.base}${options.watch ? WATCHED : ''}`);
 });

@@ -1,35 +1,92 @@
-// Holds the files of the page, by the name of their build, and answers from there first.
-const STORE = 'vorn-playground-' + 'VERSION';
+// Holds the files of the page, by the name of their build, and answers from there first. Another build has a
+// store of its own and waits until the reader asks for it; a store goes when no page of its build is left.
+const OWN = `vorn-playground ${self.registration.scope} `;
+const STORE = OWN + 'VERSION';
 const FILES = [/* FILES */];
+const LATER = [/* LATER */]; // large, and not needed to begin
+const PATIENCE = 2000; // milliseconds that a page may take to say what it was made from
 
 self.addEventListener('install', (event) => {
-    event.waitUntil(
-        caches
-            .open(STORE)
-            .then((store) => store.addAll(FILES))
-            .then(() => self.skipWaiting()),
-    );
+    event.waitUntil(caches.open(STORE).then((store) => store.addAll(FILES)));
 });
 
-async function takeOver() {
-    const names = await caches.keys();
-    const old = names.filter((name) => name.startsWith('vorn-playground-') && name !== STORE);
-    await Promise.all(old.map((name) => caches.delete(name)));
-    await self.clients.claim();
-}
+self.addEventListener('activate', (event) => event.waitUntil(self.clients.claim().then(tidy)));
 
-self.addEventListener('activate', (event) => event.waitUntil(takeOver()));
+const coming = new Map(); // what is being fetched, by its address
 
-// What is not there yet is fetched and, when it belongs to the build, held from then on.
-async function answer(request) {
-    const store = await caches.open(STORE);
-    const held = await store.match(request, { ignoreSearch: true });
-    if (held) return held;
-    const fresh = await fetch(request);
-    if (fresh.ok && new URL(request.url).pathname.includes('/assets/'))
-        await store.put(request, fresh.clone());
+async function fetchInto(store, address) {
+    const fresh = await fetch(address);
+    if (fresh.ok) await store.put(address, fresh.clone());
     return fresh;
 }
+
+// Whoever asks meanwhile waits for the same answer.
+function hold(store, address) {
+    const fetched = coming.get(address) ?? fetchInto(store, address).finally(() => coming.delete(address));
+    coming.set(address, fetched);
+    return fetched.then((fresh) => fresh.clone());
+}
+
+async function holdLater() {
+    const store = await caches.open(STORE);
+    for (const name of LATER) {
+        const address = new URL(name, self.registration.scope).href;
+        if (!(await store.match(address)) && !(await hold(store, address)).ok) return false;
+    }
+    return true;
+}
+
+// The stores of this page, another one at the same host left out.
+const ownStores = async () => (await caches.keys()).filter((name) => name.startsWith(OWN));
+
+// The parts of a page that is older than this build are in its own store.
+async function held(request) {
+    const store = await caches.open(STORE);
+    const found = await store.match(request, { ignoreSearch: true });
+    if (found || request.mode === 'navigate') return found;
+    for (const name of await ownStores()) {
+        const older = await (await caches.open(name)).match(request, { ignoreSearch: true });
+        if (older) return older;
+    }
+    return undefined;
+}
+
+async function answer(request) {
+    const found = await held(request);
+    if (found) return found;
+    if (!new URL(request.url).pathname.includes('/assets/')) return fetch(request);
+    return hold(await caches.open(STORE), request.url);
+}
+
+// The script that a page was begun with; nothing when it does not answer.
+function beginningOf(client) {
+    return new Promise((resolve) => {
+        const { port1, port2 } = new MessageChannel();
+        port1.onmessage = ({ data }) => resolve(data);
+        client.postMessage('which beginning', [port2]);
+        setTimeout(resolve, PATIENCE);
+    });
+}
+
+async function tidy() {
+    const pages = await self.clients.matchAll({ type: 'window', includeUncontrolled: true });
+    const store = await caches.open(STORE);
+    for (const page of pages) {
+        const beginning = await beginningOf(page);
+        if (!beginning || !(await store.match(beginning))) return;
+    }
+    const old = (await ownStores()).filter((name) => name !== STORE);
+    await Promise.all(old.map((name) => caches.delete(name)));
+}
+
+const TASKS = { 'hold the rest': holdLater, 'take over': () => self.skipWaiting(), tidy };
+
+self.addEventListener('message', (event) => {
+    const work = TASKS[event.data]?.();
+    if (!work) return;
+    const tell = (result) => event.ports[0]?.postMessage(result);
+    event.waitUntil(work.then(tell, () => tell(false)));
+});
 
 self.addEventListener('fetch', (event) => {
     const { request } = event;

@@ -45,6 +45,8 @@ export interface Playground {
     state(): PlaygroundState;
     /** The samples that are heard at this moment. */
     heard(): { samples: Float32Array; sampleRate: number };
+    /** Settles when all of the page is held for use without a network; false where it is not to be. */
+    offline(): Promise<boolean>;
     /** Draws the picture so many times and tells the milliseconds of each. */
     measureDrawing(times: number): number[];
 }
@@ -56,6 +58,7 @@ export interface Parts {
     readonly sounding: Sounding;
     readonly autosave: Autosave;
     readonly engine: Promise<VornClient>;
+    readonly held: Promise<boolean>;
 }
 
 function toResult(store: AppStore): PlaygroundResult {
@@ -134,6 +137,7 @@ export function makeInterface(parts: Parts): Playground {
         stop: () => sounding.stop(),
         state: () => toState(parts),
         heard: () => sounding.heard(),
+        offline: () => parts.held,
         measureDrawing: (times) => measureDrawing(parts, times),
     };
 }

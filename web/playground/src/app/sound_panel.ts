@@ -1,7 +1,7 @@
 // The panel of sound: by what it is played, and what Csound says.
 import { findPorts, hasMidi, type Port } from '../sound/midi_ports';
 import { BUILT_IN, ORCHESTRA } from '../sound/sounding';
-import type { AppStore } from '../state/app_state';
+import type { AppState, AppStore } from '../state/app_state';
 import { orchestraOf } from '../state/piece';
 import { make } from '../ui/dom';
 import { drawing, type PanelView } from './panels';
@@ -23,45 +23,71 @@ function outputChoice(store: AppStore, ports: readonly Port[]): HTMLOptionElemen
     );
 }
 
+class SoundView {
+    private readonly choice = make('select', { 'aria-label': 'Played by' });
+    private readonly find = make(
+        'button',
+        { type: 'button', class: 'word-button outlined' },
+        'Find MIDI ports',
+    );
+    private readonly trouble = make('p', { class: 'trouble', role: 'alert' });
+    private readonly text = make('pre', {
+        class: 'csound-text',
+        tabindex: 0,
+        'aria-label': 'What Csound says',
+    });
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly found: { ports: readonly Port[] }, // outlasts the view
+        place: HTMLElement,
+    ) {
+        this.find.hidden = !hasMidi();
+        this.find.addEventListener('click', () => void this.look());
+        this.choice.addEventListener('change', () => this.choose());
+        const row = make(
+            'div',
+            { class: 'panel-row' },
+            make('label', {}, 'Played by', this.choice),
+            this.find,
+        );
+        place.append(row, this.trouble, this.text);
+    }
+
+    private choose(): void {
+        const { value } = this.choice;
+        this.store.act('choose output', () => ({ output: value }));
+    }
+
+    private async look(): Promise<void> {
+        this.found.ports = await findPorts().catch(() => []);
+        this.find.textContent = this.found.ports.length > 0 ? 'Look again' : 'No MIDI ports found';
+        this.draw();
+    }
+
+    draw(): void {
+        const { soundTrouble, soundText } = this.store.state;
+        this.choice.replaceChildren(...outputChoice(this.store, this.found.ports));
+        this.trouble.textContent = soundTrouble;
+        this.trouble.hidden = soundTrouble === '';
+        const said = soundText.replace(ESCAPES, '').trim();
+        this.text.textContent = said === '' ? 'Csound has not played yet.' : said;
+    }
+}
+
 export function soundPanel(store: AppStore): PanelView {
-    let ports: readonly Port[] = [];
+    const found = { ports: [] };
     return {
         name: 'Sound',
         show(place) {
-            const choice = make('select', { 'aria-label': 'Played by' });
-            const trouble = make('p', { class: 'trouble', role: 'alert' });
-            const text = make('pre', { class: 'csound-text', 'aria-label': 'What Csound says' });
-            const draw = (): void => {
-                choice.replaceChildren(...outputChoice(store, ports));
-                trouble.textContent = store.state.soundTrouble;
-                trouble.hidden = store.state.soundTrouble === '';
-                const said = store.state.soundText.replace(ESCAPES, '').trim();
-                text.textContent = said === '' ? 'Csound has not played yet.' : said;
-            };
-            const ask = async (): Promise<void> => {
-                ports = await findPorts().catch(() => []);
-                find.textContent = ports.length > 0 ? 'Look again' : 'No MIDI ports found';
-                draw();
-            };
-            const find = make(
-                'button',
-                { type: 'button', class: 'word-button outlined', onclick: () => void ask() },
-                'Find MIDI ports',
-            );
-            find.hidden = !hasMidi();
-            choice.addEventListener('change', () =>
-                store.act('choose output', () => ({ output: choice.value })),
-            );
-            place.append(
-                make('div', { class: 'panel-row' }, make('label', {}, 'Played by', choice), find),
-                trouble,
-                text,
-            );
-            return drawing(
-                store,
-                [(s) => s.soundText, (s) => s.soundTrouble, (s) => s.piece, (s) => s.output],
-                draw,
-            );
+            const view = new SoundView(store, found, place);
+            const slices = [
+                (state: AppState) => state.soundText,
+                (state: AppState) => state.soundTrouble,
+                (state: AppState) => state.piece,
+                (state: AppState) => state.output,
+            ];
+            return drawing(store, slices, () => view.draw());
         },
     };
 }

@@ -1,4 +1,5 @@
 // The panel of values: a histogram of any field.
+import type { Result } from 'vorn-wasm';
 import { shortNumber } from '../picture/backdrop';
 import { binTotals, fieldNames, makeHistogram, type Histogram } from '../picture/histogram';
 import { onThemeChange, tonesNow } from '../picture/theme';
@@ -45,44 +46,67 @@ const inWords = (field: string, { total, low, high, mean }: Histogram): string =
         ? `${field} has no values.`
         : `${total.toLocaleString('en')} values, from ${shortNumber(low)} to ${shortNumber(high)}, on average ${shortNumber(mean)}`;
 
+class ValuesView {
+    private readonly choice = make('select', { 'aria-label': 'Field' });
+    private readonly words = make('span', { class: 'muted' });
+    private readonly canvas = make('canvas', { class: 'histogram', role: 'img' });
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly chosen: { field: string }, // outlasts the view
+        place: HTMLElement,
+    ) {
+        place.append(make('div', { class: 'panel-row' }, this.choice, this.words), this.canvas);
+        this.choice.addEventListener('change', () => this.choose());
+    }
+
+    observe(): () => void {
+        const draw = (): void => this.draw();
+        const observer = new ResizeObserver(draw);
+        observer.observe(this.canvas);
+        const stops = [
+            () => observer.disconnect(),
+            onThemeChange(draw),
+            drawing(this.store, [(state) => state.goodResult], draw),
+        ];
+        return () => stops.forEach((stop) => stop());
+    }
+
+    private choose(): void {
+        this.chosen.field = this.choice.value;
+        this.draw();
+    }
+
+    private draw(): void {
+        const { goodResult } = this.store.state;
+        this.canvas.hidden = !goodResult;
+        this.choice.hidden = !goodResult;
+        if (goodResult) this.drawResult(goodResult);
+        else this.words.textContent = 'There are no events yet.';
+    }
+
+    private drawResult(result: Result): void {
+        const { canvas, words } = this;
+        const shown = this.offer(fieldNames(result));
+        const binCount = Math.max(8, Math.floor((canvas.clientWidth || 400) / BIN_WIDTH));
+        const histogram = makeHistogram(result, shown, binCount);
+        drawBars(canvas, histogram, binCount);
+        words.textContent = inWords(shown, histogram);
+        canvas.setAttribute('aria-label', `Histogram of ${shown}: ${words.textContent}`);
+    }
+
+    // The field that was chosen, where the piece has it, else the last one.
+    private offer(names: readonly string[]): string {
+        const { field } = this.chosen;
+        const shown = names.includes(field) ? field : (names.at(-1) ?? 'duration');
+        const option = (name: string): HTMLOptionElement =>
+            make('option', { value: name, selected: name === shown }, name);
+        this.choice.replaceChildren(...names.map(option));
+        return shown;
+    }
+}
+
 export function valuesPanel(store: AppStore): PanelView {
-    let field = 'P5';
-    return {
-        name: 'Values',
-        show(place) {
-            const choice = make('select', { 'aria-label': 'Field' });
-            const words = make('span', { class: 'muted' });
-            const canvas = make('canvas', { class: 'histogram', role: 'img' });
-            place.append(make('div', { class: 'panel-row' }, choice, words), canvas);
-            const draw = (): void => {
-                const { goodResult } = store.state;
-                canvas.hidden = !goodResult;
-                choice.hidden = !goodResult;
-                words.textContent = goodResult ? '' : 'There are no events yet.';
-                if (!goodResult) return;
-                const names = fieldNames(goodResult);
-                const shown = names.includes(field) ? field : (names.at(-1) ?? 'duration');
-                choice.replaceChildren(
-                    ...names.map((name) => make('option', { value: name, selected: name === shown }, name)),
-                );
-                const binCount = Math.max(8, Math.floor((canvas.clientWidth || 400) / BIN_WIDTH));
-                const histogram = makeHistogram(goodResult, shown, binCount);
-                drawBars(canvas, histogram, binCount);
-                words.textContent = inWords(shown, histogram);
-                canvas.setAttribute('aria-label', `Histogram of ${shown}: ${words.textContent}`);
-            };
-            choice.addEventListener('change', () => {
-                field = choice.value;
-                draw();
-            });
-            const observer = new ResizeObserver(draw);
-            observer.observe(canvas);
-            onThemeChange(draw);
-            const stop = drawing(store, [(state) => state.goodResult], draw);
-            return () => {
-                observer.disconnect();
-                stop();
-            };
-        },
-    };
+    const chosen = { field: 'P5' };
+    return { name: 'Values', show: (place) => new ValuesView(store, chosen, place).observe() };
 }

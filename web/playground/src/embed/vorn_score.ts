@@ -8,6 +8,7 @@
 import type { Result, Vorn } from 'vorn-wasm';
 import { listenToHands } from '../picture/gestures';
 import { Picture } from '../picture/picture';
+import { countEvents } from '../picture/scene';
 import { csoundProgram } from '../sound/csound/loading';
 import CsoundWorker from '../sound/csound/worker?worker&inline';
 import { Player } from '../sound/player';
@@ -20,6 +21,8 @@ import style from './vorn_score.css?inline';
 
 const HEIGHT = 280;
 const CSOUND = new URL('csound.wasm.z', import.meta.url).href;
+
+const countAll = ({ blocks }: Result): number => blocks.reduce((sum, block) => sum + countEvents(block), 0);
 
 async function fetched(address: string): Promise<string> {
     const answer = await fetch(address);
@@ -34,7 +37,7 @@ class VornScore extends HTMLElement {
     private readonly words = make('span', { class: 'words' });
     private readonly button = make('button', { type: 'button' });
     private picture: Picture | undefined;
-    private text = '';
+    private turn = 0; // rises when another score is to be shown
     private result: Result | undefined;
     private rendering: Rendering | undefined;
     private readonly renderer = new Renderer(
@@ -67,7 +70,7 @@ class VornScore extends HTMLElement {
     }
 
     disconnectedCallback(): void {
-        this.player.stop();
+        this.silence();
     }
 
     attributeChangedCallback(): void {
@@ -79,40 +82,48 @@ class VornScore extends HTMLElement {
     }
 
     private async read(): Promise<void> {
+        const turn = ++this.turn;
+        this.silence();
         try {
             const source = this.getAttribute('src');
-            this.text = source ? await fetched(source) : (this.textContent ?? '');
-            this.show(await loadEngine());
+            const text = source ? await fetched(source) : (this.textContent ?? '');
+            const engine = await loadEngine();
+            if (turn === this.turn) this.show(engine, text);
         } catch (error) {
-            this.words.textContent = String(error);
+            if (turn === this.turn) this.refuse(String(error));
         }
     }
 
-    private show(engine: Vorn): void {
-        const result = engine.compile({ [this.name]: this.text }, { outputs: ['score', 'builtIn'] });
+    private refuse(trouble: string): void {
+        this.words.textContent = trouble;
+        this.button.disabled = true;
+        this.picture?.show(null);
+    }
+
+    private show(engine: Vorn, text: string): void {
+        const result = engine.compile({ [this.name]: text }, { outputs: ['score', 'builtIn'] });
         this.result = result;
         this.rendering = undefined;
         const [mistake] = result.diagnostics.filter((one) => one.severity === 'error');
         this.button.disabled = result.status !== 0;
         this.words.textContent = mistake
             ? `Line ${mistake.place?.line ?? '?'}: ${mistake.text}`
-            : `${result.eventCount} events, ${timeText(result.seconds)}`;
+            : `${countAll(result)} events, ${timeText(result.seconds)}`;
         this.picture?.show(result);
     }
 
     private async toggle(): Promise<void> {
-        if (this.player.isPlaying) {
-            this.player.stop();
-            this.showSilence();
-            return;
-        }
-        this.rendering ??= await this.render();
-        const { rendering } = this;
+        if (this.player.isPlaying) return this.silence();
+        const { turn } = this;
+        const rendering = this.rendering ?? (await this.render());
+        if (turn !== this.turn) return;
+        this.rendering = rendering;
         this.player.play(rendering, 0);
         this.button.replaceChildren(icon('stop'), 'Stop');
         requestAnimationFrame(() => this.follow());
         await rendering.whole();
-        if (rendering.refusal !== '') this.words.textContent = rendering.refusal;
+        if (rendering === this.rendering && rendering.refusal !== '')
+            this.words.textContent = rendering.refusal;
     }
 
     private async render(): Promise<Rendering> {
@@ -121,6 +132,11 @@ class VornScore extends HTMLElement {
         const orchestra = own ? await fetched(own) : (result?.builtIn?.orchestra ?? '');
         const score = own ? new TextDecoder().decode(result?.score) : (result?.builtIn?.score ?? '');
         return this.renderer.render({ orchestra, score, files: [] });
+    }
+
+    private silence(): void {
+        this.player.stop();
+        this.showSilence();
     }
 
     private showSilence(): void {

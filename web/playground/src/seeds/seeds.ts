@@ -3,9 +3,10 @@ import type { Result } from 'vorn-wasm';
 import type { Editor } from '../editor/editor';
 import { thumbnailAddress } from '../picture/thumbnail';
 import { drawing, type PanelView } from '../app/panels';
-import type { AppStore, KeptSeed } from '../state/app_state';
+import type { AppState, AppStore, KeptSeed } from '../state/app_state';
 import { make } from '../ui/dom';
 import { iconButton, wordButton } from '../ui/icons';
+import { notice } from '../ui/notices';
 
 const MOST_SEED = 65535;
 const FIRST_SEED = 1; // holds where none is written
@@ -18,7 +19,7 @@ export function rolledSeed(before: number, random = Math.random): number {
 }
 
 // Only while text and result belong together does the engine's place for the seed hold.
-export function setSeed(store: AppStore, editor: Editor, value: number): void {
+function putSeed(store: AppStore, editor: Editor, value: number): void {
     const { result, resultPiece, piece } = store.state;
     if (!result?.seed?.place || resultPiece !== piece) return;
     const { place, before, after } = result.seed;
@@ -26,9 +27,25 @@ export function setSeed(store: AppStore, editor: Editor, value: number): void {
     editor.apply([{ file: place.file, from: place.from, to: place.to, insert }]);
 }
 
-export function rollSeed(store: AppStore, editor: Editor): void {
-    if (!store.state.seedIsLocked) setSeed(store, editor, rolledSeed(seedOf(store.state.result)));
+function unlock(store: AppStore, editor: Editor, value: number): void {
+    store.act('unlock seed', () => ({ seedIsLocked: false }));
+    putSeed(store, editor, value);
 }
+
+// A lock holds whatever asks for another seed, and says so.
+export function setSeed(store: AppStore, editor: Editor, value: number): void {
+    const { seedIsLocked, result } = store.state;
+    if (value === seedOf(result)) return;
+    if (!seedIsLocked) putSeed(store, editor, value);
+    else
+        notice(`The seed is locked at ${seedOf(result)}.`, {
+            word: `Unlock and use ${value}`,
+            act: () => unlock(store, editor, value),
+        });
+}
+
+export const rollSeed = (store: AppStore, editor: Editor): void =>
+    setSeed(store, editor, rolledSeed(seedOf(store.state.result)));
 
 function keepSeed(store: AppStore): void {
     const { result } = store.state;
@@ -67,39 +84,55 @@ function shelfItem(store: AppStore, editor: Editor, { value, picture }: KeptSeed
     );
 }
 
+const HINT = 'Another seed is another piece by the same rules. Keep the ones you like.';
+
+class SeedsView {
+    private readonly value = make('output', { class: 'seed-value', 'aria-label': 'Seed' });
+    private readonly locked = make('input', { type: 'checkbox', id: 'seed-lock' });
+    private readonly shelf = make('ul', { class: 'shelf', 'aria-label': 'Seeds that were kept' });
+    private readonly hint = make('p', { class: 'muted' }, HINT);
+    private readonly die: HTMLButtonElement;
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly editor: Editor,
+        place: HTMLElement,
+    ) {
+        const outlined = { class: 'word-button outlined' };
+        this.die = wordButton('die', 'Roll', () => rollSeed(store, editor), outlined);
+        const keep = wordButton('heart', 'Keep', () => keepSeed(store), outlined);
+        const lock = make('label', {}, this.locked, 'Lock');
+        this.locked.addEventListener('change', () => this.lock());
+        place.append(make('div', { class: 'panel-row' }, this.value, this.die, keep, lock));
+        place.append(this.shelf, this.hint);
+    }
+
+    private lock(): void {
+        const { checked } = this.locked;
+        this.store.act('lock seed', () => ({ seedIsLocked: checked }));
+    }
+
+    draw(): void {
+        const { keptSeeds, result, seedIsLocked } = this.store.state;
+        this.value.textContent = String(seedOf(result));
+        this.locked.checked = seedIsLocked;
+        this.die.disabled = seedIsLocked || !result?.seed?.place;
+        this.hint.hidden = keptSeeds.length > 0;
+        this.shelf.replaceChildren(...keptSeeds.map((seed) => shelfItem(this.store, this.editor, seed)));
+    }
+}
+
 export function seedsPanel(store: AppStore, editor: Editor): PanelView {
-    const roll = (): void => rollSeed(store, editor);
-    const lock = (): void => store.act('lock seed', ({ seedIsLocked }) => ({ seedIsLocked: !seedIsLocked }));
     return {
         name: 'Seeds',
         show(place) {
-            const value = make('output', { class: 'seed-value', 'aria-label': 'Seed' });
-            const die = wordButton('die', 'Roll', roll, { class: 'word-button outlined' });
-            const locked = make('input', { type: 'checkbox', id: 'seed-lock' });
-            locked.addEventListener('change', lock);
-            const keep = wordButton('heart', 'Keep', () => keepSeed(store), {
-                class: 'word-button outlined',
-            });
-            const shelf = make('ul', { class: 'shelf', 'aria-label': 'Seeds that were kept' });
-            const hint = make(
-                'p',
-                { class: 'muted' },
-                'Another seed is another piece by the same rules. Keep the ones you like.',
-            );
-            place.append(
-                make('div', { class: 'panel-row' }, value, die, keep, make('label', {}, locked, 'Lock')),
-                shelf,
-                hint,
-            );
-            const draw = (): void => {
-                const { keptSeeds, result, seedIsLocked } = store.state;
-                value.textContent = String(seedOf(result));
-                locked.checked = seedIsLocked;
-                die.disabled = seedIsLocked || !result?.seed?.place;
-                hint.hidden = keptSeeds.length > 0;
-                shelf.replaceChildren(...keptSeeds.map((seed) => shelfItem(store, editor, seed)));
-            };
-            return drawing(store, [(s) => s.result, (s) => s.keptSeeds, (s) => s.seedIsLocked], draw);
+            const view = new SeedsView(store, editor, place);
+            const slices = [
+                (state: AppState) => state.result,
+                (state: AppState) => state.keptSeeds,
+                (state: AppState) => state.seedIsLocked,
+            ];
+            return drawing(store, slices, () => view.draw());
         },
     };
 }

@@ -62,79 +62,97 @@ export const sliderEdit = (slider: Slider, value: number): Edit => ({
     insert: sliderText(slider, value),
 });
 
-// The slider of that name as the text has it now; nothing while text and result differ.
-function present(store: AppStore, name: string): Slider | undefined {
-    const { result, piece, resultPiece } = store.state;
-    return result && piece === resultPiece
-        ? findSliders(piece, result).find((one) => one.name === name)
-        : undefined;
+const HINT = 'Write a range behind a constant, as in “#const DENSITY 4 ; 1..20”, and it can be moved here.';
+
+interface Row {
+    readonly box: HTMLElement;
+    readonly input: HTMLInputElement;
+    readonly output: HTMLOutputElement;
 }
 
-function showSlider(store: AppStore, editor: Editor, slider: Slider): HTMLElement {
-    const id = `slider-${slider.name}`;
+function makeRow(slider: Slider): Row {
     const { low, high, step, value, name } = slider;
+    const id = `slider-${name}`;
     const input = make('input', { id, type: 'range', min: low, max: high, step, value });
     const output = make('output', { for: id }, sliderText(slider, value));
-    let wanted: number | undefined;
-    const put = (): void => {
-        const now = present(store, name);
-        if (wanted === undefined || !now) return;
-        if (sliderText(now, wanted) !== sliderText(now, now.value)) editor.apply([sliderEdit(now, wanted)]);
-        wanted = undefined;
-    };
-    input.addEventListener('input', () => {
-        wanted = Number(input.value);
-        output.textContent = sliderText(slider, wanted);
-        put();
-    });
-    // A movement that came while the one before was being computed.
-    store.watch((state) => state.resultPiece, put);
-    return make(
-        'div',
-        { class: 'slider' },
-        make('label', { for: id }, make('code', {}, name)),
-        input,
-        output,
-    );
+    const label = make('label', { for: id }, make('code', {}, name));
+    return { box: make('div', { class: 'slider' }, label, input, output), input, output };
 }
 
-const HINT = 'Write a range behind a constant, as in “#const DENSITY 4 ; 1..20”, and it can be moved here.';
+class SlidersView {
+    private shown = 'nothing yet';
+    private rows = new Map<string, Row>();
+    private readonly wanted = new Map<string, number>(); // values that the text does not have yet
+
+    constructor(
+        private readonly store: AppStore,
+        private readonly editor: Editor,
+        private readonly place: HTMLElement,
+    ) {}
+
+    // Only while text and result belong together are there sliders to move.
+    private present(): Slider[] | undefined {
+        const { piece, result, resultPiece } = this.store.state;
+        return result && piece === resultPiece ? findSliders(piece, result) : undefined;
+    }
+
+    draw(): void {
+        const sliders = this.present();
+        if (!sliders) return;
+        const kind = JSON.stringify(sliders.map(({ name, low, high, step }) => [name, low, high, step]));
+        if (kind === this.shown) this.update(sliders);
+        else this.rebuild(sliders);
+        this.shown = kind;
+        this.put(); // movements that came while the one before was being computed
+    }
+
+    private rebuild(sliders: readonly Slider[]): void {
+        this.rows = new Map(sliders.map((slider) => [slider.name, this.listen(slider, makeRow(slider))]));
+        const boxes = [...this.rows.values()].map(({ box }) => box);
+        this.place.replaceChildren(...(boxes.length > 0 ? boxes : [make('p', { class: 'muted' }, HINT)]));
+    }
+
+    private listen(slider: Slider, row: Row): Row {
+        row.input.addEventListener('input', () => {
+            const value = Number(row.input.value);
+            row.output.textContent = sliderText(slider, value);
+            this.wanted.set(slider.name, value);
+            this.put();
+        });
+        return row;
+    }
+
+    // The same sliders, perhaps moved by typing.
+    private update(sliders: readonly Slider[]): void {
+        for (const slider of sliders) {
+            const row = this.rows.get(slider.name);
+            if (!row || row.input === document.activeElement) continue;
+            row.input.value = String(slider.value);
+            row.output.textContent = sliderText(slider, slider.value);
+        }
+    }
+
+    // All at once: the first edit would move the places of the others.
+    private put(): void {
+        const sliders = this.present();
+        if (!sliders || this.wanted.size === 0) return;
+        const edits = sliders.flatMap((slider) => {
+            const value = this.wanted.get(slider.name);
+            const isNew =
+                value !== undefined && sliderText(slider, value) !== sliderText(slider, slider.value);
+            return isNew ? [sliderEdit(slider, value)] : [];
+        });
+        this.wanted.clear();
+        if (edits.length > 0) this.editor.apply(edits);
+    }
+}
 
 export function slidersPanel(store: AppStore, editor: Editor): PanelView {
     return {
         name: 'Sliders',
         show(place) {
-            let shown = 'nothing yet';
-            const draw = (): void => {
-                const { piece, result, resultPiece } = store.state;
-                if (!result || piece !== resultPiece) return;
-                const sliders = findSliders(piece, result);
-                const kind = JSON.stringify(
-                    sliders.map(({ name, low, high, step }) => [name, low, high, step]),
-                );
-                if (kind === shown) {
-                    updateValues(place, sliders);
-                    return;
-                }
-                shown = kind;
-                place.replaceChildren(
-                    ...(sliders.length > 0
-                        ? sliders.map((slider) => showSlider(store, editor, slider))
-                        : [make('p', { class: 'muted' }, HINT)]),
-                );
-            };
-            return drawing(store, [(state) => state.resultPiece], draw);
+            const view = new SlidersView(store, editor, place);
+            return drawing(store, [(state) => state.resultPiece], () => view.draw());
         },
     };
-}
-
-// The same sliders, perhaps moved by typing.
-function updateValues(place: HTMLElement, sliders: readonly Slider[]): void {
-    for (const slider of sliders) {
-        const input = place.querySelector<HTMLInputElement>(`#slider-${CSS.escape(slider.name)}`);
-        if (!input || input === document.activeElement) continue;
-        input.value = String(slider.value);
-        const output = input.nextElementSibling;
-        if (output) output.textContent = sliderText(slider, slider.value);
-    }
 }

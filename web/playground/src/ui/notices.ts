@@ -1,4 +1,5 @@
-// Short notices at the foot of the page, which go by themselves; one with something to do stays longer.
+// Short notices at the foot of the page, which go by themselves; one with something to do stays longer, or
+// until it is closed.
 import { find, make } from './dom';
 import { iconButton } from './icons';
 
@@ -8,6 +9,13 @@ const SECONDS_TO_ACT = 15;
 export interface NoticeAction {
     readonly word: string;
     readonly act: () => void;
+    readonly lasts?: boolean;
+}
+
+// Beside those that last one more stays, the newest.
+function makeRoom(place: HTMLElement): void {
+    const passing = [...place.children].filter((one) => !one.classList.contains('lasting'));
+    for (const one of passing.slice(0, -1)) one.remove();
 }
 
 export function notice(text: string, action?: NoticeAction): void {
@@ -21,13 +29,14 @@ export function notice(text: string, action?: NoticeAction): void {
         action && make('button', { type: 'button', class: 'word-button', onclick: act }, action.word);
     const box = make(
         'div',
-        { class: 'notice' },
+        { class: action?.lasts ? 'notice lasting' : 'notice' },
         make('p', {}, text),
         button,
         iconButton('close', 'Close', remove),
     );
-    place.replaceChildren(...[...place.children].slice(-1), box);
-    setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
+    makeRoom(place);
+    place.append(box);
+    if (!action?.lasts) setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
 }
 
 export function speak(text: string): void {

@@ -1,5 +1,5 @@
 // A file on disk that the server of this page watches (scripts/playground --watch FILE): its texts are put
-// into the piece whenever they change. The server tells by events of its own; without it there are none.
+// into the piece whenever they change. The server tells by events of its own, and names itself in the address.
 import type { Autosave } from '../keep/autosave';
 import type { AppStore } from '../state/app_state';
 import { isSamePiece, toPiece, withFile, type Piece } from '../state/piece';
@@ -20,7 +20,7 @@ function take(store: AppStore, autosave: Autosave, piece: Piece): void {
 }
 
 export async function followWatchedFile(store: AppStore, autosave: Autosave): Promise<void> {
-    if (!document.querySelector('meta[name="vorn-watch"]')) return;
+    if (!new URLSearchParams(location.search).has('watch')) return;
     const source = new EventSource(PLACE);
     source.onmessage = ({ data }: MessageEvent<string>) => {
         const piece = toPiece(JSON.parse(data));

@@ -39,19 +39,6 @@ test('what was replaced is in the history', async ({ playground: page }) => {
     await expect.poll(() => textOf(page)).toContain('; mine');
 });
 
-test('the page opens without a network', async ({ playground: page, context }) => {
-    await page.evaluate(() => navigator.serviceWorker.ready);
-    await page.waitForFunction(
-        async () => (await caches.keys()).length > 0 && navigator.serviceWorker.controller,
-    );
-    await context.setOffline(true);
-    await page.reload();
-    await ready(page);
-    await load(page, SCORE);
-    expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
-    await context.setOffline(false);
-});
-
 test('files are dropped', async ({ playground: page }) => {
     const data = await page.evaluateHandle((text) => {
         const transfer = new DataTransfer();
