@@ -11,13 +11,18 @@ file(GLOB tables_with_further_texts CONFIGURE_DEPENDS kit/diagnose/*_explanation
     kit/diagnose/explanation.cpp kit/diagnose/advice.cpp kit/language/*words.cpp)
 add_executable(vorn_engine ${web_engine_sources})
 add_executable(vorn_small_engine ${small_engine_sources} ${tables_with_further_texts})
-target_compile_definitions(vorn_small_engine PRIVATE VORN_WITHOUT_FURTHER_TEXTS JSON_NOEXCEPTION
-    JSON_HAS_FILESYSTEM=0 JSON_HAS_EXPERIMENTAL_FILESYSTEM=0)
-target_link_libraries(vorn_small_engine PRIVATE nlohmann_json::nlohmann_json)
+target_compile_definitions(vorn_small_engine PRIVATE VORN_WITHOUT_FURTHER_TEXTS)
 
 target_compile_options(vorn_flags INTERFACE -flto)
 target_compile_options(vorn_core PRIVATE -Oz)
 target_compile_options(vorn_kit PRIVATE -fno-rtti -Oz)
+# Where a score of many events spends its time.
+set(busy_sources blocks/fill blocks/store generators/arithmetic generators/curves generators/ddf
+    generators/distributions generators/progress generators/random generators/value_range generators/walk
+    output/arena output/csound_writer output/event_list output/pitch_conversion output/written_value)
+list(TRANSFORM busy_sources PREPEND src/)
+list(TRANSFORM busy_sources APPEND .cpp)
+set_source_files_properties(${busy_sources} PROPERTIES COMPILE_OPTIONS -O2)
 find_program(WASM_OPT wasm-opt)  # Debian: binaryen
 if(NOT WASM_OPT)
     message(STATUS "Without wasm-opt (binaryen) the modules for pages are larger and slower")
