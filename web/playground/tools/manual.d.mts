@@ -1,4 +1,8 @@
 // What the manual's pages are, for tests in TypeScript.
 import type { ManualPage } from '../src/learn/manual';
+import type { TextFile } from '../src/state/piece';
 
-export function manualPages(docs: string): ManualPage[];
+export function manualPages(
+    docs: string,
+    isSilent?: (text: string, files: readonly TextFile[]) => boolean,
+): ManualPage[];

@@ -74,6 +74,16 @@ function convertLink(token, id, ids) {
         : [['class', 'elsewhere']];
 }
 
+// A score without events has nothing to try; one that is refused shows its mistake.
+function markSilent(markdown, isSilent) {
+    const { fence } = markdown.renderer.rules;
+    markdown.renderer.rules.fence = (tokens, index, options, env, renderer) => {
+        const { info, content } = tokens[index];
+        if (info === 'vorn' && isSilent(content, env.files)) tokens[index].attrSet('data-silent', '');
+        return fence(tokens, index, options, env, renderer);
+    };
+}
+
 const TEXT = /\.(vorn|orc|inc|txt)$/;
 
 function textsBeside(folder) {
@@ -82,16 +92,17 @@ function textsBeside(folder) {
     return names.sort().map((name) => ({ name, text: readFileSync(join(folder, name), 'utf8') }));
 }
 
-export function manualPages(docs) {
+export function manualPages(docs, isSilent = () => false) {
     const names = FIRST.flatMap((name) => pagesOf(docs, name));
     const ids = new Set(names);
     const markdown = new MarkdownIt({ html: false });
     addAnchors(markdown);
     convertLinks(markdown, ids);
+    markSilent(markdown, isSilent);
     return names.map((id) => {
         const text = readFileSync(join(docs, id), 'utf8');
         const title = /^# (.*)$/m.exec(text)?.[1] ?? id;
         const files = textsBeside(join(docs, id.replace(/\.md$/, '')));
-        return { id, title, html: markdown.render(text, { id }), files };
+        return { id, title, html: markdown.render(text, { id, files }), files };
     });
 }

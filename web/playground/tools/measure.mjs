@@ -64,6 +64,28 @@ const keyToPicture = (page, times) =>
         return found;
     }, times);
 
+// From frame to frame while the wheel turns: 16.7 is what 60 a second take, and none is left out.
+const moving = (page, wheel) =>
+    page.evaluate(async (turn) => {
+        const stage = document.querySelector('#stage');
+        const { left, top } = stage.getBoundingClientRect();
+        const frame = () => new Promise((resolve) => requestAnimationFrame(resolve));
+        const found = [];
+        let before = await frame();
+        for (let count = 0; count < 60; count++) {
+            const sign = count < 30 ? 1 : -1;
+            const place = { clientX: left + 400, clientY: top + 100, bubbles: true, cancelable: true };
+            const { deltaX = 0, deltaY = 0 } = turn;
+            stage.dispatchEvent(
+                new WheelEvent('wheel', { ...place, deltaX: sign * deltaX, deltaY: sign * deltaY }),
+            );
+            const now = await frame();
+            found.push(now - before);
+            before = now;
+        }
+        return found;
+    }, wheel);
+
 async function measureKeys(page, what, limit) {
     await page.locator('.cm-content').click();
     await page.keyboard.press('Control+End');
@@ -131,6 +153,21 @@ try {
     await page.evaluate((text) => window.vornPlayground.load({ 'many.vorn': text }), many);
     const drawing = await page.evaluate(() => window.vornPlayground.measureDrawing(20));
     tell('a picture of 100,000 events, median', median(drawing), 16.7, 'ms');
+    tell(
+        'a frame while 100,000 events are zoomed, median',
+        median(await moving(page, { deltaY: -40 })),
+        17.5,
+        'ms',
+    );
+    await moving(page, { deltaY: -20 }); // half of them, to have room to pan
+    tell('a frame while they are panned, median', median(await moving(page, { deltaX: 12 })), 17.5, 'ms');
+    await page.evaluate(
+        (text) => window.vornPlayground.load({ 'long.vorn': text }),
+        many.replace('p3 1', 'p3 50'),
+    );
+    const long = await page.evaluate(() => window.vornPlayground.measureDrawing(20));
+    tell('a picture of 100,000 events that reach over each other, median', median(long), 16.7, 'ms');
+    await page.evaluate((text) => window.vornPlayground.load({ 'many.vorn': text }), many);
     await measureKeys(page, '100,000 events', 150);
     await measureMemory(page);
 } finally {

@@ -10,6 +10,7 @@ import { mkdirSync, readFileSync, writeFileSync, existsSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
+import { loadVorn } from 'vorn-wasm/node';
 import { manualPages } from './manual.mjs';
 
 const here = dirname(dirname(fileURLToPath(import.meta.url)));
@@ -29,6 +30,14 @@ function csoundProgram() {
     const found = /__csound_wasm_inline\("([A-Za-z0-9+/=]+)"/.exec(text);
     if (!found) throw new Error('@csound/browser no longer holds its program where it is looked for.');
     return Buffer.from(found[1], 'base64');
+}
+
+const vorn = await loadVorn();
+
+function isSilent(text, files) {
+    const others = Object.fromEntries(files.map((file) => [file.name, file.text]));
+    const result = vorn.compile({ ...others, 'manual.vorn': text }, { main: 'manual.vorn', outputs: [] });
+    return result.status === 0 && result.eventCount === 0;
 }
 
 function licenceText(folder) {
@@ -51,19 +60,30 @@ function withDependencies(names, from, found = new Map()) {
 
 const own = require(join(here, 'package.json'));
 // What @csound/browser depends on is for its own loader, which is not part of the page.
-const leaves = ['@csound/browser'];
-const shipped = Object.keys(own.dependencies).filter((name) => !name.startsWith('vorn-'));
-const packages = withDependencies(
-    shipped.filter((name) => !leaves.includes(name)),
-    here,
-);
-for (const name of leaves) {
-    const about = require(join(packageFolder(name), 'package.json'));
-    packages.set(name, { name, version: about.version, licence: about.license, text: '' });
-}
+const CSOUND = '@csound/browser';
+const isPackage = (name) => name !== CSOUND && !name.startsWith('vorn-');
+const packages = withDependencies(Object.keys(own.dependencies).filter(isPackage), here);
+const wholeText = (name) => readFileSync(join(here, 'public/licences', `${name}.txt`), 'utf8').trim();
+
+// Csound's package brings no text of its licence.
+const { version, license } = require(join(packageFolder(CSOUND), 'package.json'));
+packages.set(CSOUND, { name: CSOUND, version, licence: license, text: wholeText(license) });
+
+// What is linked into the engine.
+const LINKED = [
+    { name: 'libc++', licence: 'Apache-2.0 WITH LLVM-exception', text: wholeText('libc++') },
+    { name: 'wasi-libc', licence: 'CC0-1.0 AND MIT AND BSD-2-Clause', text: wholeText('wasi-libc') },
+    { name: 'nlohmann-json', licence: 'MIT', text: wholeText('nlohmann-json') },
+    {
+        name: 'musl',
+        licence: 'MIT',
+        text: readFileSync(join(here, '../../third_party/musl/COPYRIGHT'), 'utf8'),
+    },
+];
+for (const one of LINKED) packages.set(one.name, { version: '', ...one });
 
 mkdirSync(target, { recursive: true });
 writeFileSync(join(target, 'csound.wasm.z'), csoundProgram());
-writeFileSync(join(target, 'manual.json'), JSON.stringify(manualPages(join(here, '../../docs'))));
+writeFileSync(join(target, 'manual.json'), JSON.stringify(manualPages(join(here, '../../docs'), isSilent)));
 const sorted = [...packages.values()].sort((a, b) => a.name.localeCompare(b.name));
 writeFileSync(join(target, 'licences.json'), JSON.stringify(sorted));

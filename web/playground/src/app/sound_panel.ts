@@ -1,6 +1,6 @@
 // The panel of sound: by what it is played, and what Csound says.
 import { findPorts, hasMidi, type Port } from '../sound/midi_ports';
-import { BUILT_IN, ORCHESTRA } from '../sound/sounding';
+import { BUILT_IN, MIDI, ORCHESTRA } from '../sound/sounding';
 import type { AppState, AppStore } from '../state/app_state';
 import { orchestraOf } from '../state/piece';
 import { make } from '../ui/dom';
@@ -16,6 +16,7 @@ function outputChoice(store: AppStore, ports: readonly Port[]): HTMLOptionElemen
             name: orchestra ? `Csound with ${orchestra.name}` : 'Csound with an orchestra made for it',
         },
         ...(orchestra ? [{ id: BUILT_IN, name: 'Csound with an orchestra made for it' }] : []),
+        { id: MIDI, name: 'MIDI: an instrument of this page' },
         ...ports.map(({ id, name }) => ({ id, name: `MIDI: ${name}` })),
     ];
     return choices.map(({ id, name }) =>

@@ -28,18 +28,25 @@ const KEYS: readonly (readonly [string, string])[] = [
 ];
 
 function licenceItem({ name, version, licence, text }: Licence): HTMLElement {
-    const head = make('summary', {}, `${name} ${version}, ${licence}`);
-    return make(
-        'li',
-        {},
-        text === '' ? `${name} ${version}, ${licence}` : make('details', {}, head, make('pre', {}, text)),
-    );
+    const title = [name, version].filter((word) => word !== '').join(' ');
+    const whole = make('pre', { tabindex: 0, 'aria-label': `Licence of ${name}` }, text);
+    return make('li', {}, make('details', {}, make('summary', {}, `${title}, ${licence}`), whole));
 }
+
+// Csound may be exchanged for another build of it, as its licence wants: where it lies and where it comes from.
+const csoundWords = (): HTMLElement =>
+    make(
+        'p',
+        {},
+        'Csound is a file of its own in the folder of this page, csound.wasm.z, as the package @csound/browser brings it; its sources are at github.com/csound/csound. Its licence, ',
+        make('a', { href: './licences/LGPL-2.1.txt', target: '_blank' }, 'LGPL 2.1'),
+        ', is here in full.',
+    );
 
 export async function openAbout(): Promise<void> {
     const licences = (await import('../../generated/licences.json')).default as Licence[];
     const list = make('ul', { class: 'licences' }, ...licences.map(licenceItem));
-    openDialog('About this page', false, ...WORDS.map((words) => make('p', {}, words)), list);
+    openDialog('About this page', false, ...WORDS.map((words) => make('p', {}, words)), csoundWords(), list);
 }
 
 export function openKeys(): void {

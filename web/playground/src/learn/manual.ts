@@ -97,7 +97,7 @@ class Manual {
     }
 
     private addButtons({ files }: ManualPage): void {
-        for (const code of this.text.querySelectorAll('code.language-vorn')) {
+        for (const code of this.text.querySelectorAll('code.language-vorn:not([data-silent])')) {
             const piece = triedPiece(code.textContent ?? '', files);
             code.parentElement?.after(tryButton(this.store, this.autosave, piece));
         }

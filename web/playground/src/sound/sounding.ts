@@ -6,6 +6,7 @@ import { mainFile, orchestraOf, sourcesOf, type Piece } from '../state/piece';
 import programAddress from '../../generated/csound.wasm.z?url';
 import { csoundProgram } from './csound/loading';
 import { readMidi } from './midi_file';
+import { midiPiece } from './midi_instrument';
 import { PortPlayer } from './midi_ports';
 import { Player } from './player';
 import { Renderer, Rendering, type SoundPiece } from './rendering';
@@ -13,6 +14,7 @@ import { waveFile } from './wave';
 
 export const BUILT_IN = 'built-in';
 export const ORCHESTRA = 'orchestra';
+export const MIDI = 'midi'; // the file, on an instrument of the page's own
 const DEADLINE = 10000;
 
 const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode(bytes);
@@ -93,7 +95,7 @@ export class Sounding {
     }
 
     private usesCsound(): boolean {
-        return [ORCHESTRA, BUILT_IN].includes(this.store.state.output);
+        return [ORCHESTRA, BUILT_IN, MIDI].includes(this.store.state.output);
     }
 
     private silence(): void {
@@ -149,6 +151,10 @@ export class Sounding {
     }
 
     private async toSound(piece: Piece): Promise<SoundPiece> {
+        if (this.store.state.output === MIDI) {
+            const { fullMidi } = await this.compiled(piece, 'fullMidi');
+            return midiPiece(readMidi(fullMidi ?? new Uint8Array()));
+        }
         const orchestra = this.store.state.output === ORCHESTRA ? orchestraOf(piece) : undefined;
         const files = piece.files.map(
             ({ name, text: content }) => [name, new TextEncoder().encode(content)] as const,

@@ -35,7 +35,7 @@ export interface AppState {
     readonly position: number; // seconds of the score
     readonly loops: boolean;
     readonly volume: number; // 0 to 1
-    readonly output: string; // "orchestra", "built-in" or the id of a MIDI port
+    readonly output: string; // "orchestra", "built-in", "midi" or the id of a MIDI port
     readonly soundText: string; // what Csound said
     readonly soundDiagnostics: readonly Diagnostic[];
     readonly soundTrouble: string;

@@ -12,8 +12,9 @@ export interface NoticeAction {
     readonly lasts?: boolean;
 }
 
-// Beside those that last one more stays, the newest.
-function makeRoom(place: HTMLElement): void {
+// The same is said once; beside those that last one more stays, the newest.
+function makeRoom(place: HTMLElement, text: string): void {
+    for (const one of [...place.children]) if (one.querySelector('p')?.textContent === text) one.remove();
     const passing = [...place.children].filter((one) => !one.classList.contains('lasting'));
     for (const one of passing.slice(0, -1)) one.remove();
 }
@@ -34,7 +35,7 @@ export function notice(text: string, action?: NoticeAction): void {
         button,
         iconButton('close', 'Close', remove),
     );
-    makeRoom(place);
+    makeRoom(place, text);
     place.append(box);
     if (!action?.lasts) setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
 }

@@ -152,6 +152,23 @@ test('a score in any page, by one script', async ({ page }) => {
     await expect(page.locator('vorn-score').getByRole('button', { name: 'Stop' })).toBeVisible();
 });
 
+test('a score in a page falls silent when it becomes another one', async ({ playground: page, baseURL }) => {
+    await page.goto(new URL('documents/tutorial/03-a-rhythm.html', baseURL).href);
+    const score = page.locator('vorn-score').first();
+    const words = async (): Promise<string> => (await score.locator('.words').textContent()) ?? '';
+    await expect.poll(words).toMatch(/[0-9]+ events/);
+    const before = await words();
+    await score.getByRole('button', { name: 'Play' }).click();
+    await expect(score.getByRole('button', { name: 'Stop' })).toBeVisible();
+    await score.evaluate((element, text) => element.setAttribute('src', `data:text/plain,${text}`), SCORE);
+    await expect(score.getByRole('button', { name: 'Play' })).toBeVisible();
+    await expect.poll(words).toMatch(/^8 events/);
+    expect(before).not.toMatch(/^8 events/);
+    await score.evaluate((element) => element.setAttribute('src', 'data:text/plain,nonsense'));
+    await expect.poll(words).toContain('Line 1');
+    await expect(score.getByRole('button', { name: 'Play' })).toBeDisabled();
+});
+
 test('the documents have their scores to be heard', async ({ playground: page }) => {
     await page.goto('./documents/tutorial/03-a-rhythm.html');
     const score = page.locator('vorn-score');

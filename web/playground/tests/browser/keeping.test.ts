@@ -91,6 +91,24 @@ test('a seed is rolled, kept, put back and locked', async ({ playground: page })
     await expect(page.getByRole('button', { name: 'Roll', exact: true })).toBeDisabled();
 });
 
+test('a locked seed holds for the shelf and the die, until it is unlocked', async ({ playground: page }) => {
+    await load(page, 'rs(7)\n' + SCORE.replace('c4 e4 g4 c5', 'ra(T 1 [c4 c5])'));
+    await page.getByRole('tab', { name: 'Seeds' }).click();
+    await page.getByRole('button', { name: 'Keep' }).click();
+    await page.getByRole('button', { name: 'Roll', exact: true }).click();
+    await page.evaluate(() => window.vornPlayground?.drawn());
+    const rolled = await textOf(page);
+    await page.getByRole('checkbox', { name: 'Lock' }).check();
+    await page.getByRole('button', { name: /^seed 7/ }).click();
+    await expect(page.locator('#notices')).toContainText('The seed is locked');
+    await expect(page.getByRole('button', { name: 'Roll another seed' })).toBeDisabled();
+    expect(await textOf(page)).toBe(rolled);
+    await page.getByRole('button', { name: /^seed 7/ }).click();
+    await page.getByRole('button', { name: 'Unlock and use 7' }).click();
+    expect(await textOf(page)).toContain('rs(7)');
+    await expect(page.getByRole('checkbox', { name: 'Lock' })).not.toBeChecked();
+});
+
 test('the shelf comes back with the piece from the history', async ({ playground: page }) => {
     await load(page, SCORE);
     await page.getByRole('tab', { name: 'Seeds' }).click();

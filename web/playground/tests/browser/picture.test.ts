@@ -19,6 +19,32 @@ test('the wheel zooms around the pointer and dragging pans', async ({ playground
     expect((await state(page)).span).toEqual(whole);
 });
 
+test('two fingers zoom where they are, and one pans', async ({ playground: page, context }) => {
+    await load(page, TWO);
+    const session = await context.newCDPSession(page);
+    const box = await page.locator('#stage').boundingBox();
+    const [left, y] = [box?.x ?? 0, (box?.y ?? 0) + 150];
+    const touch = (type: 'touchStart' | 'touchMove' | 'touchEnd', ...places: number[]): Promise<unknown> =>
+        session.send('Input.dispatchTouchEvent', {
+            type,
+            touchPoints: places.map((x, id) => ({ x: left + x, y, id })),
+        });
+    const whole = (await state(page)).span;
+    await touch('touchStart', 250, 350);
+    for (let step = 1; step <= 5; step++) await touch('touchMove', 250 - 20 * step, 350 + 20 * step);
+    await touch('touchEnd');
+    const zoomed = (await state(page)).span;
+    const part = (zoomed.to - zoomed.from) / (whole.to - whole.from);
+    expect(part).toBeCloseTo(1 / 3, 1);
+    expect(zoomed.from).toBeGreaterThan(0);
+    await touch('touchStart', 400);
+    for (let step = 1; step <= 5; step++) await touch('touchMove', 400 - 20 * step);
+    await touch('touchEnd');
+    const panned = (await state(page)).span;
+    expect(panned.from).toBeGreaterThan(zoomed.from);
+    expect(panned.to - panned.from).toBeCloseTo(zoomed.to - zoomed.from, 6);
+});
+
 test('keys zoom, pan and show all', async ({ playground: page }) => {
     await load(page, TWO);
     await page.locator('#stage').focus();
@@ -70,6 +96,11 @@ test('an instrument is hidden and shown', async ({ playground: page }) => {
     await page.getByRole('button', { name: 'i2' }).click();
     await page.evaluate(() => window.vornPlayground?.drawn());
     expect(await inkOf(page)).toBeLessThan(all * 0.8);
+});
+
+test('a rest is no event', async ({ playground: page }) => {
+    await load(page, SCORE.replace('p3 .9', 'p3 < .9 -1 >'));
+    await expect(page.locator('#status')).toContainText('4 events');
 });
 
 test('the histogram tells the values of a field', async ({ playground: page }) => {

@@ -1,6 +1,9 @@
 import { fileURLToPath } from 'node:url';
 import { describe, expect, it } from 'vitest';
 import { triedPiece } from '../../src/learn/tried';
+import { sourcesOf } from '../../src/state/piece';
+import { loadVorn } from 'vorn-wasm/node';
+import manual from '../../generated/manual.json';
 import { manualPages } from '../../tools/manual.mjs';
 
 const files = [
@@ -11,6 +14,8 @@ const files = [
     { name: 'other.inc', text: '; nothing\n' },
 ];
 const namesOf = (text: string): string[] => triedPiece(text, files).files.map(({ name }) => name);
+
+const ENTITIES: Record<string, string> = { lt: '<', gt: '>', quot: '"', amp: '&' };
 
 describe('a score of the manual', () => {
     it('brings what it names, what that names, and its orchestra', () => {
@@ -33,5 +38,30 @@ describe('a score of the manual', () => {
             'part-bass.vorn',
             'part-melody.vorn',
         ]);
+    });
+});
+
+describe('a score that can be tried', () => {
+    const tried = manual.flatMap(({ id, html, files: beside }) =>
+        [...html.matchAll(/<code class="language-vorn">([^<]*)</g)].map(([, code = '']) => ({
+            id,
+            piece: triedPiece(
+                code.replace(/&(lt|gt|quot|amp);/g, (_, name: string) => ENTITIES[name] ?? ''),
+                beside,
+            ),
+        })),
+    );
+    it('has events, or the mistake that it shows', async () => {
+        const vorn = await loadVorn();
+        expect(tried.length).toBeGreaterThan(50);
+        for (const { id, piece } of tried) {
+            const { status, eventCount } = vorn.compile(sourcesOf(piece), { outputs: [] });
+            expect(status === 1 || eventCount > 0, `${id}: ${piece.files[0]?.text ?? ''}`).toBe(true);
+        }
+    });
+    it('has a button; what only passes lines on has none', () => {
+        const preprocessor = manual.find(({ id }) => id === 'preprocessor.md')?.html ?? '';
+        expect(preprocessor).toContain('<code data-silent="" class="language-vorn">; A constant');
+        expect(preprocessor).toContain('<code class="language-vorn">; A tempo');
     });
 });

@@ -2,6 +2,7 @@ import { describe, expect, it } from 'vitest';
 import { csoundDocument } from '../../src/files/downloads';
 import { forBrowsers } from '../../src/sound/csound/dialect';
 import { readMidi } from '../../src/sound/midi_file';
+import { midiPiece, notesOf } from '../../src/sound/midi_instrument';
 import { Rendering } from '../../src/sound/rendering';
 import { waveFile } from '../../src/sound/wave';
 
@@ -35,6 +36,26 @@ describe('a MIDI file', () => {
     });
     it('is nothing when it is something else', () => {
         expect(readMidi(Uint8Array.of(1, 2, 3))).toEqual([]);
+    });
+});
+
+describe('the notes of a MIDI file', () => {
+    const on = (seconds: number, key: number, velocity = 100, channel = 0) => ({
+        seconds,
+        bytes: [0x90 + channel, key, velocity],
+    });
+    it('last until they are let go, struck once more, or the file ends', () => {
+        const messages = [on(0, 60), on(1, 60, 0), on(1, 62), on(2, 62, 50), on(3, 64, 100, 9), on(4, 10, 0)];
+        expect(notesOf(messages).map(({ key, begin, end }) => [key, begin, end])).toEqual([
+            [60, 0, 1],
+            [62, 1, 2],
+            [62, 2, 4],
+            [64, 3, 4],
+        ]);
+    });
+    it('become lines of a score, drums for an instrument of their own', () => {
+        const { score } = midiPiece([on(0, 69, 64), on(1.5, 69, 0), on(2, 38, 90, 9), on(3, 38, 0, 9)]);
+        expect(score).toBe('i1 0.0000 1.5000 69 64 0.20\ni2 2.0000 1.0000 38 90 0.72\ne\n');
     });
 });
 
