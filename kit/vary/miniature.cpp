@@ -126,8 +126,8 @@ private:
             at = static_cast<std::size_t>(end - cells);
             if (begin == end) continue;
             const std::string width = std::to_string(end - begin);
-            path += "M" + std::to_string(begin - cells) + " " + std::to_string(row) + "h" + width + "v1h-" +
-                    width + "z";
+            path += "M" + std::to_string(begin - cells) + " " + std::to_string(row);
+            path.append("h").append(width).append("v1h-").append(width).append("z");
         }
     }
 
