@@ -74,7 +74,7 @@ mode_t rights_for(const std::string& path) {
 std::string behind_links(const std::string& path) {
     char* resolved = realpath(path.c_str(), nullptr);
     if (resolved == nullptr) return path;
-    const std::string target = resolved;
+    std::string target = resolved;
     std::free(resolved);
     return target;
 }

@@ -3,11 +3,10 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include "kit/command/console.h"
 #include "kit/command/process.h"
-
-extern char** environ;
 
 // Children begin with no signal blocked and the default action for each, whatever
 // their parent waits for.

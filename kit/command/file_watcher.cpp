@@ -28,7 +28,7 @@ std::string name_in_folder(const std::string& path) { return path.substr(path.rf
 
 std::string behind_links(const std::string& path) {
     char* const resolved = realpath(path.c_str(), nullptr);
-    const std::string target = resolved != nullptr ? resolved : path;
+    std::string target = resolved != nullptr ? resolved : path;
     std::free(resolved);
     return target;
 }

@@ -42,7 +42,7 @@ bool is_empty(const std::string& folder) {
 
 // The name as a shell takes it, and a command that would read an option where "-" begins it.
 std::string quoted(const std::string& plain_name) {
-    const std::string name = plain_name.starts_with('-') ? "./" + plain_name : plain_name;
+    std::string name = plain_name.starts_with('-') ? "./" + plain_name : plain_name;
     constexpr const char* PLAIN = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-./";
     if (name.find_first_not_of(PLAIN) == std::string::npos) return name;
     std::string text = "'";

@@ -205,6 +205,7 @@ void end_running_processes() {
 
 std::vector<char*> argument_vector(const std::vector<std::string>& arguments) {
     std::vector<char*> vector;
+    vector.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) vector.push_back(const_cast<char*>(argument.c_str()));
     vector.push_back(nullptr);
     return vector;

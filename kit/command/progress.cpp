@@ -32,7 +32,7 @@ void print(const std::string& text) {
 
 }  // namespace
 
-Progress::Progress(std::string doing) : doing_(shown(doing)) {
+Progress::Progress(const std::string& doing) : doing_(shown(doing)) {
     if (is_able_terminal(stderr)) thread_ = std::thread(&Progress::show_until_over, this);
 }
 

@@ -17,7 +17,7 @@ namespace vorn::kit {
 
 class Progress {
 public:
-    explicit Progress(std::string doing);
+    explicit Progress(const std::string& doing);
     ~Progress();  // takes the line away
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

@@ -102,6 +102,14 @@ std::string find_sound_font(const std::string& wanted) {
     return "";
 }
 
+// Why Csound has made no whole sound; empty: it has.
+std::string failure_of(const PerformanceReport& report, int status) {
+    if (report.disk_is_full) return NOT_WHOLE;
+    if (report.lacks_device) return NO_FILE;
+    if (!report.has_ended) return "Csound ended before its time, status " + std::to_string(status);
+    return report.has_started ? "" : "Csound does not take the orchestra or the score";
+}
+
 // "inch 1, 2" and "outch 1, a1, 2, a2" for as many channels as there are.
 std::string player_text(const WaveFigures& figures) {
     std::string names;
@@ -138,16 +146,9 @@ Rendering render_score(const std::string& orchestra, const std::string& score, c
     if (!has_begun(result, "csound", "csound")) return rendering;
     const PerformanceReport report = read_performance(result.errors + result.output, run);
     tell(report, run.map);
-    if (report.disk_is_full) {
-        complain(NOT_WHOLE);
-    } else if (report.lacks_device) {
-        complain(NO_FILE);
-    } else if (!report.has_ended) {
-        complain("Csound ended before its time, status " + std::to_string(result.status));
-    } else if (!report.has_started) {
-        complain("Csound does not take the orchestra or the score");
-    } else if (!measure(rendering, wave)) {
-        complain(NO_FILE);
+    const std::string failure = failure_of(report, result.status);
+    if (!failure.empty() || !measure(rendering, wave)) {
+        complain(failure.empty() ? NO_FILE : failure);
     } else {
         rendering.outcome = has_errors(report, run.map) ? Outcome::REFUSED : Outcome::WELL;
         rendering.lacks_instruments = report.lacks_instruments;

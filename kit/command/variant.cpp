@@ -92,8 +92,7 @@ std::string as_file(const std::string& name) { return name.substr(0, 1) == "-" ?
 std::string reason_of_silence(const ProcessResult& csound, const std::string& sound, const ScoreRun& run) {
     const PerformanceReport report = read_performance(csound.errors + csound.output, run);
     if (report.disk_is_full) return "Csound could not write the sound whole; the disk may be full";
-    if (const std::string complaints = complaint_lines(report, run.map); !complaints.empty())
-        return complaints;
+    if (std::string complaints = complaint_lines(report, run.map); !complaints.empty()) return complaints;
     std::error_code ignored;
     if (csound.status == 0 && fs::file_size(sound, ignored) > 0) return {};
     return "Csound ended before its time, status " + std::to_string(csound.status);

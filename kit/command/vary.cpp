@@ -86,7 +86,7 @@ std::string take_counts(VaryPlan& plan, VaryArguments& arguments, std::string& n
         name = assignment.name;
         plan.range = assignment.range;
     }
-    if (const std::string reason = check_counts(arguments, plan.range); !reason.empty()) return reason;
+    if (std::string reason = check_counts(arguments, plan.range); !reason.empty()) return reason;
     plan.first = static_cast<unsigned>(arguments.first);
     plan.count = static_cast<unsigned>(arguments.count);
     return {};
