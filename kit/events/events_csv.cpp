@@ -23,7 +23,7 @@ void add_header(TableText& text, std::size_t columns) {
     text.text("block,instrument,file,line,start,start_written,duration,duration_written,beat");
     for (std::size_t pfield = 4; pfield < columns + 4; ++pfield) {
         const std::string name = "p" + std::to_string(pfield);
-        text.text("," + name + "," + name + "_written");
+        for (const char* const part : {",", name.c_str(), ",", name.c_str(), "_written"}) text.text(part);
     }
     text.character('\n');
 }
