@@ -3,7 +3,7 @@
 # programs and those for any Linux write the same; the sources build by themselves.
 # With --bare (scripts/check packages) the package is also installed, used and removed in
 # a bare root of Debian, which has to be fetched, and the program for any Linux runs there;
-# the archive for Windows is made and used under Wine.
+# the archive for Windows is made and used under Wine, that of the playground made.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 work=$(mktemp -d)
@@ -69,6 +69,8 @@ use_under_wine() {
 if [ "${1:-}" = --bare ]; then
     use_in_bare_root
     use_under_wine
+    scripts/release playground >"$work/made" || { cat "$work/made"; fail "no archive of the playground"; }
+    unzip -l build/packages/vorn-*-playground.zip | grep -q ' index.html$' || fail "the playground has no page at its top"
 fi
 
 mkdir "$work/sources"
