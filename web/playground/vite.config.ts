@@ -16,5 +16,5 @@ export default defineConfig({
         reportCompressedSize: false,
     },
     plugins: [contentSecurity(), serviceWorker()],
-    test: { include: ['tests/unit/**/*.test.ts'] },
+    test: { include: ['tests/unit/**/*.test.ts'], setupFiles: ['tests/unit/raw_streams.ts'] },
 });
