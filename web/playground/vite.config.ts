@@ -16,5 +16,9 @@ export default defineConfig({
         reportCompressedSize: false,
     },
     plugins: [contentSecurity(), serviceWorker()],
-    test: { include: ['tests/unit/**/*.test.ts'], setupFiles: ['tests/unit/raw_streams.ts'] },
+    test: {
+        include: ['tests/unit/**/*.test.ts'],
+        setupFiles: ['tests/unit/raw_streams.ts'],
+        testTimeout: 30_000,
+    },
 });

@@ -9,7 +9,7 @@ import { namesIn, type Name } from './names.js';
 import type { ScanState } from './scanner.js';
 import { wordsOf } from './tables.js';
 import { tokensAt } from './tokens.js';
-import type { Word } from './word.js';
+import type { Word } from 'vorn-wasm';
 
 // What may stand at the cursor is offered, and nothing else: output types in the
 // parentheses behind a p-field, curves in mo(), macros behind "$".

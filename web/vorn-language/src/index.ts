@@ -3,4 +3,4 @@ export { hoverTextAt, type HoverText } from './hover.js';
 export { scoreLanguage, vorn, type VornLanguageOptions } from './language.js';
 export type { Name } from './names.js';
 export { WORDS } from './words.js';
-export type { Word } from './word.js';
+export type { Word } from 'vorn-wasm';

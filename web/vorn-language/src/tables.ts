@@ -1,4 +1,4 @@
-import type { Word } from './word.js';
+import type { Word } from 'vorn-wasm';
 import { WORDS } from './words.js';
 
 // The word list, by kind and by spelling.

@@ -1,5 +1,5 @@
 // Made by tools/make_words.mjs from the engine's own list; not to be changed by hand.
-import type { Word } from './word.js';
+import type { Word } from 'vorn-wasm';
 
 export const WORDS: readonly Word[] = [
     {

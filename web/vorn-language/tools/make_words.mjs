@@ -8,7 +8,7 @@ const lines = words.map((word) => `    ${JSON.stringify(word)},`).join('\n');
 writeFileSync(
     new URL('../src/words.ts', import.meta.url),
     `// Made by tools/make_words.mjs from the engine's own list; not to be changed by hand.
-import type { Word } from './word.js';
+import type { Word } from 'vorn-wasm';
 
 export const WORDS: readonly Word[] = [
 ${lines}

@@ -10,7 +10,7 @@ interface Licence {
 }
 
 const WORDS = [
-    'Vorn writes scores for computer music from a short description. This page is Vorn in the browser: the same engine, the same bytes, the same messages. Csound, which plays them, is loaded when sound is first asked for.',
+    'Vorn writes scores for computer music from a short description. This page is Vorn in the browser: the same engine, the same bytes, the same messages. Csound, which plays them, is fetched when the rest of the page is there.',
     'Nothing you write leaves this browser. There are no cookies, no tracking and no requests to other hosts; once loaded, the page works without a network. What you write is kept in this browser, with its history.',
     'Vorn is free under the MIT licence. The page stands on the work of others:',
 ];
@@ -46,7 +46,8 @@ const csoundWords = (): HTMLElement =>
 export async function openAbout(): Promise<void> {
     const licences = (await import('../../generated/licences.json')).default as Licence[];
     const list = make('ul', { class: 'licences' }, ...licences.map(licenceItem));
-    openDialog('About this page', false, ...WORDS.map((words) => make('p', {}, words)), csoundWords(), list);
+    const words = WORDS.map((text) => make('p', {}, text));
+    openDialog('About this page', false, ...words.slice(0, -1), csoundWords(), ...words.slice(-1), list);
 }
 
 export function openKeys(): void {

@@ -1,12 +1,15 @@
 // What stands behind the events: axis, tempo, the blocks as brackets, octaves and the names of lanes.
 import type { Drawing } from './events';
-import { keyY, laneY, toX, type Band, type PlacedBracket } from './layout';
+import { keyY, laneY, toX, type Band, type Layout, type PlacedBracket } from './layout';
+import type { Range } from './scene';
 import { lengthOf, timeStep, timeText } from './span';
 import { colorOf, hex, mixed } from './tones';
 
 export const FONT = '"IBM Plex Sans", "Helvetica Neue", Helvetica, Arial, sans-serif';
 const LEAST_TICK = 70; // pixels between two marks of the axis
 const LEAST_OCTAVE = 14;
+const LEAST_ROW = 3; // that the eye tells apart
+const BLACK_KEYS = [1, 3, 6, 8, 10];
 
 export type Paper = CanvasRenderingContext2D;
 
@@ -82,14 +85,32 @@ function drawBracket(sheet: Sheet, { of, top, height }: PlacedBracket): void {
     write(sheet, label, left + 6, top + height - 3, tones.ink, isChosen ? 600 : 400);
 }
 
+const rowHeight = ({ keys }: Layout, roll: Band): number => roll.height / (keys.high - keys.low);
+
+// As on a keyboard, "cs", "ef", "fs", "af" and "bf" are darker, so that each row is known by its neighbours.
+function drawKeyboard(sheet: Sheet, roll: Band): void {
+    const { layout, paper, tones } = sheet;
+    const high = rowHeight(layout, roll);
+    if (high < LEAST_ROW) return;
+    paper.fillStyle = hex(tones.band);
+    for (let key = Math.ceil(layout.keys.low); key <= layout.keys.high; key++) {
+        if (!BLACK_KEYS.includes(((key % 12) + 12) % 12)) continue;
+        const top = Math.max(roll.top, keyY(layout, roll, key) - high / 2);
+        const bottom = Math.min(roll.top + roll.height, keyY(layout, roll, key) + high / 2);
+        paper.fillRect(layout.gutter, top, layout.width - layout.gutter, bottom - top);
+    }
+}
+
+// A line below each c, or through it where rows are too narrow.
 function drawOctaves(sheet: Sheet, roll: Band): void {
     const { layout, tones } = sheet;
-    const perKey = roll.height / (layout.keys.high - layout.keys.low);
+    const perKey = rowHeight(layout, roll);
+    const below = perKey < LEAST_ROW ? 0 : perKey / 2;
     const every = 12 * perKey >= LEAST_OCTAVE ? 12 : 24;
     sheet.paper.textAlign = 'right';
     for (let key = Math.ceil(layout.keys.low / 12) * 12; key <= layout.keys.high; key += every) {
         const y = keyY(layout, roll, key);
-        rule(sheet, layout.gutter, y, layout.width, y);
+        rule(sheet, layout.gutter, y + below, layout.width, y + below);
         if (y > roll.top + 6) write(sheet, `c${key / 12 - 1}`, layout.gutter - 8, y + 4, tones.muted);
     }
 }
@@ -98,6 +119,13 @@ function drawOctaves(sheet: Sheet, roll: Band): void {
 export function shortNumber(value: number): string {
     if (Number.isInteger(value)) return String(value);
     return String(Number(value.toPrecision(Math.abs(value) >= 1000 ? 5 : 3)));
+}
+
+// The ends of a range in no more digits than its extent wants: next to 1 a millionth is 0.
+export function rangeNumbers({ low, high }: Range): [string, string] {
+    const digits = Math.min(12, Math.max(0, Math.ceil(-Math.log10((high - low) / 100))));
+    const text = (value: number): string => String(Number(value.toFixed(digits)));
+    return [text(low), text(high)];
 }
 
 function drawLaneNames(sheet: Sheet): void {
@@ -109,8 +137,9 @@ function drawLaneNames(sheet: Sheet): void {
         rule(sheet, layout.gutter, lane.top + lane.height, layout.width, lane.top + lane.height);
         write(sheet, `P${pfield}`, x, lane.top + lane.height / 2 + 4, tones.ink, 600);
         if (range.high > range.low) {
-            write(sheet, shortNumber(range.high), x, laneY(lane, range.high) + 3, tones.muted);
-            write(sheet, shortNumber(range.low), x, laneY(lane, range.low) + 4, tones.muted);
+            const [low, high] = rangeNumbers(range);
+            write(sheet, high, x, laneY(lane, range.high) + 3, tones.muted);
+            write(sheet, low, x, laneY(lane, range.low) + 4, tones.muted);
         }
     }
     for (const [instrument, band] of layout.strokes) {
@@ -135,6 +164,7 @@ function drawChosen(sheet: Sheet): void {
 
 export function drawBackdrop(sheet: Sheet): void {
     const { layout, paper, tones } = sheet;
+    if (layout.roll) drawKeyboard(sheet, layout.roll);
     drawAxis(sheet, layout.height);
     drawChosen(sheet);
     paper.textAlign = 'right';

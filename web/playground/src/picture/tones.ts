@@ -5,6 +5,7 @@ export interface Tones {
     readonly ink: number;
     readonly muted: number;
     readonly grid: number;
+    readonly band: number; // behind the black keys
     readonly instruments: readonly number[]; // the fullest shade of each
     readonly faint: readonly number[]; // the lowest
 }
@@ -14,6 +15,7 @@ export const LIGHT: Tones = {
     ink: 0x1a1a1a,
     muted: 0x5c5f66,
     grid: 0xdcdfe4,
+    band: 0xf2f3f6,
     instruments: [0x0053b1, 0x9a4300, 0x006138, 0x853f73, 0x000000],
     faint: [0x1b92e2, 0xf06700, 0x129e68, 0xcf76b5, 0x8c8c8c],
 };
@@ -23,6 +25,7 @@ export const DARK: Tones = {
     ink: 0xf0f1f3,
     muted: 0xa3a8b0,
     grid: 0x33373e,
+    band: 0x1e2127,
     instruments: [0x56b4e9, 0xe69f00, 0x009e73, 0xcc79a7, 0xf0e442],
     faint: [0x4181a7, 0xa37308, 0x067257, 0x91597a, 0xaaa235],
 };

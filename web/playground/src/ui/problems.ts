@@ -6,6 +6,7 @@ import { LONG_DEADLINE, type Computing } from '../engine/computing';
 import type { AppStore } from '../state/app_state';
 import { fileOf } from '../state/piece';
 import { find, make, prose } from './dom';
+import { speak } from './notices';
 
 const MOST = 100;
 
@@ -73,15 +74,43 @@ function showTrouble(store: AppStore, computing: Computing): HTMLElement {
     );
 }
 
+const NOTHING = 'Nothing to mend.';
+const PAUSE = 1200; // milliseconds without a change, after which a screen reader is told
+
+function inWords(all: readonly Diagnostic[]): string {
+    const [first] = all;
+    if (!first) return NOTHING;
+    const others = all.length > 1 ? `, and ${all.length - 1} more` : '';
+    const line = first.place ? `Line ${first.place.line}: ` : '';
+    return `${line}${severityName[first.severity]}, ${first.text}${others}`;
+}
+
+// Told when writing pauses, and only what is new.
+class Told {
+    private last = NOTHING;
+    private timer: ReturnType<typeof setTimeout> | undefined;
+
+    tell(words: string): void {
+        clearTimeout(this.timer);
+        if (words === this.last) return;
+        this.timer = setTimeout(() => {
+            this.last = words;
+            speak(words);
+        }, PAUSE);
+    }
+}
+
 export function showProblems(store: AppStore, editor: Editor, computing: Computing): void {
     const place = find('#problems', HTMLElement);
+    const told = new Told();
     const draw = (): void => {
         const { result, trouble } = store.state;
         const all = allDiagnostics(store.state);
+        told.tell(inWords(all));
         const items = all.slice(0, MOST).map((one) => showProblem(store, editor, one));
         if (trouble !== '') items.unshift(showTrouble(store, computing));
         if (all.length > MOST) items.push(make('li', { class: 'all-well' }, `and ${all.length - MOST} more`));
-        const well = result && items.length === 0 && make('p', { class: 'all-well' }, 'Nothing to mend.');
+        const well = result && items.length === 0 && make('p', { class: 'all-well' }, NOTHING);
         place.replaceChildren(
             ...(well ? [well] : items.length > 0 ? [make('ul', { class: 'list-plain' }, ...items)] : []),
         );

@@ -111,6 +111,51 @@ test('everything is reached by keys', async ({ playground: page }) => {
     }
 });
 
+test('a screen reader is told what stands where', async ({ playground: page }) => {
+    await load(page, SCORE);
+    await expect(page.locator('body')).toMatchAriaSnapshot(`
+      - banner:
+        - heading "Vorn" [level=1]
+        - textbox "Title of the piece"
+        - group "Sound":
+          - button "Play"
+          - button "Play from the block at the cursor (Ctrl+Shift+Enter)"
+          - button "Play in a loop"
+          - slider "Volume"
+          - timer "Time"
+        - group "Piece":
+          - button "Roll another seed"
+          - button "Examples"
+          - button "Manual"
+          - button "Share"
+          - button "Download"
+          - button "More"
+      - main:
+        - region "Text":
+          - tablist "Files":
+            - tab "piece.vorn" [selected]
+          - textbox "Score piece.vorn"
+          - region "Mistakes and advice":
+            - paragraph: Nothing to mend.
+        - separator "Width of the text"
+        - region "Picture":
+          - group "Instruments":
+            - button "i1" [pressed]
+          - group "Zoom"
+          - application "Picture of the score"
+          - region "Panels":
+            - tablist "Panels":
+              - tab "Values" [selected]
+            - tabpanel "Values":
+              - combobox "Field"
+              - img /Histogram of P5/
+      - contentinfo
+      - status
+    `);
+    await load(page, SCORE.replace('c5', 'bb4'));
+    await expect(page.locator('#spoken')).toContainText(/^Line 4: .*bb4/);
+});
+
 test('a menu closes when it is left by Tab', async ({ playground: page }) => {
     await page.getByRole('button', { name: 'Download' }).focus();
     await page.keyboard.press('Enter');

@@ -22,6 +22,7 @@ test('a mistake is underlined and listed, and goes by its quick fix', async ({ p
 for (const [wrong, right] of [
     ['p4 ra(T 1 [1 2]', 'p4 ra(T 1 [1 2])'],
     ['p4(hz) c4', 'p4(hz) no c4'],
+    ['p4 0,9', 'p4 0.9'],
 ] as const) {
     test(`"${wrong}" is cured by a key`, async ({ playground: page }) => {
         await load(page, `i1 = 4, 0, 2 {\np2 1\np3 1\n${wrong}\n}\n`);

@@ -1,5 +1,6 @@
 import { readFileSync } from 'node:fs';
 import { describe, expect, it } from 'vitest';
+import { rangeNumbers } from '../../src/picture/backdrop';
 import { eventLines, keyName } from '../../src/picture/event_text';
 import { shadeOf } from '../../src/picture/events';
 import { binTotals, fieldNames, makeHistogram } from '../../src/picture/histogram';
@@ -54,6 +55,15 @@ describe('a scene', () => {
     it('finds the first start by bisection', () => {
         const starts = Float32Array.of(0, 1, 1, 2);
         expect([-1, 0, 0.5, 1, 1.5, 9].map((time) => firstFrom(starts, time))).toEqual([0, 0, 1, 1, 3, 4]);
+    });
+});
+
+describe('the ends of a range', () => {
+    it('have no more digits than its extent wants', () => {
+        expect(rangeNumbers({ low: 0.00000266, high: 0.99999 })).toEqual(['0', '1']);
+        expect(rangeNumbers({ low: 0.1, high: 0.925 })).toEqual(['0.1', '0.925']);
+        expect(rangeNumbers({ low: 440, high: 440.002 })).toEqual(['440', '440.002']);
+        expect(rangeNumbers({ low: -12, high: 30000.4 })).toEqual(['-12', '30000']);
     });
 });
 
@@ -166,6 +176,7 @@ describe('colours', () => {
             tones.ink,
             tones.muted,
             tones.grid,
+            tones.band,
             ...tones.instruments,
             ...tones.faint,
         ]);
