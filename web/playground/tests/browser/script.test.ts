@@ -27,15 +27,17 @@ const firstLine = (process: ChildProcess): Promise<string> =>
     });
 
 async function served(words: readonly string[], use: (address: string) => Promise<void>): Promise<void> {
-    const script = spawn(SCRIPT, words, { stdio: ['ignore', 'pipe', 'pipe'] });
+    const [program = '', ...others] = words;
+    const server = spawn(program, others, { stdio: ['ignore', 'pipe', 'pipe'] });
     try {
-        await use(await firstLine(script));
+        await use(await firstLine(server));
     } finally {
-        script.kill();
+        server.kill();
     }
 }
 
-test('scripts/playground builds the page and serves it, and then with a file at the same place', async ({
+// What the browser holds of the page from before, without a file, must not hide it.
+test('scripts/playground builds the page and serves it with a file, where it was served without one', async ({
     page,
 }) => {
     test.setTimeout(BUILD);
@@ -44,13 +46,13 @@ test('scripts/playground builds the page and serves it, and then with a file at 
     writeFileSync(file, SCORE);
     const port = String(await freePort());
     try {
-        await served(['--port', port], async (address) => {
+        await served([process.execPath, 'tools/serve.mjs', '--port', port], async (address) => {
             expect(address).toBe(`http://localhost:${port}/`);
             await open(page, address);
             await page.evaluate(() => window.vornPlayground?.offline());
             expect((await facts(page)).eventCount).toBeGreaterThan(100);
         });
-        await served(['--port', port, '--watch', file], async (address) => {
+        await served([SCRIPT, '--port', port, '--watch', file], async (address) => {
             await open(page, address);
             await expect.poll(() => textOf(page, 'disk.vorn')).toBe(SCORE);
             writeFileSync(file, SCORE.replace('0, 4', '0, 8'));
