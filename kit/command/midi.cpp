@@ -91,10 +91,11 @@ void add_midi(CLI::App& app, Outcome& outcome) {
         "Example: vornkit midi piece.vorn piece.mid\n"
         "         vornkit midi --pitch p4 --velocity p5 --channel 3=10 --program 1=33 piece.vorn piece.mid\n"
         "\n"
-        "Levels become velocities, 1 to 127. Amplitudes: 32767 is 127, or the largest where one is\n"
-        "larger. Fractions, 0 to 1: 1 is 127. Decibels: the loudest of the score is 127, and 40 below\n"
-        "it are a tenth. A note tells what was scaled; a level without decibels, up to 1, counts as a\n"
-        "fraction, up to 120 as decibels, above as an amplitude.\n");
+        "Levels become velocities, 1 to 127. Whole numbers up to 127 are velocities already. Amplitudes\n"
+        "from 3277 to 32767, the largest above 13107, are taken as with vorn -m, where 32767 is 127, and\n"
+        "fractions alike, where 1 is 127. Other levels are scaled: the loudest of the score is 127, and\n"
+        "a quarter of its amplitude, 12 decibels less, is 64. A note tells what was scaled. A level\n"
+        "without decibels up to 1 counts as a fraction, up to 120 as decibels, above as an amplitude.\n");
     const auto arguments = std::make_shared<MidiArguments>();
     command->add_option("SCORE", arguments->score, "the score; - is standard input")->required();
     command->add_option("OUT", arguments->output, "the MIDI file; - is standard output")->required();

@@ -19,6 +19,7 @@ namespace {
 constexpr double KEY_OF_LOWEST_C = 12;
 constexpr double KEY_OF_A440 = 69;
 constexpr float HIGHEST_KEY = 127;
+constexpr float HIGHEST_VELOCITY = 127;
 constexpr float HIGHEST_DECIBELS = 120;
 constexpr double LARGEST_AMPLITUDE = 32768;
 constexpr double LARGEST_DECIBELS = 90.31;  // of that amplitude above 1
@@ -95,11 +96,13 @@ const FieldRecord* pitch_field(const BlockRecord& block, int wanted) {
 }
 
 // Amplitudes that `db` has made, and those that it will write, are amplitudes.
-LevelUnit level_unit(const BlockRecord& block, const FieldRecord& field) {
-    if (has_decibels(field)) return LevelUnit::AMPLITUDE;
+LevelRole level_role(const BlockRecord& block, const FieldRecord& field) {
+    if (has_decibels(field)) return {field.number, LevelUnit::AMPLITUDE};
     const Range range = range_of(block, field.number);
-    if (range.low >= 0 && range.high <= 1) return LevelUnit::FRACTION;
-    return range.high <= HIGHEST_DECIBELS ? LevelUnit::DECIBELS : LevelUnit::AMPLITUDE;
+    if (range.low >= 0 && range.high <= 1) return {field.number, LevelUnit::FRACTION};
+    const bool may_be_velocity = range.low >= 0 && range.high <= HIGHEST_VELOCITY;
+    return {field.number, range.high <= HIGHEST_DECIBELS ? LevelUnit::DECIBELS : LevelUnit::AMPLITUDE,
+            may_be_velocity};
 }
 
 const FieldRecord* level_field(const BlockRecord& block, const WantedRoles& wanted) {
@@ -129,7 +132,7 @@ PitchRole find_pitch(const BlockRecord& block, const WantedRoles& wanted) {
 
 LevelRole find_level(const BlockRecord& block, const WantedRoles& wanted) {
     const FieldRecord* const field = level_field(block, wanted);
-    return field == nullptr ? LevelRole{} : LevelRole{field->number, level_unit(block, *field)};
+    return field == nullptr ? LevelRole{} : level_role(block, *field);
 }
 
 double to_key(const PitchRole& role, float value) {

@@ -26,6 +26,7 @@ struct PitchRole {
 struct LevelRole {
     int pfield = 0;  // 0: the block has none
     LevelUnit unit = LevelUnit::AMPLITUDE;
+    bool may_be_velocity = false;  // numbers without decibels, of the range of velocities
 };
 
 // P-fields that somebody asked for; 0: to be found.

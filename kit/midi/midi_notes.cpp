@@ -181,7 +181,7 @@ MidiNotes midi_notes(const ScoreRun& run, const MidiOptions& options) {
                                  ", so the file counts seconds: 60 quarters per minute");
     }
     const VelocityScale velocities(run, options.roles);
-    if (!velocities.remark().empty()) result.remarks.push_back(velocities.remark());
+    result.remarks.insert(result.remarks.end(), velocities.remarks().begin(), velocities.remarks().end());
     result.tracks = make_tracks(run, options);
     remark_absent(result.remarks, result.tracks, options.channels, "channel");
     remark_absent(result.remarks, result.tracks, options.programs, "program");
@@ -189,9 +189,10 @@ MidiNotes midi_notes(const ScoreRun& run, const MidiOptions& options) {
     Losses losses;
     for (const BlockRecord& block : run.blocks) {
         if (block.is_skipped) continue;
-        const auto track =
-            std::find_if(result.tracks.begin(), result.tracks.end(),
-                         [&](const MidiTrack& one) { return one.instrument == block.instrument; });
+        // The tracks are sorted by instrument.
+        const auto track = std::lower_bound(
+            result.tracks.begin(), result.tracks.end(), block.instrument,
+            [](const MidiTrack& one, int instrument) { return one.instrument < instrument; });
         add_notes(*track, block, options, velocities, timing, losses);
     }
     for (MidiTrack& track : result.tracks) part_equal_keys(track.notes, losses);

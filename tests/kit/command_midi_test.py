@@ -85,9 +85,22 @@ class MidiCommand(CommandTest):
             done = self.vornkit("midi", "piece.vorn", "piece.mid")
             self.assertEqual("note: the tempo changes, so the file counts seconds" in done.stderr, told)
 
+    def test_soft_scores_are_loud_and_velocities_stay(self):
+        score = "i1 = 5 0 -4 {\np2 1\np3 .9\np4 LEVELS\np5 60 62 64 65 }\n"
+        for levels, velocities, note in (
+                ("1000 2000 3000 4000", [64, 90, 110, 127], "the amplitude 4000 is 127"),
+                ("60 80 100 127", [60, 80, 100, 127], "")):
+            self.write("piece.vorn", score.replace("LEVELS", levels))
+            done = self.vornkit("midi", "piece.vorn", "piece.mid")
+            self.assertEqual(done.stderr != "", note != "", done.stderr)
+            self.assertIn(note, done.stderr)
+            messages = mido.MidiFile(self.folder / "piece.mid").tracks[1]
+            self.assertEqual([one.velocity for one in messages if one.type == "note_on"], velocities)
+
     def test_help_tells_how_levels_become_velocities(self):
         said = self.vornkit("midi", "--help").stdout
-        for words in ("Amplitudes: 32767 is 127", "Fractions", "Decibels: the loudest of the score is 127"):
+        for words in ("Whole numbers up to 127 are velocities already", "where 32767 is 127",
+                      "the loudest of the score is 127"):
             self.assertIn(words, said)
 
     def test_wrong_use_is_told_with_status_two(self):

@@ -68,24 +68,78 @@ TEST(MidiNotes, ThePitchIsWhereTheOutputTypeSaysOrTheOptions) {
     EXPECT_EQ(notes_of(score, options).tracks[0].notes[0].key, 80);
 }
 
-// 127 / 32767 of the amplitude, as with -m: 16000 is 62.01.
-TEST(MidiNotes, AmplitudesAreVelocitiesAsWithTheFirstBlock) {
-    const MidiNotes notes = notes_of(block("i1 = 5 0 -4", "32767 16000 200 0", "60 61 62 63"));
-    ASSERT_EQ(notes.tracks[0].notes.size(), 4U);
-    EXPECT_EQ(notes.tracks[0].notes[0].velocity, 127);
-    EXPECT_EQ(notes.tracks[0].notes[1].velocity, 62);
-    EXPECT_EQ(notes.tracks[0].notes[2].velocity, 1);
-    EXPECT_EQ(notes.tracks[0].notes[3].velocity, 1);  // 0 would end the note
-    EXPECT_TRUE(notes.remarks.empty());
+std::vector<int> velocities_of(const MidiNotes& notes) {
+    std::vector<int> velocities;
+    for (const MidiTrack& track : notes.tracks) {
+        for (const MidiNote& note : track.notes) velocities.push_back(note.velocity);
+    }
+    return velocities;
+}
+
+struct LevelCase {
+    const char* levels;  // of four notes
+    std::vector<int> velocities;
+    const char* remark;  // "": there is none
+};
+
+void expect_velocities(const LevelCase& one) {
+    const MidiNotes notes = notes_of(block("i1 = 5 0 -4", one.levels, "60 61 62 63"));
+    EXPECT_EQ(velocities_of(notes), one.velocities) << one.levels;
+    const std::string remark = notes.remarks.empty() ? "" : notes.remarks[0];
+    EXPECT_EQ(remark, one.remark) << one.levels;
+}
+
+// 127 / 32767 of the amplitude, as with -m: 16000 is 62.01. Of fractions 1 is 127.
+TEST(MidiNotes, AmplitudesThatAreAudibleAreVelocitiesAsWithTheFirstBlock) {
+    expect_velocities({"32767 16400 16000 4000", {127, 64, 62, 16}, ""});
+    expect_velocities({"1 .5 .25 .6", {127, 64, 32, 76}, ""});
+}
+
+// The loudest is 127, a quarter of it 64 and a hundredth 13; 0 would end the note.
+TEST(MidiNotes, AmplitudesOfAnotherRangeAreScaledByTheLoudestAndItIsSaid) {
+    expect_velocities({"1000 2000 3000 4000",
+                       {64, 90, 110, 127},
+                       "velocities are scaled so that the amplitude 4000 is 127"});
+    expect_velocities({"32767 16000 327.67 0",
+                       {127, 89, 13, 1},
+                       "velocities are scaled so that the amplitude 32767 is 127"});
+    expect_velocities({"100000 25000 1000 -3",
+                       {127, 64, 13, 1},
+                       "velocities are scaled so that the amplitude 100000 is 127"});
+    expect_velocities(
+        {".2 .05 .002 .1", {127, 64, 13, 90}, "velocities are scaled so that the amplitude 0.2 is 127"});
+    // 316, 999, 9999 and 99, as db cuts them: 30, 20 and 40 decibels below the loudest
+    expect_velocities(
+        {"db 50 60 80 40", {23, 40, 127, 13}, "velocities are scaled so that the amplitude 9999 is 127"});
 }
 
 // The loudest is 127; 20 decibels less are 127 / sqrt(10) = 40.2.
 TEST(MidiNotes, DecibelsAreScaledByTheLoudestAndItIsSaid) {
-    const MidiNotes notes = notes_of(block("i1 = 5 0 -2", "80 60", "60 62"));
-    EXPECT_EQ(notes.tracks[0].notes[0].velocity, 127);
-    EXPECT_EQ(notes.tracks[0].notes[1].velocity, 40);
+    expect_velocities(
+        {"80.5 60.5 80.5 40.5", {127, 40, 127, 13}, "velocities are scaled so that 80.5 decibels are 127"});
+    expect_velocities(
+        {"-6 -26 -6 -46", {127, 40, 127, 13}, "velocities are scaled so that -6 decibels are 127"});
+}
+
+TEST(MidiNotes, WholeNumbersUpTo127AreVelocitiesAsTheyStand) {
+    expect_velocities({"60 80 100 127", {60, 80, 100, 127}, ""});
+    expect_velocities({"20 2 3 0", {20, 2, 3, 1}, ""});
+    expect_velocities({"0 1 0 1", {1, 127, 1, 127}, ""});  // fractions
+}
+
+// 1, 9 and 99, as `db` makes them, are no velocities.
+TEST(MidiNotes, WholeAmplitudesOfDecibelsAreNoVelocities) {
+    expect_velocities(
+        {"db 0 20 40 0", {13, 38, 127, 13}, "velocities are scaled so that the amplitude 99 is 127"});
+}
+
+// One block with a fraction tells that the other one's are decibels, too.
+TEST(MidiNotes, VelocitiesAreThoseOfTheWholeScore) {
+    const MidiNotes notes =
+        notes_of(block("i1 = 5 0 -2", "80 60", "60") + block("i2 = 5 0 -2", "59.5 40", "60"));
+    EXPECT_EQ(velocities_of(notes), (std::vector<int>{127, 40, 39, 13}));
     ASSERT_EQ(notes.remarks.size(), 1U);
-    EXPECT_NE(notes.remarks[0].find("80 decibels"), std::string::npos);
+    EXPECT_EQ(notes.remarks[0], "velocities are scaled so that 80 decibels are 127");
 }
 
 TEST(MidiNotes, OneTempoMakesBeatsTheTicks) {
