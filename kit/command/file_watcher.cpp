@@ -10,13 +10,16 @@
 
 // Folders are watched and not files, since editors save by renaming a new file over
 // the old one, whose watch would then be that of a file without a name. Of a link the
-// folder of the file behind it counts as well.
+// folder of the file behind it counts as well. Where the folder itself is missing, the
+// nearest one above it is watched until it appears.
 
 namespace vorn::kit {
 
 namespace {
 
-constexpr std::uint32_t EVENTS = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_CREATE;
+constexpr std::uint32_t FOLDER_GOES = IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr std::uint32_t EVENTS =
+    IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_CREATE | FOLDER_GOES;
 
 std::string folder_of(const std::string& path) {
     const std::size_t slash = path.rfind('/');
@@ -51,15 +54,16 @@ FileWatcher::~FileWatcher() {
     if (descriptor_ >= 0) close(descriptor_);
 }
 
-// A folder that is gone can be told of no more: its files are left out.
 bool FileWatcher::add(const std::string& path) {
-    const int folder = inotify_add_watch(descriptor_, folder_of(path).c_str(), EVENTS);
-    if (folder < 0) {
-        error_ = "cannot watch " + folder_of(path) + ": " + std::strerror(errno);
-        return errno == ENOENT || errno == ENOTDIR;
+    const std::string above = folder_of(path);
+    const int folder = inotify_add_watch(descriptor_, above.c_str(), EVENTS);
+    if (folder >= 0) {
+        names_[folder].insert(name_in_folder(path));
+        return true;
     }
-    names_[folder].insert(name_in_folder(path));
-    return true;
+    error_ = "cannot watch " + above + ": " + std::strerror(errno);
+    if (errno != ENOENT && errno != ENOTDIR) return false;
+    return above == path || add(above);  // the current folder is gone, or this one may come
 }
 
 bool FileWatcher::watch(const std::vector<std::string>& names) {
@@ -75,9 +79,11 @@ bool FileWatcher::watch(const std::vector<std::string>& names) {
     return added;
 }
 
-bool FileWatcher::concerns(int folder, const char* name) const {
-    const auto found = names_.find(folder);
-    return found != names_.end() && found->second.count(name) > 0;
+bool FileWatcher::concerns(const inotify_event& event) const {
+    if ((event.mask & IN_Q_OVERFLOW) != 0) return true;  // some were lost
+    const auto found = names_.find(event.wd);
+    if (found == names_.end()) return false;
+    return (event.mask & FOLDER_GOES) != 0 || (event.len > 0 && found->second.count(event.name) > 0);
 }
 
 bool FileWatcher::take_changes() {
@@ -87,8 +93,7 @@ bool FileWatcher::take_changes() {
          size = read(descriptor_, events, sizeof events)) {
         for (const char* at = events; at < events + size;) {
             const auto* const event = reinterpret_cast<const inotify_event*>(at);
-            const bool lost = (event->mask & IN_Q_OVERFLOW) != 0;
-            concerned = concerned || lost || (event->len > 0 && concerns(event->wd, event->name));
+            concerned = concerned || concerns(*event);
             at += sizeof(inotify_event) + event->len;
         }
     }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+struct inotify_event;
+
 namespace vorn::kit {
 
 // Tells when files change, appear or vanish, without looking at them again and
@@ -16,7 +18,7 @@ public:
     FileWatcher(const FileWatcher&) = delete;
     FileWatcher& operator=(const FileWatcher&) = delete;
 
-    // The files to be told of from now on; they need not exist, their folders must.
+    // The files to be told of from now on; neither they nor their folders need exist.
     // False, with the reason in error(), when the kernel takes no more folders.
     [[nodiscard]] bool watch(const std::vector<std::string>& names);
 
@@ -33,7 +35,7 @@ public:
 
 private:
     bool add(const std::string& path);
-    bool concerns(int folder, const char* name) const;
+    bool concerns(const inotify_event& event) const;
 
     int descriptor_;
     std::map<int, std::set<std::string>> names_;  // by watched folder: names in it

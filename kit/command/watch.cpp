@@ -115,6 +115,7 @@ bool Watch::read_and_watch(ScoreRun& run) {
         options.relative = arguments_.relative;
         run = run_of_files(arguments_.score, options, sources);
         std::vector<std::string> names = sources.names();
+        names.push_back(arguments_.score);  // also one that cannot be read now: a folder in its place
         if (!arguments_.orchestra.empty()) names.push_back(arguments_.orchestra);
         if (!files_.watch(names)) return false;
         if (!files_.has_new_names() || is_as_read(run, sources.names())) break;

@@ -75,6 +75,30 @@ class WatchCommand(CommandTest):
         self.write("a.vorn", SCORE % 8)
         self.expect("8 events")
 
+    def test_a_score_whose_place_a_folder_takes_for_a_while(self):
+        self.write("a.vorn", SCORE % 3)
+        self.start("a.vorn")
+        self.expect("3 events")
+        (self.folder / "a.vorn").rename(self.folder / "old")
+        (self.folder / "a.vorn").mkdir()
+        self.expect("Is a directory")
+        (self.folder / "a.vorn").rmdir()
+        (self.folder / "old").rename(self.folder / "a.vorn")
+        self.expect("3 events")
+        self.write("a.vorn", SCORE % 8)
+        self.expect("8 events")
+
+    def test_the_folder_of_an_included_file_comes_and_goes(self):
+        self.write("a.vorn", "#include |x/y/part.inc|\n")
+        self.start("a.vorn")
+        self.expect("x/y/part.inc")
+        self.write("x/y/part.inc", SCORE % 2)
+        self.expect("2 events")
+        (self.folder / "x/y").rename(self.folder / "x/z")
+        self.expect("x/y/part.inc")
+        self.write("x/y/part.inc", SCORE % 5)
+        self.expect("5 events")
+
     def test_a_link_counts_as_the_file_behind_it(self):
         self.write("real/a.vorn", SCORE % 3)
         (self.folder / "b.vorn").symlink_to("real/a.vorn")
