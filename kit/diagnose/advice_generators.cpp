@@ -114,16 +114,31 @@ bool advise_whole_number(Adviser& adviser) {
     return adviser.help("`" + name + "` takes a whole number");
 }
 
+// Whether a ")" stands further on in the line, before another "(".
+bool closes_further_on(const Site& site) {
+    const std::string_view rest = site.of({site.at, line_around(site.text, site.at).end});
+    const std::size_t found = rest.find_first_of("(;)");
+    return found < rest.size() && rest[found] == ')';
+}
+
+bool advise_per_cent(Adviser& adviser) {
+    if (adviser.site[adviser.site.at] != '%') return false;
+    return adviser.help("fractions of 1 are written: .5 for 50%");
+}
+
 bool advise_closing(Adviser& adviser) {
-    const auto open = open_parenthesis(adviser.site);
+    const Site& site = adviser.site;
+    const auto open = open_parenthesis(site);
     if (!open) return false;
     adviser.note("the parenthesis was opened here", {*open, *open + 1});
-    const std::size_t behind = behind_visible(adviser.site.text, adviser.mark.begin);
-    const Stretch last = word_touching(adviser.site.text, behind);
+    if (closes_further_on(site)) {
+        adviser.point_at(word_or_character(site.text, site.at));
+        return adviser.help("this is no value that may stand here; leave it out, or write `)` before it");
+    }
+    const std::size_t behind = behind_visible(site.text, site.at);
     adviser.point_at({behind, behind});
     adviser.edit({behind, behind}, ")");
-    if (last.end == last.begin || last.end > behind) return adviser.help("write `)` here");
-    return adviser.help("write `)` behind `" + std::string(adviser.site.of(last)) + "`");
+    return adviser.help("write `)` behind `" + std::string(site.of(word_at(site.text, behind - 1))) + "`");
 }
 
 // --- the beginning of a generator ---
@@ -191,9 +206,6 @@ bool advise_missing_value(Adviser& adviser) {
     const auto open = open_parenthesis(adviser.site);
     if (!open || *open < 2 || items.size() < 2) return false;
     const std::string name(adviser.site.of({*open - 2, *open}));
-    if (adviser.site[adviser.site.at] == '%') {
-        return adviser.help("weights are fractions of 1: write .5 for 50%");
-    }
     if (name == "mo") {
         return adviser.help("a movement goes from one value to another, without brackets: `mo(T 1 60 72)`");
     }
@@ -227,11 +239,13 @@ constexpr AdviceRow ROWS[] = {
     {"E41", advise_open_parenthesis},
     {"E38", advise_missing_weight},
     {"E19", advise_whole_number},
+    {"E19", advise_per_cent},
     {"E19", advise_closing},
     {"E40", advise_time},
     {"E36", advise_generator_name},
     {"E39", advise_distribution},
     {"E41", advise_curve},
+    {"E41", advise_per_cent},
     {"E41", advise_missing_value},
     {"E50", advise_walk},
     {"E52", advise_walk},

@@ -120,6 +120,20 @@ void name_note_type(Adviser& adviser) {
     }
 }
 
+// A macro or constant without its mark, which may look like a note name.
+bool advise_bare_name(Adviser& adviser) {
+    const auto is_called = [&adviser](const auto& records) {
+        return std::any_of(records.begin(), records.end(),
+                           [&adviser](const auto& record) { return record.name == adviser.word(); });
+    };
+    const ScoreRun& run = adviser.site.run;
+    const char* const sign = is_called(run.macros) ? "$" : is_called(run.constants) ? "~" : nullptr;
+    if (sign == nullptr) return false;
+    adviser.edit({adviser.mark.begin, adviser.mark.begin}, sign);
+    return adviser.help("a macro is called with `$`, a constant with `~`: `" +
+                        (sign + std::string(adviser.word())) + "`");
+}
+
 bool advise_note_name(Adviser& adviser) {
     const bool is_name = is_note_name(adviser.word());
     const std::string meant = is_name ? std::string() : note_from_elsewhere(adviser.word());
@@ -172,6 +186,13 @@ bool advise_quote(Adviser& adviser) {
     return adviser.help("values stand without quotation marks; leave them out");
 }
 
+// "c4 e4]": the word before the bracket is well.
+bool advise_closing_bracket(Adviser& adviser) {
+    if (adviser.site[adviser.site.at] != ']') return false;
+    adviser.point_at({adviser.site.at, adviser.site.at + 1});
+    return adviser.help("a `[` is missing, or the generator was closed before");
+}
+
 bool advise_sign(Adviser& adviser) {
     struct Row {
         std::string_view sign;
@@ -180,7 +201,6 @@ bool advise_sign(Adviser& adviser) {
     constexpr Row ROWS[] = {
         {"=", "a statement has no `=`; leave it out"},
         {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
-        {"]", "a `[` is missing, or the generator was closed before"},
         {")", "there is a `)` too many"},
         {"%", "fractions are written as .5, not as 50%"},
         {"{", "the block is open already; a `{` stands in the header only"},
@@ -367,20 +387,37 @@ bool advise_cut_loop(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E27", advise_upper_case},    {"E73", advise_upper_case},
-    {"E27", advise_bracket},       {"E27", advise_star},
-    {"E27", advise_quote},         {"E27", advise_sign},
-    {"E27", advise_slash_comment}, {"E27", advise_flat_d},
-    {"E27", advise_note_name},     {"E27", advise_output_type},
-    {"E27", advise_point},         {"E27", advise_rhythm},
-    {"E27", advise_misspelt},      {"E27", advise_field_name},
-    {"E27", advise_word},          {"E23", advise_octave},
-    {"E23", advise_other_note},    {"E23", advise_number},
-    {"E23", advise_note},          {"E17", advise_output},
-    {"E73", advise_comma},         {"E73", advise_setting_before_end},
-    {"E73", advise_sign},          {"E73", advise_before_statement},
-    {"E20", advise_sharp},         {"E80", advise_sharp},
-    {"E43", advise_loop},          {"W15", advise_cut_loop},
+    {"E27", advise_closing_bracket},
+    {"E27", advise_bare_name},
+    {"E23", advise_bare_name},
+    {"E27", advise_upper_case},
+    {"E73", advise_upper_case},
+    {"E27", advise_bracket},
+    {"E27", advise_star},
+    {"E27", advise_quote},
+    {"E27", advise_sign},
+    {"E27", advise_slash_comment},
+    {"E27", advise_flat_d},
+    {"E27", advise_note_name},
+    {"E27", advise_output_type},
+    {"E27", advise_point},
+    {"E27", advise_rhythm},
+    {"E27", advise_misspelt},
+    {"E27", advise_field_name},
+    {"E27", advise_word},
+    {"E23", advise_octave},
+    {"E23", advise_other_note},
+    {"E23", advise_number},
+    {"E23", advise_note},
+    {"E17", advise_output},
+    {"E73", advise_comma},
+    {"E73", advise_setting_before_end},
+    {"E73", advise_sign},
+    {"E73", advise_before_statement},
+    {"E20", advise_sharp},
+    {"E80", advise_sharp},
+    {"E43", advise_loop},
+    {"W15", advise_cut_loop},
 };
 
 }  // namespace

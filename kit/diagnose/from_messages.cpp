@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "kit/diagnose/advice.h"
+#include "kit/diagnose/fix_trial.h"
 #include "kit/diagnose/marks.h"
 #include "kit/diagnose/plain_words.h"
 #include "kit/diagnose/unnumbered.h"
@@ -47,15 +48,11 @@ void place_skipped(Diagnostic& diagnostic, const ScoreRun& run, const RunMessage
     }
 }
 
-// The error that has ended the run; null when none has. The engine tells a name that no
-// macro or constant has as an error in the value of an "#if", too, and goes on: what
-// leaves the score accepted is a warning.
-const RunMessage* ending_error(const ScoreRun& run) {
-    if (run.status == 0) return nullptr;
-    const auto last = std::find_if(run.messages.rbegin(), run.messages.rend(), [](const RunMessage& message) {
-        return message.severity == Severity::ERROR;
-    });
-    return last == run.messages.rend() ? nullptr : &*last;
+// A fix of what has ended the run is kept where it cures that.
+void try_fix(Diagnostic& diagnostic, const ScoreRun& run) {
+    if (diagnostic.level != Level::ERROR) return;
+    const std::optional<Fix> fix = fix_of(diagnostic, run.map);
+    if (fix && !cures(*fix, run)) diagnostic.edits.clear();
 }
 
 Diagnostic from_message(const ScoreRun& run, const RunMessage& message, Level level) {
@@ -69,6 +66,7 @@ Diagnostic from_message(const ScoreRun& run, const RunMessage& message, Level le
     place(diagnostic, site, mark);
     if (diagnostic.code == "W2") place_skipped(diagnostic, run, message);
     add_advice(site, mark, diagnostic);
+    try_fix(diagnostic, run);
     return diagnostic;
 }
 

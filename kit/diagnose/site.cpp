@@ -157,8 +157,9 @@ std::optional<std::size_t> open_parenthesis(const Site& site) {
 std::optional<std::size_t> missing_parenthesis(const Site& site) {
     const char c = site[site.at];
     const bool is_statement = c == 'p' && is_digit(site[site.at + 1]);
+    const bool is_header = c == 'i' && !is_letter(site[site.at + 1]);
     const bool is_other =
-        c == '\0' || c == '}' || c == 'i' || is_statement || is_first_on_line(site.text, site.at);
+        c == '\0' || c == '}' || is_header || is_statement || is_first_on_line(site.text, site.at);
     if (!is_other || !open_parenthesis(site)) return std::nullopt;
     const CodeBefore code = code_before(site);
     return code.offset + behind_visible(code.text, code.text.size());

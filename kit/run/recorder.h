@@ -12,7 +12,9 @@ namespace vorn::kit {
 class Recorder final : public Observer {
 public:
     Recorder(ScoreRun& run, const RunOptions& options, Sources& sources)
-        : run_(run), options_(options), sources_(sources) {}
+        : run_(run), options_(options), sources_(sources) {
+        run.is_relative = options.relative;
+    }
 
     void on_source(const SourceSpan& span) override;
     void on_line(const SourceLine& line) override;

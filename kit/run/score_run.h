@@ -117,9 +117,10 @@ struct MacroRecord {
 };
 
 struct ScoreRun {
-    int status = 1;      // that of vorn
-    double seconds = 0;  // the latest end of any event
-    SourceMap map;       // files[0] is the score itself
+    int status = 1;            // that of vorn
+    bool is_relative = false;  // includes were looked up beside the including file
+    double seconds = 0;        // the latest end of any event
+    SourceMap map;             // files[0] is the score itself
     ExpandedText expanded;
     std::vector<RunMessage> messages;
     std::vector<BlockRecord> blocks;

@@ -42,7 +42,21 @@ TEST(Fix, HasATitleThatSaysWhatToWrite) {
     EXPECT_EQ(title_of(BLOCK + "p4 nt c4 }\n"), "write `no` instead of `nt`");
     EXPECT_EQ(title_of(BLOCK + "p4 = 60 }\n"), "leave out `=`");
     EXPECT_EQ(title_of(BLOCK + "p4 60 }}\n"), "leave out `}`");
-    EXPECT_EQ(title_of(BLOCK + "p4 60 } x\n"), "begin a new line here");
+    EXPECT_EQ(title_of(BLOCK + "p4 60 } te(60)\n"), "begin a new line here");
+}
+
+TEST(Fix, StandsWhereItCures) {
+    EXPECT_EQ(title_of("rs(5\n" + BLOCK + "p4 60 }\n"), "write `)` here");
+    EXPECT_EQ(title_of("#const A 60\n" + BLOCK + "p4 A }\n"), "write `~` here");
+    EXPECT_EQ(title_of("#define A #60#\n" + BLOCK + "p4 A }\n"), "write `$` here");
+}
+
+TEST(Fix, IsNoneWhereARunWithItGetsNoFurther) {
+    EXPECT_EQ(title_of(BLOCK + "p4 no ra(T 1 [b4 c5]) }\n"), "write `f` here");
+    EXPECT_EQ(title_of(BLOCK + "p4 no ra(T 1 [60 c5]) }\n"), "none");
+    for (const char* setting : {"rs(5, 6)", "rd(.5x)", "rd(50%)", "te(0 4 60 120 slow)"}) {
+        EXPECT_EQ(title_of(setting + ("\n" + BLOCK) + "p4 60 }\n"), "none") << setting;
+    }
 }
 
 TEST(Fix, NamesCharactersThatTheEyeDoesNotTellApart) {
