@@ -224,6 +224,20 @@ p4 no c4 r x2 e }
 p2 1  p3 1
 p4 no c4 r r e }
 )"},
+    {.code = "L17",
+     .title = "A block is all rests",
+     .cause =
+         "An event sounds if its duration is above 0. It is not where P3 is 0 or negative, where it is 400 "
+         "or 1000 with nothing behind, where each note is an `r`, and where P3 is a part of an interval P2 "
+         "of 0 or less.",
+     .cure = "Write a P2 above 0, and a P3 above 0: 1 lasts up to the next event, 400.5 half a beat, "
+             "1000.5 half a second.",
+     .score = R"(i1 = 3, 0, -4 {
+p2 0  p3 1 }
+)",
+     .cured = R"(i1 = 3, 0, -4 {
+p2 0  p3 1001 }
+)"},
 };
 
 }  // namespace

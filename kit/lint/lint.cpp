@@ -38,6 +38,7 @@ constexpr RunRule RUN_RULES[] = {
     {"L13", rules::blocks_behind_first, true},
     {"L14", rules::beyond_midi_values, true},
     {"L15", rules::voices_on_one_key, true},
+    {"L17", rules::blocks_of_rests},
 };
 
 void sort_by_place(std::vector<Diagnostic>& diagnostics) {

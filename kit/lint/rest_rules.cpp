@@ -10,6 +10,8 @@
 //     p4 no c4 r x2             of a repeated rest only the first is one
 //     p4 no se(T 1 [c4 r])      a generator makes no rests
 //     p3 1 -1    p4 no c4 r     two signs are turned
+//
+// And a block of nothing but rests leaves no event in the score at all.
 
 namespace vorn::kit::rules {
 
@@ -62,7 +64,45 @@ bool has_names_alone(const Statement& statement) {
     });
 }
 
+// --- blocks without a sound ---
+
+bool is_all_rests(const BlockRecord& block) {
+    const std::vector<float>& durations = block.events.duration;
+    const auto sounds = [](float duration) { return duration > 0; };
+    return !block.is_skipped && !durations.empty() &&
+           std::none_of(durations.begin(), durations.end(), sounds);
+}
+
+// Starts that never move on: an interval of 0 or less, of which a part is no duration.
+bool stands_still(const std::vector<float>& beats) {
+    return beats.size() > 1 && std::is_sorted(beats.rbegin(), beats.rend());
+}
+
+const char* silence_advice(const EventTable& events) {
+    if (stands_still(events.beat)) {
+        return "P2 is the time to the next event: write beats above 0. Of notes that begin together give P3 "
+               "in "
+               "seconds, 1000 + n, or in beats, 400 + n.";
+    }
+    const auto is_nothing = [](float duration) { return duration == 0; };
+    if (std::all_of(events.duration.begin(), events.duration.end(), is_nothing)) {
+        return "P3 of 0, 400 or 1000 lasts for no time: 1 lasts up to the next event, 400.5 half a beat.";
+    }
+    return "Each event has a negative P3, or \"r\" for its note.";
+}
+
 }  // namespace
+
+void blocks_of_rests(const ScoreRun& run, Findings& findings) {
+    for (const BlockRecord& block : run.blocks) {
+        if (!is_all_rests(block)) continue;
+        Diagnostic diagnostic = findings.at(block.header);
+        diagnostic.text = "This block makes no sound: all of its events are rests, " +
+                          std::to_string(block.events.size()) + " in all.";
+        diagnostic.advice.push_back(silence_advice(block.events));
+        findings.add(std::move(diagnostic));
+    }
+}
 
 void rests_that_sound(const Statement& statement, Findings& findings) {
     if (statement.field->number < 4 || !has_names_alone(statement)) return;

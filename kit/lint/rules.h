@@ -20,6 +20,7 @@ void values_dropped(const Statement& statement, Findings& findings);
 
 // --- rest_rules.cpp ---
 void rests_that_sound(const Statement& statement, Findings& findings);
+void blocks_of_rests(const ScoreRun& run, Findings& findings);
 
 // --- tempo_rules.cpp ---
 void beats_of_last_tempo(const Statement& statement, Findings& findings);

@@ -400,12 +400,42 @@ TEST(RestsThatSound, AreCountedWithTheirReason) {
 }
 
 TEST(RestsThatSound, AreNoneThatAreSilentOrNumbers) {
-    for (const char* statement :
-         {"p4 no c4 r e r", "p4 no < c4 r >", "p4 no r", "p4 no r c4 re -1", "p4 no c4 r re",
-          "p4 re -1 2 no r c4", "p4 no c4:r:e f", "p4 no r ex(T 1 [p3 - 2])"}) {
+    for (const char* statement : {"p4 no c4 r e r", "p4 no < c4 r >", "p4 no r c4 re -1", "p4 no c4 r re",
+                                  "p4 re -1 2 no r c4", "p4 no c4:r:e f", "p4 no r ex(T 1 [p3 - 2])"}) {
         EXPECT_EQ(notes_of(four_events(statement)), Notes{}) << statement;
     }
     EXPECT_EQ(notes_of("i1 = 4, 0, -3 {\np2 1\np3 1 -1 1\np4 no c4 d r\n}\n"), Notes{});
+}
+
+// --- L17: blocks that are all rests ---
+
+std::string silent_block(const std::string& p2, const std::string& p3) {
+    return "i1 = 4 0 -4 {\np2 " + p2 + "\np3 " + p3 + "\np4 60\n}\n";
+}
+
+TEST(BlocksOfRests, AreToldAtTheirHeader) {
+    for (const auto& [p2, p3] : {std::pair("1", "0"), {"1", "400"}, {"1", "1000"}, {"-1", "1"}, {"0", "1"}}) {
+        EXPECT_EQ(notes_of(silent_block(p2, p3)), (Notes{"L17 1:1 i"})) << p2 << " " << p3;
+    }
+    EXPECT_EQ(notes_of(four_events("p4 no r")), (Notes{"L17 1:1 i"}));
+    EXPECT_EQ(notes_of(silent_block("1", "1") + silent_block("1", "-1")), (Notes{"L17 6:1 i"}));
+}
+
+TEST(BlocksOfRests, AreToldWithTheirReason) {
+    const std::vector<Diagnostic> found = found_in(silent_block("1", "0"));
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].text, "This block makes no sound: all of its events are rests, 4 in all.");
+    EXPECT_EQ(found[0].advice[0].substr(0, 10), "P3 of 0, 4");
+    for (const char* p2 : {"0", "-1"}) {
+        EXPECT_EQ(found_in(silent_block(p2, "1"))[0].advice[0].substr(0, 10), "P2 is the ") << p2;
+    }
+    EXPECT_EQ(found_in(silent_block("1", "-1"))[0].advice[0].substr(0, 10), "Each event");
+}
+
+TEST(BlocksOfRests, AreNotThoseOfWhichOneEventSounds) {
+    for (const auto& [p2, p3] : {std::pair("1", "0 x3 1"), {"0", "1001"}, {"0", "400.5"}, {"1", "-1 1"}}) {
+        EXPECT_EQ(notes_of(silent_block(p2, p3)), Notes{}) << p2 << " " << p3;
+    }
 }
 
 // --- with --midi ---
