@@ -187,6 +187,19 @@ bool advise_generator_name(Adviser& adviser) {
 
 // --- values ---
 
+// "[60 70)": the brackets hold further values, and nothing closes them.
+bool advise_open_bracket(Adviser& adviser) {
+    const Site& site = adviser.site;
+    const std::size_t open = site.text.substr(0, site.at).rfind('[');
+    const std::size_t next = site.text.find_first_of("])[;\n", site.at);
+    if (open > site.at || site[next] == ']') return false;
+    const std::size_t behind = behind_visible(site.text, std::min(next, site.text.size()));
+    adviser.note("the bracket was opened here", {open, open + 1});
+    adviser.point_at({behind, behind});
+    adviser.edit({behind, behind}, "]");
+    return adviser.help("write `]` behind the last value");
+}
+
 // In "[b4 c5]" the "b" was a distribution, in "mo(T 1 e4 c5)" the "e" a curve.
 bool advise_letter_before_note(Adviser& adviser, const char* kind) {
     const std::string word(adviser.word());
@@ -206,6 +219,11 @@ bool advise_missing_value(Adviser& adviser) {
     const auto open = open_parenthesis(adviser.site);
     if (!open || *open < 2 || items.size() < 2) return false;
     const std::string name(adviser.site.of({*open - 2, *open}));
+    const std::string_view word = adviser.word();
+    if (name[0] == 'm' && word.size() > 1 && is_letter(word[0]) && !is_digit(word.back())) {
+        return adviser.help(
+            "a curve is one letter, `f` a straight line, `e` slow at first: `mo(T 1 e 60 72)`");
+    }
     if (name == "mo") {
         return adviser.help("a movement goes from one value to another, without brackets: `mo(T 1 60 72)`");
     }
@@ -243,6 +261,7 @@ constexpr AdviceRow ROWS[] = {
     {"E19", advise_closing},
     {"E40", advise_time},
     {"E36", advise_generator_name},
+    {"E39", advise_open_bracket},
     {"E39", advise_distribution},
     {"E41", advise_curve},
     {"E41", advise_per_cent},

@@ -144,6 +144,40 @@ bool advise_note_name(Adviser& adviser) {
     return adviser.help("write `no` before note names");
 }
 
+// Words of other notations.
+bool advise_foreign_word(Adviser& adviser) {
+    struct Row {
+        std::string_view words;
+        const char* help;
+    };
+    constexpr Row ROWS[] = {
+        {" r R rest Rest ", "a rest is `r` among note names, under `no`; elsewhere P3 makes it: `p3 -1`"},
+        {" p P ", "the number of a p-field follows directly: `p4 60`"},
+        {" pp mp mf ff ", "loudness is a number: `db 80`"},
+    };
+    for (const Row& row : ROWS) {
+        if (row.words.find(" " + std::string(adviser.word()) + " ") == std::string_view::npos) continue;
+        return adviser.help(row.help);
+    }
+    return false;
+}
+
+// "c4+e4"
+bool advise_chord(Adviser& adviser) {
+    std::string notes(adviser.word());
+    if (!is_note_name(notes.substr(0, notes.find('+'))) || last_type(adviser.site) != "no") return false;
+    std::replace(notes.begin(), notes.end(), '+', ':');
+    adviser.edit(adviser.mark, notes);
+    return adviser.help("the notes of a chord are joined by `:`: write `" + notes + "`");
+}
+
+// "no(hz)"
+bool advise_type_before_output(Adviser& adviser) {
+    const std::string type(adviser.word());
+    if (!is_called(adviser) || !contains(command_names(WordKind::INPUT_TYPE), type)) return false;
+    return adviser.help("what values are written as stands behind the p-field: `p4(hz) " + type + "`");
+}
+
 bool advise_bracket(Adviser& adviser) {
     if (adviser.word() != "[") return false;
     const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
@@ -151,6 +185,9 @@ bool advise_bracket(Adviser& adviser) {
     std::string loop = "< ... >";
     if (close != std::string_view::npos && close - adviser.mark.end < 40) {
         loop = "< " + std::string(adviser.site.of({adviser.mark.end, close})) + " >";
+    }
+    if (loop.find('~') != std::string::npos) {
+        return adviser.help("the `~` of an equation stands before its brackets: `~[A + 2]`");
     }
     return adviser.help("brackets belong into generators, as in `ra(T 1 [60 72])`; did you mean the loop `" +
                         loop + "`?");
@@ -203,6 +240,7 @@ bool advise_sign(Adviser& adviser) {
         {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
         {")", "there is a `)` too many"},
         {"%", "fractions are written as .5, not as 50%"},
+        {":", "`:` joins the values of a chord; nothing to join stands before it, so leave it out"},
         {"{", "the block is open already; a `{` stands in the header only"},
         {"|", "`|` stands only around the name of an include file"},
     };
@@ -263,10 +301,26 @@ bool advise_field_name(Adviser& adviser) {
     return adviser.help("a statement begins with `p` and the number of its p-field: `p4 60`");
 }
 
+// What the values of a type look like that the statement has named.
+bool advise_form(Adviser& adviser) {
+    struct Row {
+        std::string_view type;
+        const char* help;
+    };
+    constexpr Row ROWS[] = {
+        {"no", "a note is a letter from a to g, `s`, `f` or `n`, and an octave from 0 to 9: `fs4`"},
+        {"rh", "a rhythm value is a number: 4 for a quarter, 8 for an eighth, `8.` with a dot"},
+    };
+    const std::string type = last_type(adviser.site);
+    for (const Row& row : ROWS) {
+        if (row.type == type) return adviser.help(row.help);
+    }
+    return false;
+}
+
 bool advise_rhythm(Adviser& adviser) {
-    if (last_type(adviser.site) != "rh" || adviser.word().empty() || !is_letter(adviser.word()[0]))
-        return false;
-    return adviser.help("a rhythm value is a number: 4 for a quarter, 8 for an eighth, `8.` with a dot");
+    return last_type(adviser.site) == "rh" && !adviser.word().empty() && is_letter(adviser.word()[0]) &&
+           advise_form(adviser);
 }
 
 bool advise_point(Adviser& adviser) {
@@ -315,9 +369,18 @@ bool advise_number(Adviser& adviser) {
                         ".00` is a c");
 }
 
-bool advise_note(Adviser& adviser) {
-    if (adviser.word().empty() || !is_letter(adviser.word()[0])) return false;
-    return adviser.help("a note is a letter from a to g, `s`, `f` or `n`, and an octave from 0 to 9: `fs4`");
+bool advise_function(Adviser& adviser) {
+    if (adviser.word() != "(" && !is_called(adviser)) return false;
+    return adviser.help("an equation has values and signs of arithmetic only, no parentheses or functions");
+}
+
+// "[60-72]"
+bool advise_range(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    const bool is_joined = word == "to" || word.find('-', 1) < word.size() || word.find("..") < word.size();
+    if (!is_joined) return false;
+    const std::string range = last_type(adviser.site) == "no" ? "[f c4 c5]" : "[60 72]";
+    return adviser.help("a blank parts both ends of a range: `" + range + "`");
 }
 
 // --- types and the like ---
@@ -398,6 +461,9 @@ constexpr AdviceRow ROWS[] = {
     {"E27", advise_sign},
     {"E27", advise_slash_comment},
     {"E27", advise_flat_d},
+    {"E27", advise_foreign_word},
+    {"E27", advise_chord},
+    {"E27", advise_type_before_output},
     {"E27", advise_note_name},
     {"E27", advise_output_type},
     {"E27", advise_point},
@@ -405,11 +471,14 @@ constexpr AdviceRow ROWS[] = {
     {"E27", advise_misspelt},
     {"E27", advise_field_name},
     {"E27", advise_word},
+    {"E27", advise_form},
     {"E23", advise_octave},
     {"E23", advise_other_note},
     {"E23", advise_number},
-    {"E23", advise_note},
+    {"E23", advise_function},
+    {"E23", advise_form},
     {"E17", advise_output},
+    {"E39", advise_range},
     {"E73", advise_comma},
     {"E73", advise_setting_before_end},
     {"E73", advise_sign},

@@ -27,7 +27,8 @@ struct Accidental {
 };
 
 constexpr Accidental ACCIDENTALS[] = {
-    {"##", "ss"}, {"#", "s"}, {"-", ""}, {"isis", "ss"}, {"is", "s"}, {"eses", "ff"}, {"es", "f"}, {"", ""},
+    {"##", "ss"},   {"#", "s"},  {"-", ""},  {"isis", "ss"}, {"is", "s"},
+    {"eses", "ff"}, {"es", "f"}, {"S", "s"}, {"F", "f"},     {"", ""},
 };
 
 }  // namespace
