@@ -36,10 +36,10 @@ p4 0.5 0.25 }
     {.code = "L3",
      .title = "Values without a blank between them are read as several",
      .cause = "A number ends where it cannot go on: `60-62` is 60 and then -62, `1.2.3` is 1.2 and then .3. "
-              "Behind a value `/` repeats it, so that `1/2` is 1, once, and then 2.",
-     .cure =
-         "Write a fraction as a number, `.5`, and a range with a generator, `ra(T 1 [60 62])`. Put a blank "
-         "between two values.",
+              "Behind a value `/` repeats it, so that `1/2` is 1, once, and then 2; under `rh`, too.",
+     .cure = "Write a fraction as a number, `.5`, or under `rh` as a note, `8` for an eighth, and a range "
+             "with a generator, `ra(T 1 [60 62])`. Put a blank "
+             "between two values.",
      .score = R"(i1 = 4, 0, -4 {
 p2 1/2  p3 1
 p4 60-62 }

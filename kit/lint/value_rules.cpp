@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <bit>
+#include <cstdlib>
+#include <numeric>
 
 #include "blocks/command_codes.h"
 #include "input/characters.h"
@@ -8,7 +11,7 @@
 // was meant:
 //
 //     bb4      b, and b4          0,5      0, and 5
-//     60-62    60, and -62        1/2      1, and 2
+//     60-62    60, and -62        1/2      1, and 2, also under "rh"
 //     db4      the input type of decibels, and 4
 
 namespace vorn::kit::rules {
@@ -150,11 +153,15 @@ bool is_whole_number(const std::string& text) {
     return !text.empty();
 }
 
-// Two whole numbers with `mark` between them and nothing else.
-bool is_pair(const Statement& statement, Items row, ItemKind mark) {
+// Two whole numbers with `mark` between them and nothing else, of any type.
+bool is_written_pair(const Statement& statement, Items row, ItemKind mark) {
     return row.size() == 3 && row[0].kind == ItemKind::VALUE && row[1].kind == mark &&
-           row[2].kind == ItemKind::VALUE && is_number_type(row[0].code) &&
-           is_whole_number(statement.text(row[0])) && is_whole_number(statement.text(row[2]));
+           row[2].kind == ItemKind::VALUE && is_whole_number(statement.text(row[0])) &&
+           is_whole_number(statement.text(row[2]));
+}
+
+bool is_pair(const Statement& statement, Items row, ItemKind mark) {
+    return is_written_pair(statement, row, mark) && is_number_type(row[0].code);
 }
 
 // Digits behind a point that people write often: of halves, quarters and eighths.
@@ -237,13 +244,64 @@ bool is_fraction(const Statement& statement, Items row) {
            row[2].value <= LARGEST_DENOMINATOR;
 }
 
-void add_fraction(const Statement& statement, Items row, Findings& findings) {
+// --- fractions of a whole note ---
+
+struct NoteFraction {
+    int numerator = 0;
+    int denominator = 0;
+};
+
+NoteFraction reduced(NoteFraction fraction) {
+    const int divisor = std::gcd(fraction.numerator, fraction.denominator);
+    return {fraction.numerator / divisor, fraction.denominator / divisor};
+}
+
+// "3/8" as "4.", a quarter and half of it; empty where no single note lasts as long.
+std::string as_note(NoteFraction fraction) {
+    const NoteFraction length = reduced(fraction);
+    if (length.numerator == 1) return std::to_string(length.denominator);
+    if (length.numerator == 3) return std::to_string(length.denominator / 2) + ".";
+    return length.numerator == 7 ? std::to_string(length.denominator / 4) + ".." : "";
+}
+
+// "1/4" under "rh": up to a whole note, of those that there are down to a sixty-fourth.
+bool is_note_fraction(const Statement& statement, Items row, NoteFraction& fraction) {
+    constexpr int SMALLEST_NOTE = 64;
+    constexpr std::size_t LONGEST = 5;  // "32/64"
+    if (!is_written_pair(statement, row, ItemKind::SLASH) || row[0].code != CODE_RH) return false;
+    if (statement.text(row).size() > LONGEST) return false;
+    fraction = {std::atoi(statement.text(row[0]).c_str()), std::atoi(statement.text(row[2]).c_str())};
+    const int denominator = fraction.denominator;
+    const bool is_note = denominator > 1 && denominator <= SMALLEST_NOTE &&
+                         std::has_single_bit(static_cast<unsigned>(denominator));
+    return is_note && fraction.numerator > 0 && fraction.numerator <= denominator;
+}
+
+std::string note_advice(NoteFraction fraction) {
+    constexpr double BEATS_OF_WHOLE_NOTE = 4;
+    if (const std::string note = as_note(fraction); !note.empty()) {
+        return "Under \"rh\" a quarter is 4 and an eighth 8: write " + note + ".";
+    }
+    return "Under \"rh\" an eighth is 8; for this one write beats, re " +
+           number_text(BEATS_OF_WHOLE_NOTE * fraction.numerator / fraction.denominator) + ".";
+}
+
+void add_fraction(const Statement& statement, Items row, const std::string& advice, Findings& findings) {
     Diagnostic diagnostic = place_row(statement, row, findings);
     diagnostic.text = "\"" + statement.text(row) + "\" is read as two values, " + statement.text(row[0]) +
                       " and " + statement.text(row[2]) + "; \"/\" repeats a value.";
-    diagnostic.advice.push_back("Write the fraction as a number, " +
-                                number_text(double{row[0].value} / double{row[2].value}) + ".");
+    diagnostic.advice.push_back(advice);
     findings.add(std::move(diagnostic));
+}
+
+void find_fraction(const Statement& statement, Items row, Findings& findings) {
+    NoteFraction fraction;
+    if (is_fraction(statement, row)) {
+        const double value = double{row[0].value} / double{row[2].value};
+        add_fraction(statement, row, "Write the fraction as a number, " + number_text(value) + ".", findings);
+    } else if (is_note_fraction(statement, row, fraction)) {
+        add_fraction(statement, row, note_advice(fraction), findings);
+    }
 }
 
 }  // namespace
@@ -282,9 +340,7 @@ void values_run_together(const Statement& statement, Findings& findings) {
     for_each_row(statement, is_numeric, [&](Items row) {
         if (row.size() >= 2) add_row(statement, row, findings);
     });
-    for_each_row(statement, may_stand_in_word, [&](Items row) {
-        if (is_fraction(statement, row)) add_fraction(statement, row, findings);
-    });
+    for_each_row(statement, may_stand_in_word, [&](Items row) { find_fraction(statement, row, findings); });
 }
 
 }  // namespace vorn::kit::rules

@@ -122,6 +122,23 @@ TEST(ValuesRunTogether, AreFractionsWithASlash) {
     EXPECT_EQ(notes[0].advice.at(0), "Write the fraction as a number, 0.75.");
 }
 
+// "1/4" is a whole note and a quarter.
+TEST(ValuesRunTogether, AreFractionsOfAWholeNote) {
+    EXPECT_EQ(notes_of(four_events("p4 rh 1/4 1/8")), (Notes{"L3 4:7 1/4", "L3 4:11 1/8"}));
+    EXPECT_EQ(notes_of("i1 = 3, 0, -4 {\np2 rh 4/4 2/4\np3 1\n}\n"), (Notes{"L3 2:7 4/4", "L3 2:11 2/4"}));
+    const std::pair<const char*, const char*> notes[] = {
+        {"1/4", "write 4."},  {"4/4", "write 1."},   {"2/4", "write 2."},       {"3/8", "write 4.."},
+        {"3/4", "write 2.."}, {"7/8", "write 2..."}, {"5/8", "beats, re 2.5."}, {"9/16", "beats, re 2.25."}};
+    for (const auto& [fraction, cure] : notes) {
+        const std::vector<Diagnostic> found = found_in(four_events(std::string("p4 rh ") + fraction + " 4"));
+        ASSERT_EQ(found.size(), 1U) << fraction;
+        EXPECT_TRUE(found[0].advice.at(0).ends_with(cure)) << found[0].advice.at(0);
+    }
+    for (const char* list : {"rh 4/ 8", "rh 8// 4", "rh 8/4", "rh 4/6", "rh 4/8/8", "no c/e", "op 8/8"}) {
+        EXPECT_EQ(notes_of(four_events(std::string("p4 ") + list)), Notes{}) << list;
+    }
+}
+
 TEST(ValuesRunTogether, ArePartedByAnythingElse) {
     for (const char* list :
          {"60 -62", "60,-62", "60:-62", "60// 62", "60//62", "60/ 62", "62/60", "60/62/64", "60x2 62",
