@@ -150,6 +150,13 @@ Items items_before(const Site& site) {
     return items_of(site.of({*open + 1, std::max(site.at, *open + 1)}));
 }
 
+// "ra(T/2 1 [60 72])"
+bool advise_divided_time(Adviser& adviser) {
+    const auto open = open_parenthesis(adviser.site);
+    if (!open || adviser.site.text.substr(*open, 3) != "(T/") return false;
+    return adviser.help("a time is multiplied, not divided: `T*.5` is half of the block");
+}
+
 bool advise_missing_weight(Adviser& adviser) {
     const Items items = items_before(adviser.site);
     if (items.size() != 1) return false;
@@ -236,6 +243,10 @@ bool advise_missing_value(Adviser& adviser) {
 }
 
 bool advise_walk(Adviser& adviser) {
+    const auto open = open_parenthesis(adviser.site);
+    if (open && *open >= 2 && adviser.site.of({*open - 2, *open}) == "ho") {
+        return adviser.help("write the time and the value, in the input type of the statement: `ho(T 60)`");
+    }
     return adviser.help("a walk has a range, a window and a start: `rw(T 1 [60 72] .2 66)`");
 }
 
@@ -255,6 +266,7 @@ constexpr AdviceRow ROWS[] = {
     {"E48", advise_open_parenthesis},
     {"E61", advise_open_parenthesis},
     {"E41", advise_open_parenthesis},
+    {"E38", advise_divided_time},
     {"E38", advise_missing_weight},
     {"E19", advise_whole_number},
     {"E19", advise_per_cent},

@@ -139,6 +139,33 @@ bool advise_hidden_brace(Adviser& adviser) {
     return adviser.help("everything behind `;` is a comment, the `{` too; leave the `;` out");
 }
 
+// "-4beats"
+bool advise_unit(Adviser& adviser) {
+    if (adviser.word().empty() || !is_letter(adviser.word().back())) return false;
+    return adviser.help("a length has no unit: 4 is a number of beats, -4 one of events");
+}
+
+bool advise_other_bracket(Adviser& adviser) {
+    const std::size_t behind = next_visible(adviser.site.text, adviser.mark.end);
+    const Stretch sign = {behind, behind + 1};
+    if (adviser.site[behind] != '(' && adviser.site[behind] != '[') return false;
+    adviser.point_at(sign);
+    adviser.edit(sign, "{");
+    return adviser.help("a block begins with `{`");
+}
+
+// "i1 = 5.5 0 4": the fraction has been read as the start.
+bool advise_fraction(Adviser& adviser) {
+    const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
+    const std::size_t equals = adviser.site.of(line).find('=');
+    if (equals == std::string_view::npos) return false;
+    const Stretch pfields =
+        word_at(adviser.site.text, next_visible(adviser.site.text, line.begin + equals + 1));
+    if (adviser.site.of(pfields).find('.') == std::string_view::npos) return false;
+    adviser.point_at(pfields);
+    return adviser.help("behind `=` stands the number of p-fields, a whole number");
+}
+
 bool advise_brace(Adviser& adviser) {
     const std::string_view word = adviser.word();
     if (word.starts_with('-') && word.find('.') != std::string_view::npos) {
@@ -171,10 +198,11 @@ bool advise_length(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E71", advise_skipped},     {"E44", advise_beyond},     {"E70", advise_duplicate},
-    {"E34", advise_csound_note}, {"E34", advise_equals},     {"E11", advise_hash},
-    {"E22", advise_hash},        {"E11", advise_instrument}, {"E30", advise_hidden_brace},
-    {"E30", advise_brace},       {"E12", advise_start},      {"E120", advise_length},
+    {"E71", advise_skipped},     {"E44", advise_beyond},        {"E70", advise_duplicate},
+    {"E34", advise_csound_note}, {"E34", advise_equals},        {"E11", advise_hash},
+    {"E22", advise_hash},        {"E11", advise_instrument},    {"E30", advise_hidden_brace},
+    {"E30", advise_unit},        {"E30", advise_other_bracket}, {"E30", advise_fraction},
+    {"E30", advise_brace},       {"E12", advise_start},         {"E120", advise_length},
     {"E121", advise_length},     {"E13", advise_length},
 };
 

@@ -67,6 +67,10 @@ bool advise_constant(Adviser& adviser) {
 // --- includes ---
 
 bool advise_include(Adviser& adviser) {
+    if (std::count(adviser.word().begin(), adviser.word().end(), '|') == 1) {
+        adviser.edit({adviser.mark.end, adviser.mark.end}, "|");
+        return adviser.help("write a second `|` behind the name");
+    }
     const auto& tried = adviser.site.run.tried_includes;
     if (tried.empty()) return false;
     adviser.help("looked for \"" + tried.back() + "\" and found nothing there that can be read");
@@ -154,6 +158,20 @@ bool advise_hash_comment(Adviser& adviser) {
     return adviser.help("`#` begins a definition; a comment begins with `;`");
 }
 
+// A text of a macro runs on to the next "#", over line ends.
+bool advise_open_body(Adviser& adviser) {
+    const std::size_t definition = adviser.site.text.substr(0, adviser.site.at).rfind("#define");
+    if (definition == std::string_view::npos) return false;
+    adviser.note("the definition begins here", {definition, definition + 7});
+    return adviser.help("write a `#` where the text of the macro ends");
+}
+
+bool advise_condition(Adviser& adviser) {
+    const std::string_view word = adviser.word();
+    if (!word.starts_with("#ifdef") && !word.starts_with("#ifndef")) return false;
+    return adviser.help("only values can be asked for, not names: `#const A 1`, and then `#if(~A)`");
+}
+
 // The "#if" that nothing ends.
 bool advise_open_condition(Adviser& adviser) {
     const std::string_view text = adviser.site.text.substr(0, adviser.site.at);
@@ -184,7 +202,7 @@ constexpr AdviceRow ROWS[] = {
     {"Ebar", advise_include_bars},   {"E89", advise_circle},         {"E82", advise_too_many_arguments},
     {"E85", advise_arguments},       {"E86", advise_arguments},      {"E81", advise_body},
     {"E500", advise_value},          {"E80", advise_hash_comment},   {"E117", advise_open_condition},
-    {"E119", advise_open_condition},
+    {"E119", advise_open_condition}, {"E8", advise_open_body},       {"E114", advise_condition},
 };
 
 }  // namespace
