@@ -84,7 +84,8 @@ std::string behind_links(const std::string& path) {
 AtomicFile::~AtomicFile() { drop(); }
 
 bool AtomicFile::fail(const char* doing) {
-    error_ = std::string("cannot ") + doing + " " + path_ + ": " + std::strerror(errno);
+    const std::string what = path_ == "-" ? "all to standard output" : path_;
+    error_ = std::string("cannot ") + doing + " " + what + ": " + std::strerror(errno);
     drop();
     return false;
 }

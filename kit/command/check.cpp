@@ -53,10 +53,18 @@ private:
     std::vector<std::string> scores_;
 };
 
+// A header alone at the end of a score opens a block that never begins.
+bool has_blocks(const ScoreRun& run) {
+    return std::any_of(run.blocks.begin(), run.blocks.end(),
+                       [](const BlockRecord& block) { return block.is_skipped || !block.fields.empty(); });
+}
+
 // Definitions alone are a file for others to include.
 bool is_empty(const ScoreRun& run) {
-    return run.status == 0 && run.messages.empty() && run.blocks.empty() && run.direct_lines.empty() &&
-           run.tempos.empty() && run.macros.empty() && run.constants.empty();
+    const bool only_a_header = !run.blocks.empty();
+    const bool defines = !run.macros.empty() || !run.constants.empty();
+    return run.status == 0 && run.messages.empty() && !has_blocks(run) && run.direct_lines.empty() &&
+           run.tempos.empty() && (only_a_header || !defines);
 }
 
 Outcome check_score(const std::string& argument, const CheckArguments& arguments, CheckReport& report) {

@@ -67,7 +67,8 @@ class CheckTest(vornkit.CommandTest):
 
     def test_an_empty_score_is_told_to_be_empty(self):
         self.write("comment.vorn", "; to be written\n")
-        for name in ("/dev/null", "comment.vorn"):
+        self.write("header.vorn", "#define A #60#\ni1 = 4 0 -3 {\n")
+        for name in ("/dev/null", "comment.vorn", "header.vorn"):
             done = self.check(name)
             self.assertEqual((done.returncode, done.stdout, done.stderr),
                              (0, "", f'vornkit: "{name}" has no block, so there is nothing to play\n'))

@@ -86,7 +86,10 @@ class Vornkit(CommandTest):
 
     def test_an_output_that_takes_nothing_is_told(self):
         self.write("wrong.vorn", "oops\n")
-        for arguments in (("explain",), ("explain", "E27", "--format", "json"), ("check", "wrong.vorn"), ("--help",)):
+        self.write("well.vorn", "i1 = 5 0 -1 {\np2 1\np3 1\np4 100\np5 60 }\n")
+        for arguments in (("explain",), ("explain", "E27", "--format", "json"), ("check", "wrong.vorn"), ("--help",),
+                          ("events", "well.vorn", "-o", "-"), ("midi", "well.vorn", "-"),
+                          ("picture", "well.vorn", "-o", "-")):
             with open("/dev/full", "wb") as full:
                 done = subprocess.run([pathlib.Path(VORNKIT).resolve(), *arguments], cwd=self.folder, stdout=full,
                                       stderr=subprocess.PIPE, check=False, timeout=120)
