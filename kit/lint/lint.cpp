@@ -27,7 +27,7 @@ constexpr StatementRule STATEMENT_RULES[] = {
     {"L3", rules::values_run_together}, {"L6", rules::chord_in_start_loop},
     {"L7", rules::beats_of_last_tempo}, {"L10", rules::setting_behind_loop},
     {"L11", rules::unclosed_loop},      {"L12", rules::values_dropped},
-    {"L16", rules::rests_that_sound},
+    {"L16", rules::rests_that_sound},   {"L18", rules::times_behind_loop},
 };
 
 constexpr RunRule RUN_RULES[] = {

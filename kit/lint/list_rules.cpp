@@ -120,6 +120,22 @@ void setting_behind_loop(const Statement& statement, Findings& findings) {
     }
 }
 
+// "< 60 62 > x2" is 60 62 62, and then the loop from its beginning.
+void times_behind_loop(const Statement& statement, Findings& findings) {
+    const std::vector<Item>& items = statement.items;
+    for (std::size_t n = 1; n < items.size(); ++n) {
+        const Item& times = items[n];
+        const bool repeats = times.kind == ItemKind::TIMES && times.times != 1;
+        if (!repeats || items[n - 1].kind != ItemKind::LOOP_CLOSE || statement.is_dropped(times)) continue;
+        Diagnostic diagnostic = findings.at(statement.begin_of(items[n - 1]), statement.last_of(times));
+        diagnostic.text =
+            "\"" + statement.text(times) + "\" repeats the last value of the loop, and not the loop.";
+        diagnostic.advice.push_back(
+            "A loop goes on up to the end of the block by itself; for some rounds of it write its values.");
+        findings.add(std::move(diagnostic));
+    }
+}
+
 void unclosed_loop(const Statement& statement, Findings& findings) {
     if (!statement.is_whole || statement.has(ItemKind::LOOP_CLOSE)) return;
     for (const Item& item : statement.items) {

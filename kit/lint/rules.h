@@ -15,6 +15,7 @@ void values_run_together(const Statement& statement, Findings& findings);
 // --- list_rules.cpp ---
 void chord_in_start_loop(const Statement& statement, Findings& findings);
 void setting_behind_loop(const Statement& statement, Findings& findings);
+void times_behind_loop(const Statement& statement, Findings& findings);
 void unclosed_loop(const Statement& statement, Findings& findings);
 void values_dropped(const Statement& statement, Findings& findings);
 

@@ -455,6 +455,21 @@ TEST(BlocksOfRests, AreNotThoseOfWhichOneEventSounds) {
     }
 }
 
+// --- L18: times behind a loop ---
+
+TEST(TimesBehindLoop, RepeatTheLastValueAlone) {
+    EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 >x2\n}\n"), (Notes{"L18 4:12 >x2"}));
+    EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 > x3 70\n}\n"), (Notes{"L18 4:12 > x3"}));
+    EXPECT_EQ(found_in(four_events("p4 < 60 > x0"))[0].text,
+              "\"x0\" repeats the last value of the loop, and not the loop.");
+}
+
+TEST(TimesBehindLoop, AreRightBehindAValue) {
+    for (const char* list : {"< 60 62 x2 >", "< 60 62 > 64 x2", "< 60 62 > x1", "60 x4"}) {
+        EXPECT_EQ(notes_of(four_events(std::string("p4 ") + list)), Notes{}) << list;
+    }
+}
+
 // --- with --midi ---
 
 constexpr LintOptions FOR_MIDI = {.midi = true, .ignored = {}};
