@@ -133,7 +133,7 @@ bool advise_closing(Adviser& adviser) {
     adviser.note("the parenthesis was opened here", {*open, *open + 1});
     if (closes_further_on(site)) {
         adviser.point_at(word_or_character(site.text, site.at));
-        return adviser.help("this is no value that may stand here; leave it out, or write `)` before it");
+        return adviser.help("leave this out, or write `)` before it");
     }
     const std::size_t behind = behind_visible(site.text, site.at);
     adviser.point_at({behind, behind});
@@ -245,7 +245,7 @@ bool advise_missing_value(Adviser& adviser) {
 bool advise_walk(Adviser& adviser) {
     const auto open = open_parenthesis(adviser.site);
     if (open && *open >= 2 && adviser.site.of({*open - 2, *open}) == "ho") {
-        return adviser.help("write the time and the value, in the input type of the statement: `ho(T 60)`");
+        return adviser.help("write the time and the value: `ho(T 60)`");
     }
     return adviser.help("a walk has a range, a window and a start: `rw(T 1 [60 72] .2 66)`");
 }

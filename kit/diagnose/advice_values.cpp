@@ -151,7 +151,7 @@ bool advise_foreign_word(Adviser& adviser) {
         const char* help;
     };
     constexpr Row ROWS[] = {
-        {" r R rest Rest ", "a rest is `r` among note names, under `no`; elsewhere P3 makes it: `p3 -1`"},
+        {" r R rest Rest ", "a rest is `r` under `no`, else `p3 -1`"},
         {" p P ", "the number of a p-field follows directly: `p4 60`"},
         {" pp mp mf ff ", "loudness is a number: `db 80`"},
     };
@@ -240,7 +240,7 @@ bool advise_sign(Adviser& adviser) {
         {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
         {")", "there is a `)` too many"},
         {"%", "fractions are written as .5, not as 50%"},
-        {":", "`:` joins the values of a chord; nothing to join stands before it, so leave it out"},
+        {":", "leave out the `:`, which joins the values of a chord"},
         {"{", "the block is open already; a `{` stands in the header only"},
         {"|", "`|` stands only around the name of an include file"},
     };
@@ -371,7 +371,7 @@ bool advise_number(Adviser& adviser) {
 
 bool advise_function(Adviser& adviser) {
     if (adviser.word() != "(" && !is_called(adviser)) return false;
-    return adviser.help("an equation has values and signs of arithmetic only, no parentheses or functions");
+    return adviser.help("an equation has no parentheses or functions");
 }
 
 // "[60-72]"
