@@ -17,9 +17,9 @@ target_compile_options(vorn_flags INTERFACE -flto)
 target_compile_options(vorn_core PRIVATE -Oz)
 target_compile_options(vorn_kit PRIVATE -fno-rtti -Oz)
 # Where a score of many events spends its time.
-set(busy_sources blocks/fill blocks/store generators/arithmetic generators/curves generators/ddf
-    generators/distributions generators/progress generators/random generators/value_range generators/walk
-    output/arena output/csound_writer output/event_list output/pitch_conversion output/written_value)
+set(busy_sources blocks/fill generators/arithmetic generators/ddf generators/progress generators/random
+    generators/value_range generators/walk output/arena output/csound_writer output/pitch_conversion
+    output/written_value)
 list(TRANSFORM busy_sources PREPEND src/)
 list(TRANSFORM busy_sources APPEND .cpp)
 set_source_files_properties(${busy_sources} PROPERTIES COMPILE_OPTIONS -O2)
