@@ -81,8 +81,7 @@ bool stands_still(const std::vector<float>& beats) {
 const char* silence_advice(const EventTable& events) {
     if (stands_still(events.beat)) {
         return "P2 is the time to the next event: write beats above 0. Of notes that begin together give P3 "
-               "in "
-               "seconds, 1000 + n, or in beats, 400 + n.";
+               "in seconds, 1000 + n, or in beats, 400 + n.";
     }
     const auto is_nothing = [](float duration) { return duration == 0; };
     if (std::all_of(events.duration.begin(), events.duration.end(), is_nothing)) {
