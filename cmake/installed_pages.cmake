@@ -1,0 +1,63 @@
+# Run while installing, with `folder`, where the documents are put: makes the pages true for readers who have
+# no sources. Of a part of a page that is written twice,
+#     <!-- in the sources: --> ... <!-- where installed: ... -->
+# the second text is kept; a link to what is not there becomes the name that it shows.
+
+# What stands in `text` from `begin` to `end`, without the empty lines around it.
+function(part_of text begin end result)
+    math(EXPR length "${end} - ${begin}")
+    string(SUBSTRING "${text}" ${begin} ${length} part)
+    string(REGEX REPLACE "^\n+|\n+$" "" part "${part}")
+    set(${result} "${part}" PARENT_SCOPE)
+endfunction()
+
+# What stands before the first `mark` of `text`, and what behind it.
+function(split text mark before after)
+    string(FIND "${text}" "${mark}" end)
+    if(end EQUAL -1)
+        message(FATAL_ERROR "No \"${mark}\" in:\n${text}")
+    endif()
+    part_of("${text}" 0 ${end} first)
+    string(LENGTH "${mark}" width)
+    math(EXPR begin "${end} + ${width}")
+    string(LENGTH "${text}" length)
+    part_of("${text}" ${begin} ${length} second)
+    set(${before} "${first}" PARENT_SCOPE)
+    set(${after} "${second}" PARENT_SCOPE)
+endfunction()
+
+function(keep_installed_parts page)
+    file(READ ${page} text)
+    while(text MATCHES "<!-- in the sources: -->")
+        split("${text}" "<!-- in the sources: -->" before rest)
+        split("${rest}" "<!-- where installed:" left_out rest)
+        split("${rest}" "-->" kept after)
+        set(text "${before}\n\n${kept}\n\n${after}\n")
+    endwhile()
+    file(WRITE ${page} "${text}")
+endfunction()
+
+function(unlink_missing page)
+    file(READ ${page} text)
+    get_filename_component(beside ${page} DIRECTORY)
+    set(rest "${text}")
+    while(rest MATCHES "\\]\\(([^)#: ]+)")
+        set(target ${CMAKE_MATCH_1})
+        string(REPLACE "](${target}" "" rest "${rest}")
+        if(NOT EXISTS ${beside}/${target})
+            string(REPLACE "." "\\." pattern ${target})
+            string(REGEX REPLACE "\\[([^]]*)\\]\\(${pattern}(#[^)]*)?\\)" "`\\1`" text "${text}")
+        endif()
+    endwhile()
+    file(WRITE ${page} "${text}")
+endfunction()
+
+set(readme ${folder}/README.md)
+file(GLOB pages ${readme} ${folder}/docs/*.md ${folder}/docs/tutorial/README.md ${folder}/editors/README.md)
+foreach(page ${pages})
+    keep_installed_parts(${page})
+endforeach()
+file(GLOB pages ${readme} ${folder}/CONTRIBUTING.md ${folder}/docs/development/*.md)
+foreach(page ${pages})
+    unlink_missing(${page})
+endforeach()
