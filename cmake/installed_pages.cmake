@@ -57,7 +57,7 @@ file(GLOB pages ${readme} ${folder}/docs/*.md ${folder}/docs/tutorial/README.md 
 foreach(page ${pages})
     keep_installed_parts(${page})
 endforeach()
-file(GLOB pages ${readme} ${folder}/CONTRIBUTING.md ${folder}/docs/development/*.md)
+file(GLOB pages ${readme} ${folder}/docs/README.md ${folder}/CONTRIBUTING.md ${folder}/docs/development/*.md)
 foreach(page ${pages})
     unlink_missing(${page})
 endforeach()
