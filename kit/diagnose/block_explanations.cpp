@@ -118,7 +118,11 @@ p2 1  p3 1 }
               "A block below these limits has used up the memory of the machine.",
      .cure = "Look at the length of the block and at what repeats in it. "
              "A very long piece can be divided into several blocks.",
-     .score = R"(i1 = 40, 0, -50000000 {
+     .score = R"(i1 = 3, 0, -500000000 {
+p2 1
+p3 1 }
+)",
+     .cured = R"(i1 = 3, 0, -500 {
 p2 1
 p3 1 }
 )"},

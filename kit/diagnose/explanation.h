@@ -24,7 +24,7 @@ struct Explanation {
     FurtherText cause;            // what is wrong and what probably happened
     std::string_view cure;        // what to write; empty for a reserved number
     FurtherText score = {};       // a score that provokes the code; empty: none can, see `unprovoked`
-    FurtherText cured = {};       // the same score without the mistake; may be empty
+    FurtherText cured = {};       // the same score without the mistake; of each that is shown
     FurtherText unprovoked = {};  // why no score shows it
 };
 

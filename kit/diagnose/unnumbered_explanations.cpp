@@ -15,6 +15,10 @@ constexpr Explanation TABLE[] = {
      .score = R"(#include "drums.vorn"
 i1 = 3, 0, 4 {
 p2 1  p3 1 }
+)",
+     .cured = R"(#include |drums.vorn|
+i1 = 3, 0, 4 {
+p2 1  p3 1 }
 )"},
     {.code = "Ebeats",
      .title = "A block is too long",
@@ -70,9 +74,14 @@ p2 1  p3 1  p4 ~ROOT }
      .title = "An include file cannot be read",
      .cause = "The file between the bars cannot be read: it is not there, or may not be opened. "
               "Its name is looked up in the folder in which the command runs, "
-              "and not beside the score, unless `--relative` asks for that.",
+              "and not beside the score, unless `--relative` asks for that. "
+              "Here there is `drums.vorn`, and its name is misspelt.",
      .cure = "Correct the name, or start the command in the folder that the name counts from.",
-     .score = R"(#include |no_such_file.vorn|
+     .score = R"(#include |drum.vorn|
+i1 = 3, 0, 4 {
+p2 1  p3 1 }
+)",
+     .cured = R"(#include |drums.vorn|
 i1 = 3, 0, 4 {
 p2 1  p3 1 }
 )"},
@@ -113,6 +122,9 @@ p2 1  p3 1  p4 $ROOT }
      .score = R"(#include |score.vorn|
 i1 = 3, 0, 4 {
 p2 1  p3 1 }
+)",
+     .cured = R"(i1 = 3, 0, 4 {
+p2 1  p3 1 }
 )"},
     {.code = "Eopen",
      .title = "A file cannot be opened",
@@ -131,6 +143,13 @@ p2 1  p3 1 }
               "Mostly the second bar is missing, so that the score was taken for the name.",
      .cure = "Write the second bar: `#include |drums.vorn|`.",
      .score = R"(#include |drums.vorn
+; The drums play throughout. Above them stand two voices, of which the second
+; one begins eight beats later. Both have the same notes, each with its own
+; rhythm, and both end with the last beat of the drums.
+i1 = 5, 0, 16 { p2 1  p3 1  p4 no c4 d e f g  p5 db 70 }
+i2 = 5, 8, 8 { p2 .5  p3 1  p4 no c4 d e f g  p5 db 70 }
+)",
+     .cured = R"(#include |drums.vorn|
 ; The drums play throughout. Above them stand two voices, of which the second
 ; one begins eight beats later. Both have the same notes, each with its own
 ; rhythm, and both end with the last beat of the drums.

@@ -31,8 +31,10 @@ const std::set<std::string_view> UNPROVOKED = {"E9",     "E33",    "E102",  "E11
                                                "Elong",  "Enames", "Eopen", "Eother", "Etemporary",
                                                "Eusage", "Ewrite", "Wmore", "Wother"};
 
+// Beside the file that some of them include.
 ScoreRun run_score_text(std::string_view text) {
-    test::TableSources sources{{"score.vorn", std::string(text)}};
+    test::TableSources sources{{"score.vorn", std::string(text)},
+                               {"drums.vorn", "i9 = 3, 0, 16 {\np2 1  p3 1 }\n"}};
     return run_score("score.vorn", {}, sources);
 }
 
@@ -119,6 +121,7 @@ TEST(Explanations, ScoresHaveThreeLinesAtMost) {
 TEST(Explanations, MendedScoresAreWell) {
     int mended = 0;
     for (const Explanation& explanation : all_explanations()) {
+        EXPECT_EQ(explanation.cured.empty(), explanation.score.empty()) << explanation.code;
         if (explanation.cured.empty()) continue;
         const ScoreRun run = run_score_text(explanation.cured);
         const std::vector<std::string> codes = codes_of(run);
