@@ -151,6 +151,8 @@ class DocumentChanges(CommandTest):
         self.assertEqual(bass[0].start, 0)
         self.assertEqual({note.instrument for note in self.notes("two-voices", ("i1 =", "i-1 ="))}, {2})
         self.assertIn("skipped", self.vornkit("check", "in.vorn").stdout)
+        self.assertIn("skipped", self.run_program(VORN, "in.vorn", "out.sco").stderr.decode())
+        self.assertIn("skipped", self.vornkit("play", "in.vorn", "--wav", "out.wav").stderr)
         self.assertEqual({note.instrument for note in self.notes("two-voices", ("i1 =", "i2 ="))}, {2})
         solution = self.notes("two-voices-solution")
         melody, higher = ([note for note in solution if note.level == level] for level in (.4, .2))
@@ -198,6 +200,7 @@ class DocumentChanges(CommandTest):
         apart = self.notes("accelerando", (wide, "p2 2\np3 .95\np4(hz) no < d3 bf2 f3 c3 >"))
         melody, bass = ([note.start for note in apart if note.instrument == voice] for voice in (1, 2))
         self.assertGreater(bass[8], melody[32] + .2)
+        self.assertRegex(self.vornkit("check", "in.vorn").stdout, r"note: Beat \d+ comes at [\d.]+ seconds here and at")
         gaps = self.gaps([note for note in self.notes("accelerando-solution") if note.instrument == 1])
         self.assertAlmostEqual(gaps[0], 30 / 132, 3)
         self.assertAlmostEqual(gaps[30], 30 / 132, 2)
@@ -216,6 +219,13 @@ class DocumentChanges(CommandTest):
         beats = self.notes("lanterns", ("te(72)", "te(60)"))
         self.assertAlmostEqual(beats[-1].start / self.notes("lanterns")[-1].start, 72 / 60, 2)
         self.assertNotIn(5, {note.instrument for note in self.notes("lanterns", ("i5 =", "i-5 ="))})
+
+    def test_checks_are_whole_commands(self):
+        """With a score of the lessons behind, to be copied as they stand."""
+        named = [file for lesson in LESSONS.glob("*.md")
+                 for file in re.findall(r"`vornkit check ?([^`]*)`", lesson.read_text())]
+        self.assertGreater(len(named), 2)
+        self.assertEqual([file for file in named if not file or not (LESSONS / "scores" / file).exists()], [])
 
     def test_an_introduction(self):
         """As the solution of the last lesson says: eight beats more in each header."""
