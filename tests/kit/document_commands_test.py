@@ -31,7 +31,9 @@ class DocumentCommands(CommandTest):
     def setUp(self):
         super().setUp()
         programs = [pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")), pathlib.Path(VORNKIT)]
-        path = [str(program.resolve().parent) for program in programs]
+        path = [str(program.resolve().parent) for program in programs] + [str(self.folder / "debian")]
+        (self.folder / "debian").mkdir()
+        (self.folder / "debian" / "python3").symlink_to(sys.executable)  # that has the packages of Debian
         self.environment = dict(os.environ, PATH=os.pathsep.join([*path, os.environ["PATH"]]))
 
     def run_block(self, text, folder):

@@ -4,6 +4,7 @@ import os
 import pathlib
 import re
 import shutil
+import sys
 import unittest
 
 import mido
@@ -11,6 +12,9 @@ import mido
 from vornkit import CommandTest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "support"))
+from sound import Sound  # noqa: E402
+
 RECIPES = ROOT / "docs" / "recipes"
 VORN = pathlib.Path(os.environ.get("VORN_PROGRAM", "build/dev/vorn")).resolve()
 
@@ -182,6 +186,85 @@ class Recipes(CommandTest):
                  for message in track if message.type == "note_on"]
         self.assertEqual({channel for channel, _ in notes}, {0, 1, 9})
         self.assertEqual({note for channel, note in notes if channel == 9}, {36, 38, 42})
+
+    def test_from_midi(self):
+        """What is written as a MIDI file comes back note for note, in beats."""
+        self.assertEqual(self.vornkit("midi", "midi-band.vorn", "band.mid").returncode, 0)
+        done = self.run_program(sys.executable, "from-midi.py", "band.mid")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.write("from-band.vorn", done.stdout.decode())
+        self.assertEqual(self.vornkit("check", "from-band.vorn").stdout, "")
+        self.assertIn("te(112)", done.stdout.decode())
+        came, went = voices(self.events("from-band.vorn")), voices(self.events("midi-band.vorn"))
+        self.assertEqual(set(came), set(went))
+        for instrument, notes in went.items():
+            notes.sort(key=lambda event: (round(event.start, 2), event.rest[0]))
+            back = sorted(came[instrument], key=lambda event: (round(event.start, 2), event.key))
+            self.assertEqual([event.key for event in back], [event.rest[0] for event in notes])
+            for event, note in zip(back, notes):
+                self.assertAlmostEqual(event.start, note.start, delta=.0021)
+                self.assertAlmostEqual(event.duration, note.duration, delta=.0021)
+                self.assertAlmostEqual(event.rest[1], note.rest[1], delta=.005)
+
+    def test_from_midi_keeps_channels_and_strokes_apart(self):
+        file, track = mido.MidiFile(type=0, ticks_per_beat=96), mido.MidiTrack()
+        file.tracks.append(track)
+        for kind, channel, key, velocity, time in (("note_on", 0, 60, 127, 96), ("note_on", 1, 61, 127, 0),
+                                                   ("note_on", 0, 60, 127, 32), ("note_off", 1, 61, 0, 64),
+                                                   ("note_on", 0, 60, 0, 0)):
+            track.append(mido.Message(kind, channel=channel, note=key, velocity=velocity, time=time))
+        file.save(self.folder / "strokes.mid")
+        self.write("strokes.vorn", self.run_program(sys.executable, "from-midi.py", "strokes.mid").stdout.decode())
+        notes = [(event.instrument, event.start, event.duration, event.key) for event in self.events("strokes.vorn")]
+        self.assertEqual(notes, [(1, .5, .167, 48), (1, .667, .333, 48), (2, .5, .5, 49)])
+
+    def test_trill(self):
+        events = self.events("trill.vorn")
+        beat = 60 / 84
+        sounding = [event for event in events if event.duration > 0]
+        starts = sorted(event.start for event in sounding)
+        self.assertEqual(len(sounding), 9 + 16 + 12)
+        for begin, end, low, high in ((2, 4, 62, 64), (6, 7.5, 59, 60)):
+            trill = [event for event in sounding if begin - .01 < event.start / beat < end - .01]
+            self.assertEqual([event.key for event in trill], [high, low] * (len(trill) // 2))
+            self.assertAlmostEqual(trill[0].start, begin * beat, delta=.0011)
+        self.assertTrue(all(later - start < 1.01 * beat for start, later in zip(starts, starts[1:])))
+        gaps = [event.start for event in self.change("trill.vorn", "p2 rh 32", "p2 mo(T 1 .2 .08)")[9:20]]
+        steps = [later - start for start, later in zip(gaps, gaps[1:])]
+        self.assertEqual(steps, sorted(steps, reverse=True))
+
+    def test_fermata(self):
+        beat = 60 / 96
+        for voice in voices(self.events("fermata.vorn")).values():
+            gaps = [later.start - event.start for event, later in zip(voice, voice[1:])]
+            for number, gap in enumerate(gaps):
+                self.assertAlmostEqual(gap, beat * (2 if number == 7 else 1), delta=.0011)
+            self.assertAlmostEqual(voice[-1].duration, .95 * 3 * beat, delta=.0011)
+        slower = self.change("fermata.vorn", "te(0 7 96 96)", "te(0 4 96 96)\nte(4 7 96 60 f)")
+        self.assertGreater(slower[6].duration, slower[5].duration)
+
+    def test_glissando(self):
+        voice, harp = voices(self.events("glissando.vorn")).values()
+        for event, later in zip(voice, voice[1:]):
+            self.assertEqual(event.rest[2], later.rest[0])
+        self.assertEqual([event.key for event in harp], list(range(48, 73)))
+        self.assertAlmostEqual(harp[-1].start - harp[0].start, 2 * 60 / 66, delta=.0011)
+        # The pitch of the sound: held first, and half way to the next one at three quarters.
+        alone = (self.folder / "glissando.vorn").read_text().replace("i2 =", "i-2 =")
+        self.write("alone.vorn", alone)
+        self.assertEqual(self.vornkit("play", "alone.vorn", "glissando.orc", "--wav", "out.wav").returncode, 0)
+        sound = Sound(self.folder / "out.wav")
+        tones = [220 * 2 ** (semitones / 12) for semitones in (0, 3.5, 7)]
+        heard = [sound.pitch(tones, second - .02, .04) for second in (.2, .85, 1.3636, 1.79)]
+        self.assertEqual(heard, [tones[0], tones[0], tones[1], tones[2]])
+
+    def test_ogg(self):
+        self.score("drums.vorn")
+        done = self.run_program("csound", "-d", "--ogg", "-o", "drums.ogg", "drums.orc", "out.sco")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual((self.folder / "drums.ogg").read_bytes()[:4], b"OggS")
+        told = self.run_program("csound", "-U", "sndinfo", "drums.ogg")
+        self.assertRegex((told.stdout + told.stderr).decode(), r"9\.\d+ seconds")
 
     def test_start_times(self):
         calls = re.findall(r"^ \$NOTE\(([\d.]+)'([\d.]+)'", (RECIPES / "start-times.vorn").read_text(), re.MULTILINE)
