@@ -2,7 +2,7 @@
 // sounds well. An address that is opened later puts its piece here, too.
 import { firstPiece } from '../gallery/first_piece';
 import type { Autosave } from '../keep/autosave';
-import { recall, type Kept } from '../keep/storage';
+import { recall } from '../keep/storage';
 import { fromFragment, isPieceFragment } from '../share/address';
 import { openPiece, type AppStore } from '../state/app_state';
 import { notice } from '../ui/notices';
@@ -21,12 +21,9 @@ async function openAddress(autosave: Autosave): Promise<void> {
     else notice(DAMAGED);
 }
 
-const toKept = (kept: Kept | undefined): Pick<Kept, 'piece' | 'keptSeeds'> =>
-    kept ?? { piece: firstPiece, keptSeeds: [] };
-
 export async function begin(store: AppStore, autosave: Autosave): Promise<void> {
-    const { piece, keptSeeds } = toKept(await recall());
-    openPiece(store, piece, keptSeeds);
+    const kept = await recall();
+    openPiece(store, kept?.piece ?? firstPiece, kept);
     await openAddress(autosave);
     addEventListener('hashchange', () => void openAddress(autosave));
 }

@@ -128,10 +128,11 @@ function followSound(store: AppStore, picture: Picture, sounding: Sounding): voi
     };
     store.watch(
         (state) => state.sounding,
-        (state) => {
-            if (state === 'playing') requestAnimationFrame(frame);
-            else picture.setPosition(store.state.position, false);
-        },
+        (state) => state === 'playing' && requestAnimationFrame(frame),
+    );
+    store.watch(
+        ({ sounding: now, position }) => (now === 'playing' ? undefined : position),
+        (position) => position !== undefined && picture.setPosition(position, false),
     );
 }
 

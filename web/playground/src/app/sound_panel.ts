@@ -1,12 +1,11 @@
 // The panel of sound: by what it is played, and what Csound says.
 import { findPorts, hasMidi, type Port } from '../sound/midi_ports';
+import { withoutMarks } from '../sound/orchestra_mistakes';
 import { BUILT_IN, MIDI, ORCHESTRA } from '../sound/sounding';
 import type { AppState, AppStore } from '../state/app_state';
 import { orchestraOf } from '../state/piece';
 import { make } from '../ui/dom';
 import { drawing, type PanelView } from './panels';
-
-const ESCAPES = new RegExp(String.raw`\u001b\[[0-9;]*m`, 'g');
 
 function outputChoice(store: AppStore, ports: readonly Port[]): HTMLOptionElement[] {
     const orchestra = orchestraOf(store.state.piece);
@@ -71,7 +70,7 @@ class SoundView {
         this.choice.replaceChildren(...outputChoice(this.store, this.found.ports));
         this.trouble.textContent = soundTrouble;
         this.trouble.hidden = soundTrouble === '';
-        const said = soundText.replace(ESCAPES, '').trim();
+        const said = withoutMarks(soundText).trim();
         this.text.textContent = said === '' ? 'Csound has not played yet.' : said;
     }
 }

@@ -1,6 +1,6 @@
 // Nothing that was written is lost: the piece is kept a moment after each change and when the page is
 // left; a moment of history is made every few minutes of work and before another piece takes its place.
-import { openPiece, type AppStore, type KeptSeed } from '../state/app_state';
+import { openPiece, type AppStore, type Seeds } from '../state/app_state';
 import { isSamePiece, type Piece } from '../state/piece';
 import { keep, keepAtOnce, remember, type Kept } from './storage';
 
@@ -14,13 +14,14 @@ const keptNow = (store: AppStore): Kept => ({
     window: WINDOW,
     piece: store.state.piece,
     keptSeeds: store.state.keptSeeds,
+    seedIsLocked: store.state.seedIsLocked,
 });
 
 const hasText = (piece: Piece): boolean => piece.files.some((file) => file.text.trim() !== '');
 
 export interface Autosave {
     // Puts `piece` in the place of the present one, which goes to the history.
-    replace(piece: Piece, reason: string, keptSeeds?: readonly KeptSeed[]): void;
+    replace(piece: Piece, reason: string, seeds?: Seeds): void;
     remember(reason: string): void;
 }
 
@@ -46,14 +47,15 @@ export function startAutosave(store: AppStore): Autosave {
     };
     store.watch((state) => state.piece, changed);
     store.watch((state) => state.keptSeeds, changed);
+    store.watch((state) => state.seedIsLocked, changed);
     addEventListener('pagehide', () => keepAtOnce(keptNow(store)));
     document.addEventListener('visibilitychange', () => {
         if (document.visibilityState === 'hidden') keepAtOnce(keptNow(store));
     });
     return {
-        replace: (piece, reason, keptSeeds) => {
+        replace: (piece, reason, seeds) => {
             rememberNow(reason);
-            openPiece(store, piece, keptSeeds);
+            openPiece(store, piece, seeds);
         },
         remember: rememberNow,
     };

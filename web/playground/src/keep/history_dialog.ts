@@ -24,7 +24,7 @@ export async function openHistory(autosave: Autosave): Promise<void> {
     const moments = await history();
     const open = (moment: Moment) => (): void => {
         dialog.close();
-        autosave.replace(moment.piece, 'before an older state was opened', moment.keptSeeds);
+        autosave.replace(moment.piece, 'before an older state was opened', moment);
     };
     const words =
         moments.length > 0

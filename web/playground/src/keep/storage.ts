@@ -3,13 +3,12 @@
 // is over before the page is, which holds less.
 import { createStore, del, entries, get, set, type UseStore } from 'idb-keyval';
 import { isSamePiece, toPiece, type Piece } from '../state/piece';
-import type { KeptSeed } from '../state/app_state';
+import type { KeptSeed, Seeds } from '../state/app_state';
 
-export interface Kept {
+export interface Kept extends Seeds {
     readonly time: number; // milliseconds since 1970
     readonly window: string; // which wrote it
     readonly piece: Piece;
-    readonly keptSeeds: readonly KeptSeed[];
 }
 
 export interface Moment extends Kept {
@@ -37,15 +36,18 @@ function toSeeds(value: unknown): KeptSeed[] {
 }
 
 function toKept(value: unknown): Kept | undefined {
-    const { time, window, piece, keptSeeds } = (value ?? {}) as {
-        time?: unknown;
-        window?: unknown;
-        piece?: unknown;
-        keptSeeds?: unknown;
+    const { time, window, piece, keptSeeds, seedIsLocked } = (value ?? {}) as {
+        readonly [Part in keyof Kept]?: unknown;
     };
     const texts = toPiece(piece);
     if (typeof time !== 'number' || !texts) return undefined;
-    return { time, window: String(window ?? ''), piece: texts, keptSeeds: toSeeds(keptSeeds) };
+    return {
+        time,
+        window: String(window ?? ''),
+        piece: texts,
+        keptSeeds: toSeeds(keptSeeds),
+        seedIsLocked: seedIsLocked === true,
+    };
 }
 
 // Storage may be full or forbidden: the page goes on without.

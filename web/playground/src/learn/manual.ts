@@ -30,11 +30,11 @@ const loadPages = async (): Promise<readonly ManualPage[]> =>
 
 function tryButton(store: AppStore, autosave: Autosave, piece: Piece): HTMLButtonElement {
     const open = (): void => {
-        const { piece: before, keptSeeds } = store.state;
+        const before = store.state;
         autosave.replace(piece, 'before an example of the manual');
         if (matchMedia(NARROW).matches)
             store.act('show example', () => ({ isManualOpen: false, page: 'text' }));
-        const back = (): void => autosave.replace(before, 'before going back', keptSeeds);
+        const back = (): void => autosave.replace(before.piece, 'before going back', before);
         notice('The example is in the editor. What you had is in the history.', {
             word: 'Go back',
             act: back,

@@ -83,6 +83,7 @@ export class Rendering {
     }
 }
 
+export const CANCELLED = 'It was cancelled.';
 const SILENT_FOR = 8000; // milliseconds without a sign of life: an orchestra that never comes back
 
 // One Csound at a time, in a Worker that is ended and begun anew when it does not come back.
@@ -104,6 +105,13 @@ export class Renderer {
         this.current = new Rendering();
         void this.begin(piece, this.id);
         return this.current;
+    }
+
+    // Ends the performance where it is.
+    cancel(): void {
+        this.worker?.postMessage({ kind: 'cancel', id: this.id });
+        this.id += 1;
+        this.current?.take({ kind: 'ended', id: this.id, refusal: CANCELLED });
     }
 
     private async begin(piece: SoundPiece, id: number): Promise<void> {

@@ -1,13 +1,16 @@
 // What is heard: by Csound with the piece's own orchestra or with one that is made for it, or by a MIDI
 // instrument. Whatever has been edited meanwhile is heard when the loop begins again.
-import type { Result, VornClient } from 'vorn-wasm';
+import type { Diagnostic, Result, VornClient } from 'vorn-wasm';
 import type { AppStore } from '../state/app_state';
 import { mainFile, orchestraOf, sourcesOf, type Piece } from '../state/piece';
 import programAddress from '../../generated/csound.wasm.z?url';
+import { hasSameTexts, stillHolding } from './complaints';
 import { csoundProgram } from './csound/loading';
+import { ORCHESTRA_REFUSED } from './csound/protocol';
 import { readMidi } from './midi_file';
 import { midiPiece } from './midi_instrument';
 import { PortPlayer } from './midi_ports';
+import { orchestraMistakes } from './orchestra_mistakes';
 import { Player } from './player';
 import { Renderer, Rendering, type SoundPiece } from './rendering';
 import { waveFile } from './wave';
@@ -31,6 +34,7 @@ export class Sounding {
     private newestPiece: Piece | undefined;
     private newestOutput = '';
     private attempt = 0;
+    private toldPiece: Piece; // that the complaints in the store are about
 
     constructor(
         private readonly store: AppStore,
@@ -48,6 +52,15 @@ export class Sounding {
         store.watch(
             (state) => state.resultPiece,
             () => this.renderAhead(),
+        );
+        this.toldPiece = store.state.piece;
+        store.watch(
+            (state) => state.pieceNumber,
+            () => this.leave(),
+        );
+        store.watch(
+            (state) => state.piece,
+            (piece) => this.forgetMended(piece),
         );
         this.player.setVolume(store.state.volume);
     }
@@ -92,6 +105,27 @@ export class Sounding {
         await rendering.whole();
         if (rendering.frames === 0) throw new Error(rendering.refusal || 'Csound made no sound.');
         return waveFile(rendering);
+    }
+
+    // Another piece is there: the one before is heard no longer.
+    private leave(): void {
+        this.attempt += 1;
+        this.silence();
+        this.renderer.cancel();
+        this.newest = undefined;
+        this.newestPiece = undefined;
+        this.toldPiece = this.store.state.piece;
+        this.store.act('leave piece', () => ({ sounding: 'silent' }));
+    }
+
+    private forgetMended(piece: Piece): void {
+        const before = this.toldPiece;
+        this.toldPiece = piece;
+        if (hasSameTexts(before, piece)) return;
+        this.store.act('mend', ({ soundDiagnostics }) => ({
+            soundDiagnostics: stillHolding(soundDiagnostics, before, piece),
+            soundTrouble: '',
+        }));
     }
 
     private usesCsound(): boolean {
@@ -198,12 +232,28 @@ export class Sounding {
     }
 
     private async report(rendering: Rendering): Promise<void> {
-        if (this.newestPiece !== this.store.state.resultPiece) return;
+        const { newestPiece: piece } = this;
+        if (!piece) return;
+        const found = await this.complaintsOf(rendering, piece);
+        if (rendering !== this.newest) return;
+        this.store.act('Csound reports', (state) => ({
+            soundDiagnostics: stillHolding(found, piece, state.piece),
+        }));
+    }
+
+    // The engine leads from what Csound said to blocks of the score that it has read last.
+    private async complaintsOf({ text: said, refusal }: Rendering, piece: Piece): Promise<Diagnostic[]> {
+        const orchestra = this.newestOutput === ORCHESTRA ? orchestraOf(piece) : undefined;
+        if (refusal === ORCHESTRA_REFUSED && orchestra) return orchestraMistakes(said, orchestra, refusal);
+        if (!hasSameTexts(piece, this.store.state.piece)) return [];
         try {
-            const { diagnostics } = await (await this.engine).performance(rendering.text);
-            this.store.act('Csound reports', () => ({ soundDiagnostics: diagnostics }));
+            const client = await this.engine;
+            const options = { main: mainFile(piece).name, outputs: [] };
+            const read = client.compile(sourcesOf(piece), options, { deadline: DEADLINE });
+            const [, told] = await Promise.all([read, client.performance(said)]);
+            return [...told.diagnostics];
         } catch {
-            // The engine is being started again; the text of Csound is shown all the same.
+            return []; // The engine is being started again; the text of Csound is shown all the same.
         }
     }
 

@@ -20,7 +20,13 @@ export interface KeptSeed {
     readonly picture: string;
 }
 
-export interface AppState {
+// What is kept of a piece beside its texts.
+export interface Seeds {
+    readonly keptSeeds: readonly KeptSeed[];
+    readonly seedIsLocked: boolean;
+}
+
+export interface AppState extends Seeds {
     readonly piece: Piece;
     readonly activeFile: string;
     readonly pieceNumber: number; // rises when another piece takes the place of this one
@@ -43,8 +49,6 @@ export interface AppState {
     readonly page: Page;
     readonly theme: Theme;
     readonly isManualOpen: boolean;
-    readonly seedIsLocked: boolean;
-    readonly keptSeeds: readonly KeptSeed[];
 }
 
 export type AppStore = Store<AppState>;
@@ -79,7 +83,11 @@ export function createAppStore(): AppStore {
     });
 }
 
-export function openPiece(store: AppStore, piece: Piece, keptSeeds: readonly KeptSeed[] = []): void {
+export function openPiece(
+    store: AppStore,
+    piece: Piece,
+    { keptSeeds = [], seedIsLocked = false }: Partial<Seeds> = {},
+): void {
     store.act('open piece', (state) => ({
         piece,
         pieceNumber: state.pieceNumber + 1,
@@ -87,7 +95,11 @@ export function openPiece(store: AppStore, piece: Piece, keptSeeds: readonly Kep
         cursor: { file: mainFile(piece).name, offset: 0, line: 1 },
         hiddenInstruments: new Set<number>(),
         position: 0,
+        soundText: '',
+        soundDiagnostics: [],
+        soundTrouble: '',
         goodResult: null, // the picture of another piece would mislead
         keptSeeds,
+        seedIsLocked,
     }));
 }

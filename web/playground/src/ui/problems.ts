@@ -57,6 +57,12 @@ function showProblem(store: AppStore, editor: Editor, diagnostic: Diagnostic): H
     );
 }
 
+// What stands in the way of sound and files is told before what does not; each in the order of the text.
+export const blockingFirst = (all: readonly Diagnostic[]): Diagnostic[] => [
+    ...all.filter(({ severity }) => severity === 'error'),
+    ...all.filter(({ severity }) => severity !== 'error'),
+];
+
 const capital = (text: string): string => text.charAt(0).toUpperCase() + text.slice(1);
 
 function showTrouble(store: AppStore, computing: Computing): HTMLElement {
@@ -105,7 +111,7 @@ export function showProblems(store: AppStore, editor: Editor, computing: Computi
     const told = new Told();
     const draw = (): void => {
         const { result, trouble } = store.state;
-        const all = allDiagnostics(store.state);
+        const all = blockingFirst(allDiagnostics(store.state));
         told.tell(inWords(all));
         const items = all.slice(0, MOST).map((one) => showProblem(store, editor, one));
         if (trouble !== '') items.unshift(showTrouble(store, computing));

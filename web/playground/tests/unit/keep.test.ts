@@ -15,6 +15,7 @@ vi.mock('idb-keyval', () => ({
     entries: (store: Map<unknown, unknown>) => Promise.resolve([...store]),
 }));
 
+import { createAppStore, openPiece } from '../../src/state/app_state';
 import { history, keep, recall, remember, type Kept } from '../../src/keep/storage';
 
 const written = (text: string, window: string): Kept => ({
@@ -22,6 +23,7 @@ const written = (text: string, window: string): Kept => ({
     window,
     piece: { title: 'x', files: [{ name: 'x.vorn', text }] },
     keptSeeds: [],
+    seedIsLocked: false,
 });
 const texts = async (): Promise<(string | undefined)[]> =>
     (await history()).map(({ piece }) => piece.files[0]?.text);
@@ -45,6 +47,15 @@ describe('what is kept', () => {
         await remember(written('one', 'a'), 'first');
         await remember(written('one', 'b'), 'second');
         expect(await texts()).toEqual(['one']);
+    });
+    it('holds the lock of the seed, which belongs to its piece', async () => {
+        const store = createAppStore();
+        await keep({ ...written('locked', 'a'), seedIsLocked: true });
+        const kept = await recall();
+        if (kept) openPiece(store, kept.piece, kept);
+        expect(store.state).toMatchObject({ seedIsLocked: true, piece: { title: 'x' } });
+        openPiece(store, { title: 'other', files: [{ name: 'other.vorn', text: '' }] });
+        expect(store.state.seedIsLocked).toBe(false);
     });
     it('is there when it was written before windows had names', async () => {
         const { time, piece, keptSeeds } = written('old', '');

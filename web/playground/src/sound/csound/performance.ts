@@ -1,6 +1,7 @@
 // One performance: an orchestra and a score become blocks of samples, as fast as the machine can.
 import { forBrowsers } from './dialect';
 import { startProgram, type CsoundInstance, type Files } from './program';
+import { ORCHESTRA_REFUSED } from './protocol';
 
 export interface Performance {
     readonly sampleRate: number;
@@ -31,7 +32,7 @@ function prepare(csound: CsoundInstance, piece: Piece): number {
     for (const option of OPTIONS) withText(option, (text) => functions.csoundSetOption(handle, text));
     check(
         withText(forBrowsers(piece.orchestra), (text) => functions.csoundCompileOrc(handle, text)),
-        'Csound refuses the orchestra.',
+        ORCHESTRA_REFUSED,
     );
     check(
         withText(piece.score, (text) => functions.csoundReadScore(handle, text)),

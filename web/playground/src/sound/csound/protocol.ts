@@ -21,3 +21,5 @@ export type Answer =
     | { kind: 'samples'; id: number; samples: Float32Array<ArrayBuffer>[] }
     | { kind: 'message'; id: number; text: string }
     | { kind: 'ended'; id: number; refusal: string };
+
+export const ORCHESTRA_REFUSED = 'Csound refuses the orchestra.';

@@ -1,0 +1,110 @@
+import { readFileSync } from 'node:fs';
+import { inflateSync } from 'node:zlib';
+import { beforeAll, describe, expect, it } from 'vitest';
+import type { Diagnostic } from 'vorn-wasm';
+import { perform } from '../../src/sound/csound/performance';
+import { stillHolding } from '../../src/sound/complaints';
+import { orchestraMistakes } from '../../src/sound/orchestra_mistakes';
+import type { Piece } from '../../src/state/piece';
+import { createAppStore, openPiece } from '../../src/state/app_state';
+import { blockingFirst } from '../../src/ui/problems';
+
+let csound: WebAssembly.Module;
+beforeAll(async () => {
+    csound = await WebAssembly.compile(new Uint8Array(inflateSync(readFileSync('generated/csound.wasm.z'))));
+});
+
+const HEAD = 'sr = 44100\nksmps = 32\nnchnls = 1\n0dbfs = 1\n';
+
+// What Csound itself says of it.
+async function mistakesIn(body: string): Promise<Diagnostic[]> {
+    const orchestra = { name: 'x.orc', text: HEAD + body };
+    let said = '';
+    let refusal = '';
+    await perform(csound, { orchestra: orchestra.text, score: 'i1 0 1\ne\n', files: new Map() }, (text) => {
+        said += text;
+    }).catch((error: Error) => (refusal = error.message));
+    return orchestraMistakes(said, orchestra, refusal);
+}
+
+const marked = (body: string, { place }: Diagnostic): string =>
+    place ? `${place.line} ${(HEAD + body).slice(place.from, place.to)}` : 'nowhere';
+
+describe('a mistake of an orchestra', () => {
+    it.each([
+        ['instr 1\nasound nosuch p4\nendin\n', '6 nosuch', 'unexpected T_IDENT'],
+        ['instr 1\n  asound = = p4\nendin\n', '6 =', 'expecting NEWLINE'],
+        ['instr 1\nasound poscil .1, 440\nout abound\nendin\n', '7 abound', 'used before defined'],
+        ['instr 1\nasound poscil "x"\nendin\n', '6 poscil', 'matching argument types: a poscil S'],
+        ['instr 1\n prints "abc\nendin\n', '6 prints "abc', 'unterminated string'],
+        ['instr 1\nasound poscil .1, 440\n', '7 ', 'unexpected end of file'],
+        ['instr 1\nendin\ninstr 1\nendin\n', 'nowhere', 'instr 1 redefined'],
+    ])('is told where it stands: %j', async (body, mark, words) => {
+        const [first] = await mistakesIn(body);
+        expect(first && marked(body, first)).toBe(mark);
+        expect(first?.text).toContain(words);
+        expect(first?.text).toMatch(/^[ -~]+$/);
+    });
+    it('is told by the refusal where Csound says nothing of it', () => {
+        const [only] = orchestraMistakes('', { name: 'x.orc', text: '' }, 'Refused.');
+        expect(only).toMatchObject({ severity: 'error', text: 'Refused.', place: null });
+    });
+});
+
+const pieceOf = (score: string, orchestra: string, title = 'x'): Piece => ({
+    title,
+    files: [
+        { name: 'x.vorn', text: score },
+        { name: 'x.orc', text: orchestra },
+    ],
+});
+
+function complaint(file: string, line: number, from: number, to: number): Diagnostic {
+    const place = { file, line, endLine: line, column: 1, endColumn: to - from + 1, from, to };
+    return { ...orchestraMistakes('', { name: file, text: '' }, 'x')[0], place } as Diagnostic;
+}
+
+describe('a complaint of Csound', () => {
+    const before = pieceOf('one\ntwo\n', 'first\nsecond\nthird\n');
+    const ofScore = complaint('x.vorn', 1, 0, 3);
+    const ofOrchestra = complaint('x.orc', 2, 6, 12);
+    const held = (after: Piece): (readonly [string | undefined, string | undefined])[] =>
+        stillHolding([ofScore, ofOrchestra], before, after).map(({ place }) => [
+            place?.file,
+            after.files.find(({ name }) => name === place?.file)?.text.slice(place?.from, place?.to),
+        ]);
+
+    it('holds while the texts are the same', () => {
+        expect(held(pieceOf('one\ntwo\n', 'first\nsecond\nthird\n', 'renamed'))).toHaveLength(2);
+    });
+    it('of the score falls with any edit of the score, which may have mended it', () => {
+        expect(held(pieceOf('one\ntwo\n\n', 'first\nsecond\nthird\n'))).toEqual([['x.orc', 'second']]);
+    });
+    it('of the score falls with an edit of the orchestra, the one of the orchestra stays with its line', () => {
+        expect(held(pieceOf('one\ntwo\n', 'first\nsecond\nthird, too\n'))).toEqual([['x.orc', 'second']]);
+        expect(held(pieceOf('one\ntwo\n', 'first\nmore\nsecond\nthird\n'))).toEqual([['x.orc', 'second']]);
+        expect(held(pieceOf('one\ntwo\n', 'second\nthird\n'))).toEqual([['x.orc', 'second']]);
+    });
+    it('of the orchestra falls when its line is changed, or goes', () => {
+        expect(held(pieceOf('one\ntwo\n', 'first\nsecond!\nthird\n'))).toEqual([]);
+        expect(held(pieceOf('one\ntwo\n', 'first\nthird\n'))).toEqual([]);
+        expect(held({ title: 'x', files: [{ name: 'x.vorn', text: 'one\ntwo\n' }] })).toEqual([]);
+    });
+    it('is not told of another piece', () => {
+        const store = createAppStore();
+        store.act('Csound reports', () => ({
+            soundDiagnostics: [ofScore],
+            soundTrouble: 'x',
+            soundText: 'x',
+        }));
+        openPiece(store, before);
+        expect(store.state).toMatchObject({ soundDiagnostics: [], soundTrouble: '', soundText: '' });
+    });
+});
+
+it('a mistake that stands in the way is told before notes above it', () => {
+    const note = { ...complaint('x.vorn', 1, 0, 1), severity: 'lint' as const };
+    const warning = { ...complaint('x.vorn', 2, 0, 1), severity: 'warning' as const };
+    const mistake = complaint('x.vorn', 3, 0, 1);
+    expect(blockingFirst([note, warning, mistake])).toEqual([mistake, note, warning]);
+});
