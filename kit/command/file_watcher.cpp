@@ -10,13 +10,14 @@
 
 // Folders are watched and not files, since editors save by renaming a new file over
 // the old one, whose watch would then be that of a file without a name. Of a link the
-// folder of the file behind it counts as well. Where the folder itself is missing, the
-// nearest one above it is watched until it appears.
+// folder of the file behind it counts as well. A folder does not tell when one above it
+// is moved, so these are watched too, for its name; where it is missing, until it appears.
 
 namespace vorn::kit {
 
 namespace {
 
+constexpr int MOST_LEVELS = 8;  // folders above a file that are watched
 constexpr std::uint32_t FOLDER_GOES = IN_DELETE_SELF | IN_MOVE_SELF;
 constexpr std::uint32_t EVENTS =
     IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_CREATE | FOLDER_GOES;
@@ -54,16 +55,22 @@ FileWatcher::~FileWatcher() {
     if (descriptor_ >= 0) close(descriptor_);
 }
 
+// From the file's own folder upwards the first that is there must be watched; one further
+// up may be such that it cannot be read.
 bool FileWatcher::add(const std::string& path) {
-    const std::string above = folder_of(path);
-    const int folder = inotify_add_watch(descriptor_, above.c_str(), EVENTS);
-    if (folder >= 0) {
-        names_[folder].insert(name_in_folder(path));
-        return true;
+    bool is_watched = false;
+    std::string below = path;
+    for (int level = 0; level < MOST_LEVELS || !is_watched; ++level) {
+        const std::string above = folder_of(below);
+        const int folder = inotify_add_watch(descriptor_, above.c_str(), EVENTS);
+        if (folder >= 0) names_[folder].insert(name_in_folder(below));
+        is_watched = is_watched || folder >= 0;
+        if (!is_watched) error_ = "cannot watch " + above + ": " + std::strerror(errno);
+        if (!is_watched && errno != ENOENT && errno != ENOTDIR) return false;
+        if (above == below) break;  // "/"; or the current folder, which may be gone
+        below = above;
     }
-    error_ = "cannot watch " + above + ": " + std::strerror(errno);
-    if (errno != ENOENT && errno != ENOTDIR) return false;
-    return above == path || add(above);  // the current folder is gone, or this one may come
+    return true;
 }
 
 bool FileWatcher::watch(const std::vector<std::string>& names) {

@@ -99,6 +99,19 @@ class WatchCommand(CommandTest):
         self.write("x/y/part.inc", SCORE % 5)
         self.expect("5 events")
 
+    def test_a_folder_above_the_one_of_an_included_file_comes_and_goes(self):
+        self.write("a.vorn", "#include |u/x/y/part.inc|\n")
+        self.write("u/x/y/part.inc", SCORE % 2)
+        self.start("a.vorn")
+        self.expect("2 events")
+        for folder, other in (("u", "v"), ("u/x", "u/z")):
+            (self.folder / folder).rename(self.folder / other)
+            self.expect("u/x/y/part.inc")
+            (self.folder / other).rename(self.folder / folder)
+            self.expect("2 events")
+        self.write("u/x/y/part.inc", SCORE % 5)
+        self.expect("5 events")
+
     def test_a_link_counts_as_the_file_behind_it(self):
         self.write("real/a.vorn", SCORE % 3)
         (self.folder / "b.vorn").symlink_to("real/a.vorn")
