@@ -227,7 +227,8 @@ void add_play(CLI::App& app, Outcome& outcome) {
                         "the Csound orchestra; without it plain sounds are played");
     command->add_option("--wav", arguments->wave,
                         "write the sound to this file instead; - is standard output");
-    command->add_flag("--midi", arguments->midi, "play the score as MIDI, by fluidsynth");
+    command->add_flag("--midi", arguments->midi,
+                      "play the score as MIDI, by fluidsynth, with its peak at -3 dB");
     command->add_option("--soundfont", arguments->sound_font, "the sounds for MIDI (.sf2, .sf3)");
     command->add_option("--pitch", arguments->roles.pitch, "the p-field of the pitch")
         ->transform(pfield_name());

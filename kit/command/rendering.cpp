@@ -2,7 +2,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 
 #include "kit/command/console.h"
@@ -10,9 +12,12 @@
 #include "kit/command/progress.h"
 #include "kit/command/temporary_file.h"
 #include "kit/diagnose/text_form.h"
+#include "kit/run/decimal_text.h"
 
 // A sound is first made as a file and then played from it: so its peak is known
-// before, and an orchestra that is slower than time cannot make it stumble. Csound's
+// before, and an orchestra that is slower than time cannot make it stumble. How loud a MIDI
+// file becomes its sound font decides, so it is rendered once more with the gain that
+// brings the peak of the first time to where it should be. Csound's
 // status counts errors, so that one above 128 need not be a signal's; and neither program
 // tells by its status that a file could not be written whole.
 
@@ -24,6 +29,13 @@ const std::string NOT_WHOLE = "the sound could not be written whole; the disk ma
 
 const std::string NO_FILE =
     "Csound wrote no sound file; a -o in the file .csound6rc would send the sound elsewhere";
+
+constexpr double MIDI_PEAK = 0.70795;  // -3 dB: loud, with room for what an encoder adds
+constexpr double TOLERANCE = 0.01;     // a tenth of a decibel
+constexpr double FIRST_GAIN = 0.2;     // fluidsynth's own
+constexpr double SMALLEST_GAIN = 1e-4;
+constexpr double LARGEST_GAIN = 10;
+constexpr int MOST_RENDERINGS = 5;
 
 constexpr const char* SOUND_FONTS[] = {
     "/usr/share/sounds/sf2/FluidR3_GM.sf2",
@@ -102,6 +114,31 @@ std::string find_sound_font(const std::string& wanted) {
     return "";
 }
 
+// False, with the reason told, when fluidsynth made no sound.
+bool perform_midi(Rendering& rendering, const std::string& midi, const std::string& font,
+                  const std::string& wave, double gain) {
+    const ProcessResult result =
+        run_renderer({"fluidsynth", "-ni", "-q", "-g", decimal_text(gain, 6), "-r", "44100", "-T", "wav",
+                      "-F", as_argument(wave), as_argument(font), as_argument(midi)});
+    if (!has_begun(result, "fluidsynth", "fluidsynth")) return false;
+    const bool is_cut_off = result.errors.find("write error") != std::string::npos;
+    if (is_cut_off || result.status != 0 || !measure(rendering, wave)) {
+        complain(is_cut_off ? NOT_WHOLE : "fluidsynth made no sound: " + first_line(result.errors));
+        return false;
+    }
+    rendering.clipped = rendering.figures.full_scale;
+    return true;
+}
+
+// The gain for the peak that is wanted, by a sound of which nothing was cut off; else one for the next try.
+double next_gain(const Rendering& rendering, double gain) {
+    constexpr double STEP = 8;
+    if (rendering.peak == 0) return gain;
+    const double factor = rendering.clipped > 0 ? 1 / STEP : MIDI_PEAK / rendering.peak;
+    const bool is_near = std::fabs(factor - 1) < TOLERANCE;
+    return is_near ? gain : std::clamp(gain * factor, SMALLEST_GAIN, LARGEST_GAIN);
+}
+
 // Why Csound has made no whole sound; empty: it has.
 std::string failure_of(const PerformanceReport& report, int status) {
     if (report.disk_is_full) return NOT_WHOLE;
@@ -165,16 +202,14 @@ Rendering render_midi(const std::string& midi, const std::string& sound_font, co
         complain(reason_against_font(sound_font));
         return rendering;
     }
-    const ProcessResult result = run_renderer({"fluidsynth", "-ni", "-q", "-r", "44100", "-T", "wav", "-F",
-                                               as_argument(wave), as_argument(font), as_argument(midi)});
-    if (!has_begun(result, "fluidsynth", "fluidsynth")) return rendering;
-    const bool is_cut_off = result.errors.find("write error") != std::string::npos;
-    if (is_cut_off || result.status != 0 || !measure(rendering, wave)) {
-        complain(is_cut_off ? NOT_WHOLE : "fluidsynth made no sound: " + first_line(result.errors));
-        return rendering;
+    double gain = 0;
+    double next = FIRST_GAIN;
+    for (int count = 0; count < MOST_RENDERINGS && next != gain; ++count) {
+        gain = next;
+        if (!perform_midi(rendering, midi, font, wave, gain)) return rendering;
+        next = next_gain(rendering, gain);
     }
     rendering.outcome = Outcome::WELL;
-    rendering.clipped = rendering.figures.full_scale;
     return rendering;
 }
 

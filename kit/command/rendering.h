@@ -26,8 +26,8 @@ struct Rendering {
 // What Csound complained of, a line each, with its place in the score; empty: of nothing.
 [[nodiscard]] std::string complaint_lines(const PerformanceReport& report, const SourceMap& map);
 
-// Has fluidsynth play a MIDI file into a WAV file. Without a sound font one of those is
-// taken that Debian's packages have.
+// Has fluidsynth play a MIDI file into a WAV file, with its peak at -3 dB. Without a sound
+// font one of those is taken that Debian's packages have.
 [[nodiscard]] Rendering render_midi(const std::string& midi, const std::string& sound_font,
                                     const std::string& wave);
 

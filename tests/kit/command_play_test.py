@@ -170,6 +170,13 @@ class PlayCommand(CommandTest):
         self.assertEqual(done.returncode, 0)
         self.assertAlmostEqual(Sound(self.folder / "again.wav").seconds, sound.seconds, places=1)
 
+    def test_midi_is_as_loud_as_it_may_be_however_many_notes_sound(self):
+        score = "i1 = 5 0 -%d {\np2 %s\np3 4\np4 32000\np5 < 60 64 67 72 >\n}\n"
+        for count, interval in ((4, 4), (120, .005)):
+            sound, said = self.render(score % (count, interval), "--midi")
+            self.assertAlmostEqual(sound.peak(), 10 ** (-3 / 20), delta=.02)
+            self.assertRegex(said, r"peak -3\.\d dB$|peak -2\.9 dB$")
+
     def test_playing_goes_to_the_audio_device(self):
         self.write("piece.vorn", SCORE)
         self.write(".csound6rc", "-+rtaudio=null\n")  # takes the samples at their time
