@@ -37,7 +37,7 @@ bool advise_upper_case_block(Adviser& adviser) {
 bool advise_statement_outside(Adviser& adviser) {
     const std::string word = lower(adviser.word());
     if (word.size() < 2 || word[0] != 'p' || !is_digit(word[1])) return false;
-    return adviser.help("a p-field stands within a block, `i1 = 5 0 4 {` ... `}`; no block is open here");
+    return adviser.help("no block is open here: a header comes first, `i1 = 5 0 4 {`");
 }
 
 bool advise_brace(Adviser& adviser) {
@@ -56,8 +56,7 @@ bool advise_comment(Adviser& adviser) {
 
 bool advise_csd(Adviser& adviser) {
     if (adviser.word() != "<") return false;
-    return adviser.help(
-        "this is no score, but a file that may hold one; a score begins with blocks or commands");
+    return adviser.help("this is no score, but a file that may hold one");
 }
 
 // One letter and numbers, as the lines of a Csound score.

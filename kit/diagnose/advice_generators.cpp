@@ -175,8 +175,7 @@ bool advise_time(Adviser& adviser) {
         adviser.edit(adviser.mark, "T");
         return adviser.help("write the `T` of the whole block in upper case");
     }
-    return adviser.help(
-        "first comes the time: a number of beats, minus a number of events, or `T` for the whole block");
+    return adviser.help("first comes the time: a number of beats, minus a number of events, or `T`");
 }
 
 bool advise_generator_name(Adviser& adviser) {
@@ -184,8 +183,7 @@ bool advise_generator_name(Adviser& adviser) {
     const std::string_view name = adviser.site.of(word);
     const bool is_called = adviser.site[next_visible(adviser.site.text, word.end)] == '(';
     if (!is_called || name.size() <= 2) {
-        return adviser.help(
-            "a generator is its name and, directly behind it, parentheses: `ra(T 1 [60 72])`");
+        return adviser.help("parentheses follow a generator directly: `ra(T 1 [60 72])`");
     }
     std::vector<std::string> names = {std::string(command_called(name))};
     if (names[0].empty()) names = {std::string(name.substr(0, 2))};

@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <charconv>
 
 #include "input/characters.h"
 #include "kit/diagnose/adviser.h"
+#include "kit/diagnose/words.h"
 
 // Headers, and statements that are not those which the header has promised.
 
@@ -12,24 +12,47 @@ namespace {
 
 constexpr const char* HEADER_FORM = "a header says: `i1 = 5 0 4 {`, with p-fields, start and length";
 
-// The number of p-fields in the header of the open block.
+constexpr const char* LENGTH_FORM =
+    "the length is a number of beats, as 8, or minus a number of events, as -12";
+
+// A number in the header of the open block, which may come out of a macro.
+struct HeaderNumber {
+    double value = -1;
+    FileSpan span;
+};
+
+// The number of p-fields behind "=", or the length before "{".
+HeaderNumber number_beside(char sign, const Site& site) {
+    const auto& open = site.run.open_block;
+    if (!open) return {};
+    const Excerpt block = site.run.expanded.excerpt(open->header_place, site.message.place);
+    const std::string_view text = block.text;
+    const std::size_t at = text.find(sign);
+    if (at - 1 >= text.size()) return {};
+    const std::size_t inside = sign == '=' ? next_visible(text, at + 1) : behind_visible(text, at) - 1;
+    const Stretch word = word_at(text, inside);
+    const auto number = number_in(text.substr(word.begin, word.end - word.begin));
+    if (!number) return {};
+    return {*number, site.run.map.find(block.place(word.begin), block.place(word.end - 1))};
+}
+
+// Without a length no event has room.
+bool advise_no_length(Adviser& adviser) {
+    const HeaderNumber length = number_beside('{', adviser.site);
+    if (length.value != 0) return false;
+    adviser.note_at("the length of the block is 0", length.span);
+    return adviser.help(LENGTH_FORM);
+}
+
+// The number of p-fields in that header.
 struct Promise {
-    int count = 0;
+    int count;
     FileSpan span;
 };
 
 Promise promise_of(const Site& site) {
-    const auto& open = site.run.open_block;
-    if (!open || open->header.file < 0) return {};
-    const std::string_view text = site.run.map.files()[static_cast<std::size_t>(open->header.file)].text;
-    const std::size_t equals = text.find('=', open->header.begin);
-    if (equals == std::string_view::npos) return {};
-    const std::size_t begin = next_visible(text, equals + 1);
-    Promise promise;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data() + begin, end, promise.count);
-    promise.span = {open->header.file, begin, static_cast<std::uint64_t>(read.ptr - text.data())};
-    return promise;
+    const HeaderNumber number = number_beside('=', site);
+    return {static_cast<int>(std::min(number.value, 1000.0)), number.span};
 }
 
 bool was_read(const OpenBlock& block, int number) {
@@ -95,7 +118,7 @@ bool advise_csound_note(Adviser& adviser) {
     const bool is_note = text.size() > 1 && text[0] == 'i' && text.find_first_of(" \t") < text.size() &&
                          std::all_of(text.begin() + 1, text.end(), is_plain);
     if (!is_note) return false;
-    adviser.help("this is a note of a Csound score; Vorn writes those itself, from blocks: `i1 = 4 0 4 {`");
+    adviser.help("this is a note of Csound; Vorn makes notes from blocks: `i1 = 4 0 4 {`");
     return adviser.help("to pass the line on as it is, write `>` before it");
 }
 
@@ -124,11 +147,9 @@ bool advise_hash(Adviser& adviser) {
 
 bool advise_instrument(Adviser& adviser) {
     if (adviser.word() == "instr") {
-        return adviser.help(
-            "this begins an instrument of a Csound orchestra, which is a file of its own; "
-            "a score holds blocks: `i1 = 5 0 4 {`");
+        return adviser.help("this belongs into an orchestra of Csound; a score holds blocks: `i1 = 5 0 4 {`");
     }
-    return adviser.help("an instrument is a number here, as in `i1`, also where the orchestra has a name");
+    return adviser.help("an instrument is a number here, as in `i1`");
 }
 
 bool advise_hidden_brace(Adviser& adviser) {
@@ -174,7 +195,7 @@ bool advise_brace(Adviser& adviser) {
     const bool ends_line = next_visible(adviser.site.text, adviser.mark.end) >=
                            line_around(adviser.site.text, adviser.mark.end).end;
     if (!ends_line) {
-        return adviser.help("behind start and length there is only `{`; is there a number too many?");
+        return adviser.help("there is a number too many before the `{`");
     }
     adviser.edit({adviser.mark.end, adviser.mark.end}, " {");
     return adviser.help("write `{` behind the length");
@@ -191,10 +212,9 @@ bool advise_length(Adviser& adviser) {
     const std::string_view word = adviser.word();
     if (word == "{") {
         return adviser.help(
-            "the length is missing: write the number of beats, or minus the number of "
-            "events, before `{`");
+            "the length is missing before `{`: a number of beats, or minus a number of events");
     }
-    return adviser.help("the length is a number of beats, as 8, or minus a number of events, as -12");
+    return adviser.help(LENGTH_FORM);
 }
 
 constexpr AdviceRow ROWS[] = {
@@ -203,7 +223,7 @@ constexpr AdviceRow ROWS[] = {
     {"E22", advise_hash},        {"E11", advise_instrument},    {"E30", advise_hidden_brace},
     {"E30", advise_unit},        {"E30", advise_other_bracket}, {"E30", advise_fraction},
     {"E30", advise_brace},       {"E12", advise_start},         {"E120", advise_length},
-    {"E121", advise_length},     {"E13", advise_length},
+    {"E121", advise_length},     {"E13", advise_length},        {"Eblank", advise_no_length},
 };
 
 }  // namespace

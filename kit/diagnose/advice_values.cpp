@@ -237,7 +237,7 @@ bool advise_sign(Adviser& adviser) {
     };
     constexpr Row ROWS[] = {
         {"=", "a statement has no `=`; leave it out"},
-        {"(", "parentheses follow directly behind the name of a p-field, a generator or a setting"},
+        {"(", "parentheses follow directly behind a name"},
         {")", "there is a `)` too many"},
         {"%", "fractions are written as .5, not as 50%"},
         {":", "leave out the `:`, which joins the values of a chord"},
@@ -309,7 +309,7 @@ bool advise_form(Adviser& adviser) {
     };
     constexpr Row ROWS[] = {
         {"no", "a note is a letter from a to g, `s`, `f` or `n`, and an octave from 0 to 9: `fs4`"},
-        {"rh", "a rhythm value is a number: 4 for a quarter, 8 for an eighth, `8.` with a dot"},
+        {"rh", "a rhythm value is 4 for a quarter, 8 for an eighth, `8.` with a dot"},
     };
     const std::string type = last_type(adviser.site);
     for (const Row& row : ROWS) {
@@ -430,8 +430,7 @@ bool advise_before_statement(Adviser& adviser) {
 bool advise_loop(Adviser& adviser) {
     const std::string code = code_before(adviser.site).text;
     if (adviser.word() == ">") {
-        return adviser.help(
-            "there is no open `<` in this statement; write it before the first value of the loop");
+        return adviser.help("there is no open `<` in this statement");
     }
     const std::size_t open = code.rfind('<');
     if (open == std::string::npos || code.find('>', open) != std::string::npos) return false;

@@ -117,10 +117,10 @@ i1 = 3, 0, 16 { p2 1  p3 1 }
 i2 = 3, 0, 12 { p2 1  p3 -1 x4 1 }
 )"},
     {.code = "L9",
-     .title = "A constant yields a text of three decimals",
+     .title = "A constant or an equation yields a text of three decimals",
      .cause =
-         "A call `~A` puts a text of three decimals into the line, which is all that is read of the value. "
-         "The same happens to an equation that defines a constant.",
+         "A call `~A` or `~[47 / 192]` puts a text of three decimals into the line, which is all that is "
+         "read of the value. The same happens to an equation that defines a constant.",
      .cure =
          "Write the number itself, or a macro, which keeps its text. Within equations a constant has all of "
          "its digits.",
@@ -252,6 +252,24 @@ p4 < 60 62 > x2 }
      .cured = R"(i1 = 4, 0, -8 {
 p2 1  p3 1
 p4 < 60 62 > }
+)"},
+    {.code = "L19",
+     .title = "A condition cannot be read",
+     .cause =
+         "The value of an `#if` is a number that begins with a digit, or the call of a constant or macro. "
+         "Nothing else is told to be wrong: the condition before it decides, and the first of all "
+         "counts as 0, so that what follows is left out.",
+     .cure =
+         "Write `~` before the name of a constant and `$` before that of a macro. Nothing can be compared: "
+         "choose the value so that 0 means no.",
+     .score = R"(#if(A == 1)
+i1 = 3, 0, 4 { p2 1  p3 1 }
+#endif
+)",
+     .cured = R"(#const A 1
+#if(~A)
+i1 = 3, 0, 4 { p2 1  p3 1 }
+#endif
 )"},
 };
 

@@ -140,6 +140,7 @@ constexpr Row ROWS[] = {
     {"Emacro", named_call},
     {"Enesting", directive},
     {"Epath", directive},
+    {"W12", last_word},
     {"W15", loop},
 };
 

@@ -61,7 +61,8 @@ p4 ra(T 1 [60 72]) }
     {.code = "W12",
      .cause = "A `/` or `x` repeats a value more often than the block has events. "
               "The repeating ends with the block. `x0`, which means just that, always warns.",
-     .cure = "Write a smaller number. A last value holds by itself, so that `x0` may often be left out.",
+     .cure = "Write a smaller number; four times 60 is `60 x4`. A last value holds by itself, so that `x0` "
+             "may often be left out.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
 p4 60 x8 }

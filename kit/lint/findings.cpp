@@ -64,10 +64,7 @@ Diagnostic Findings::at(const FileSpan& span) const {
 
 Diagnostic Findings::at(const LinePlace& begin, const LinePlace& last) const {
     std::vector<Expansion> through;
-    FileSpan span = run_.map.find(begin, &through);
-    const FileSpan end = run_.map.find(last);
-    if (end.file == span.file && end.end > span.end) span.end = end.end;
-    Diagnostic diagnostic = at(span);
+    Diagnostic diagnostic = at(run_.map.find(begin, last, &through));
     if (through.empty()) return diagnostic;
     diagnostic.through = std::move(through);
     diagnostic.expanded_line = run_.expanded.line(begin.line);

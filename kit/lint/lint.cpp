@@ -39,6 +39,7 @@ constexpr RunRule RUN_RULES[] = {
     {"L14", rules::beyond_midi_values, true},
     {"L15", rules::voices_on_one_key, true},
     {"L17", rules::blocks_of_rests},
+    {"L19", rules::condition_not_read},
 };
 
 void sort_by_place(std::vector<Diagnostic>& diagnostics) {

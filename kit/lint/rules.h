@@ -34,6 +34,9 @@ void start_just_before_end(const ScoreRun& run, Findings& findings);
 // --- constant_rules.cpp ---
 void digits_lost(const ScoreRun& run, Findings& findings);
 
+// --- condition_rules.cpp ---
+void condition_not_read(const ScoreRun& run, Findings& findings);
+
 // --- midi_rules.cpp ---
 void blocks_behind_first(const ScoreRun& run, Findings& findings);
 void beyond_midi_values(const ScoreRun& run, Findings& findings);

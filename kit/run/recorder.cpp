@@ -114,7 +114,12 @@ void Recorder::note_equation(const Splice& splice) {
     std::int32_t pos = splice.start + 1;  // behind the "~"
     double value = 0;
     if (parse_vequation(value, line.c_str(), pos, WatchedLine(splice.line)) != 0) return;
-    equation_ = {{splice.line, splice.start}, value};
+    equation_ = {splice.line, splice.start};
+    ConstantRecord record;
+    record.span = span_between(equation_, splice.end);
+    record.exact_value = value;
+    record.calls = 1;
+    run_.equations.push_back(std::move(record));
 }
 
 void Recorder::on_splice(const Splice& splice) {
@@ -172,10 +177,7 @@ void Recorder::count_message(RunMessage&& record) {
 
 // From `begin` to position `end` of the same line.
 FileSpan Recorder::span_between(const LinePlace& begin, std::int32_t end) const {
-    FileSpan span = run_.map.find(begin);
-    const FileSpan last = run_.map.find({begin.line, end > begin.pos ? end - 1 : begin.pos});
-    if (last.file == span.file && last.end > span.end) span.end = last.end;
-    return span;
+    return run_.map.find(begin, {begin.line, std::max(end - 1, begin.pos)});
 }
 
 void Recorder::on_setting(const Setting& setting) {
@@ -190,9 +192,12 @@ void Recorder::on_constant(const ConstantDefinition& constant) {
     record.name = constant.name;
     record.value = constant.value;
     record.span = span_between(constant.begin, constant.end);
-    const bool by_equation =
-        equation_.begin.line == constant.begin.line && equation_.begin.pos == constant.begin.pos;
-    record.exact_value = by_equation ? equation_.value : constant.value;
+    record.exact_value = constant.value;
+    const bool by_equation = equation_.line == constant.begin.line && equation_.pos == constant.begin.pos;
+    if (by_equation && !run_.equations.empty()) {
+        record.exact_value = run_.equations.back().exact_value;
+        run_.equations.pop_back();
+    }
     constants_.emplace(record.name, run_.constants.size());
     run_.constants.push_back(std::move(record));
 }
@@ -211,7 +216,7 @@ void Recorder::on_direct_line(const char* text, const LinePlace& begin) {
 
 void Recorder::on_header(const LinePlace& begin) {
     header_ = begin;
-    if (!run_.open_block) run_.open_block = OpenBlock{run_.map.find(begin), {}};
+    if (!run_.open_block) run_.open_block = OpenBlock{run_.map.find(begin), begin, {}};
     fields_.clear();
     starts_.clear();
 }

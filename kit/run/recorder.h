@@ -38,12 +38,6 @@ private:
         double seconds;
     };
 
-    // What an equation amounts to where its text now stands.
-    struct EquationValue {
-        LinePlace begin;
-        double value;
-    };
-
     std::string resolve(const std::string& name) const;
     FileSpan span_between(const LinePlace& begin, std::int32_t end) const;
     void sum_intervals(const ListNode* tail);
@@ -57,7 +51,7 @@ private:
     Sources& sources_;
     int opened_ = -1;                               // the file that was opened last
     std::vector<int> open_files_;                   // by depth: the file that is copied there
-    EquationValue equation_ = {};                   // the one expanded last
+    LinePlace equation_;                            // the one expanded last, where its text now stands
     std::map<std::string, std::size_t> constants_;  // index by name
     LinePlace header_;                              // read last
     std::optional<std::size_t> more_;               // the message that counts further ones

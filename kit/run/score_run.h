@@ -78,6 +78,7 @@ struct BlockRecord {
 // A block that has begun and not ended.
 struct OpenBlock {
     FileSpan header;                  // the "i" of the first header
+    LinePlace header_place;           // in the expanded text
     std::vector<FieldRecord> fields;  // that have been read, without what they are written as
 };
 
@@ -102,7 +103,7 @@ struct SettingRecord {
 };
 
 struct ConstantRecord {
-    std::string name;
+    std::string name;  // empty: an equation
     double value = 0;
     FileSpan span;            // of the value
     double exact_value = 0;   // what an equation had yielded before it became a text
@@ -129,6 +130,7 @@ struct ScoreRun {
     std::vector<DirectLine> direct_lines;
     std::vector<SettingRecord> settings;
     std::vector<ConstantRecord> constants;
+    std::vector<ConstantRecord> equations;  // among other text; those that draw are left out
     std::vector<MacroRecord> macros;
     std::vector<std::string> tried_includes;  // names under which an include was not found
 };

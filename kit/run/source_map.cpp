@@ -93,6 +93,14 @@ FileSpan SourceMap::find(const LinePlace& place, std::vector<Expansion>* through
     return in_file(place.line, range.begin, range.end);
 }
 
+FileSpan SourceMap::find(const LinePlace& begin, const LinePlace& last,
+                         std::vector<Expansion>* through) const {
+    FileSpan span = find(begin, through);
+    const FileSpan end = find(last);
+    if (end.file == span.file && end.end > span.end) span.end = end.end;
+    return span;
+}
+
 TextPlace SourceMap::text_place(const FileSpan& span) const {
     if (span.file < 0) return {};
     const SourceFile& file = files_[static_cast<std::size_t>(span.file)];

@@ -60,6 +60,10 @@ public:
     // calls, outermost first.
     FileSpan find(const LinePlace& place, std::vector<Expansion>* through = nullptr) const;
 
+    // From there to what the character at `last` comes from, where that is the same file.
+    FileSpan find(const LinePlace& begin, const LinePlace& last,
+                  std::vector<Expansion>* through = nullptr) const;
+
     TextPlace text_place(const FileSpan& span) const;  // of its beginning
     std::string joined_text() const;  // the score with the texts of its includes in their places
     const std::deque<SourceFile>& files() const { return files_; }

@@ -163,7 +163,7 @@ TEST(Explanations, AreListedByKindThenNumberThenName) {
     EXPECT_LT(place("E500"), place("Ebar"));
     EXPECT_LT(place("Ewrite"), place("W1"));
     EXPECT_LT(place("Wtempo"), place("L1"));
-    EXPECT_EQ(codes.back(), "L18");
+    EXPECT_EQ(codes.back(), "L19");
 }
 
 TEST(Explanations, TitlesAreTheEnginesWordsOnOneLine) {

@@ -279,6 +279,13 @@ TEST(DigitsLost, OfAnEquationThatDefinesAConstant) {
     EXPECT_EQ(notes_of("#const A 2.9375\n#const B ~[A / 12]\n"), (Notes{"L9 2:10 ~[A / 12]"}));
 }
 
+TEST(DigitsLost, OfAnEquationAmongValues) {
+    const std::string score = "i1 = 3, 0, -1 {\np2 ~[47 / 192] ~[3 / 12]\np3 1\n}\n";
+    ASSERT_EQ(notes_of(score), (Notes{"L9 2:4 ~[47 / 192]", "L12 2:16 ~[3 / 12]"}));
+    EXPECT_EQ(found_in(score)[0].text, "The equation yields 0.245 instead of 0.244792.");
+    EXPECT_EQ(notes_of("#define A #~[47 / 192]#\ni1 = 3, $A, -1 {\np2 1\np3 1\n}\n"), (Notes{"L9 2:9 $A"}));
+}
+
 TEST(DigitsLost, NoneOfThreeDecimalsAndNoneInEquations) {
     EXPECT_EQ(notes_of("#const A .125\n" + USES_A), Notes{});
     EXPECT_EQ(notes_of("#const A 12\n" + USES_A), Notes{});
@@ -468,6 +475,27 @@ TEST(TimesBehindLoop, AreRightBehindAValue) {
     for (const char* list : {"< 60 62 x2 >", "< 60 62 > 64 x2", "< 60 62 > x1", "60 x4"}) {
         EXPECT_EQ(notes_of(four_events(std::string("p4 ") + list)), Notes{}) << list;
     }
+}
+
+// --- L19: conditions that are not read ---
+
+const std::string DEFINITIONS = "#const A 1\n#define M #1#\n";
+
+std::string condition(const std::string& value) { return DEFINITIONS + "#if(" + value + ")\n#endif\n"; }
+
+TEST(ConditionNotRead, IsAnythingButANumberOrACall) {
+    for (const char* value :
+         {"A", "A == 1", "~A == 1", "~[A == 1]", "~[A = 1]", "~[$M + 0]", ".5", "-1", "yes", ""}) {
+        EXPECT_EQ(notes_of(condition(value)), (Notes{"L19 3:1 #if(" + std::string(value) + ")"})) << value;
+    }
+    EXPECT_EQ(notes_of(four_events("p4 1\n  #if(A\n2\n#endif\n")), (Notes{"L19 5:3 #if(A"}));
+}
+
+TEST(ConditionNotRead, IsNoneThatHasAValue) {
+    for (const char* value : {"0", " 1 ", "0.5", "~A", "~[A - 1]", "$M"}) {
+        EXPECT_EQ(notes_of(condition(value)), Notes{}) << value;
+    }
+    EXPECT_EQ(notes_of(DEFINITIONS + "; #if(A)\n"), Notes{});
 }
 
 // --- with --midi ---
