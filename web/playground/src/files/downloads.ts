@@ -5,6 +5,7 @@ import type { AppStore } from '../state/app_state';
 import { mainFile, MAIN_SUFFIX, orchestraOf, sourcesOf } from '../state/piece';
 import type { MenuEntry } from '../ui/menu';
 import { notice } from '../ui/notices';
+import { renderedWave } from './rendered_wave';
 
 const DEADLINE = 60000;
 
@@ -41,7 +42,11 @@ export class Downloads {
 
     entries(): MenuEntry[] {
         const { stem } = this;
-        const offer = (suffix: string, hint: string, make: () => Promise<BlobPart | Blob>): MenuEntry => ({
+        const offer = (
+            suffix: string,
+            hint: string,
+            make: () => Promise<BlobPart | Blob | undefined>,
+        ): MenuEntry => ({
             name: stem + suffix,
             hint,
             act: () => void this.give(stem + suffix, make),
@@ -52,7 +57,7 @@ export class Downloads {
             'line',
             offer('.sco', 'Csound score', () => this.made('score', (result) => result.score)),
             offer('.csd', 'score and orchestra', () => this.document()),
-            offer('.wav', 'sound', () => this.sounding.wave()),
+            offer('.wav', 'sound', () => renderedWave(this.sounding, stem + '.wav')),
             'line',
             offer('.mid', 'MIDI, all blocks', () => this.made('fullMidi', (result) => result.fullMidi)),
             offer('-m.mid', 'MIDI, first block', () => this.made('midi', (result) => result.midi)),
@@ -71,9 +76,10 @@ export class Downloads {
         return others.map(({ name, text }) => ({ name, hint: 'the text', act: () => saveAs(name, text) }));
     }
 
-    private async give(name: string, make: () => Promise<BlobPart | Blob>): Promise<void> {
+    private async give(name: string, make: () => Promise<BlobPart | Blob | undefined>): Promise<void> {
         try {
-            saveAs(name, await make());
+            const content = await make();
+            if (content !== undefined) saveAs(name, content);
         } catch (error) {
             notice(error instanceof Error ? error.message : String(error));
         }

@@ -9,7 +9,7 @@ export interface SoundPiece {
     readonly files: readonly (readonly [string, Uint8Array])[];
 }
 
-// A performance without an end is cut here.
+// A performance without an end is cut here, and so is one that is longer than a page can hold for playing.
 export const LONGEST = 20 * 60;
 
 export class Rendering {
@@ -32,26 +32,33 @@ export class Rendering {
         return () => this.listeners.delete(listener);
     }
 
+    // What comes behind the end had been on its way.
     take(answer: Answer): void {
+        if (this.hasEnded) return;
         if (answer.kind === 'begun') {
             this.sampleRate = answer.sampleRate;
             this.channels = answer.channels;
         } else if (answer.kind === 'samples') {
-            this.starts.push(this.frames);
-            this.chunks.push(answer.samples);
-            this.frames += answer.samples[0]?.length ?? 0;
+            this.frames += this.hold(answer.samples);
         } else if (answer.kind === 'message') {
             this.text += answer.text;
         } else {
-            this.end(answer.refusal);
+            this.hasEnded = true;
+            this.refusal = answer.refusal;
         }
         for (const listener of [...this.listeners]) listener();
     }
 
-    end(refusal: string): void {
-        if (this.hasEnded) return;
-        this.hasEnded = true;
-        this.refusal = refusal;
+    // Why a performance that goes on is ended; empty: it is not.
+    get excess(): string {
+        return this.seconds > LONGEST ? `Only the first ${LONGEST / 60} minutes are played.` : '';
+    }
+
+    // Tells how many frames are held of them.
+    protected hold(samples: Float32Array<ArrayBuffer>[]): number {
+        this.starts.push(this.frames);
+        this.chunks.push(samples);
+        return samples[0]?.length ?? 0;
     }
 
     // The chunk that holds the frame; -1: it is not there.
@@ -99,19 +106,24 @@ export class Renderer {
     ) {}
 
     // Takes the place of the performance before, which ends where it is.
-    render(piece: SoundPiece): Rendering {
+    render<Kind extends Rendering>(piece: SoundPiece, rendering: Kind): Kind {
+        this.end('Another performance has begun.');
         this.id += 1;
-        this.current?.end('Another performance has begun.');
-        this.current = new Rendering();
+        this.current = rendering;
         void this.begin(piece, this.id);
-        return this.current;
+        return rendering;
+    }
+
+    get isBusy(): boolean {
+        return this.current !== undefined && !this.current.hasEnded;
     }
 
     // Ends the performance where it is.
     cancel(): void {
         this.worker?.postMessage({ kind: 'cancel', id: this.id });
+        clearTimeout(this.alarm);
+        this.end(CANCELLED);
         this.id += 1;
-        this.current?.take({ kind: 'ended', id: this.id, refusal: CANCELLED });
     }
 
     private async begin(piece: SoundPiece, id: number): Promise<void> {
@@ -141,9 +153,10 @@ export class Renderer {
         if (answer.id !== this.id) return;
         this.current?.take(answer);
         this.watch();
-        if (!this.current || this.current.hasEnded || this.current.seconds <= LONGEST) return;
+        const excess = this.isBusy ? (this.current?.excess ?? '') : '';
+        if (excess === '') return;
         this.worker?.postMessage({ kind: 'cancel', id: this.id });
-        this.end(`Only the first ${LONGEST / 60} minutes are played.`);
+        this.end(excess);
     }
 
     private watch(): void {

@@ -13,7 +13,7 @@ import { PortPlayer } from './midi_ports';
 import { orchestraMistakes } from './orchestra_mistakes';
 import { Player } from './player';
 import { Renderer, Rendering, type SoundPiece } from './rendering';
-import { waveFile } from './wave';
+import { WaveRendering, waveFile } from './wave';
 
 export const BUILT_IN = 'built-in';
 export const ORCHESTRA = 'orchestra';
@@ -22,11 +22,17 @@ const DEADLINE = 10000;
 
 const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode(bytes);
 
-export class Sounding {
-    private readonly renderer = new Renderer(
+const makeRenderer = (): Renderer =>
+    new Renderer(
         () => new Worker(new URL('./csound/worker.ts', import.meta.url), { type: 'module' }),
         () => csoundProgram(programAddress),
     );
+
+type Timed = SoundPiece & { readonly seconds: number }; // of its score
+
+export class Sounding {
+    private readonly renderer = makeRenderer();
+    private readonly waves = makeRenderer(); // of files, beside what is heard
     private readonly player: Player;
     private readonly ports = new PortPlayer();
     private current: Rendering | undefined; // that is heard
@@ -97,14 +103,22 @@ export class Sounding {
         this.store.act('stop', () => ({ sounding: 'silent', position }));
     }
 
-    // The whole piece as a file, rendered as fast as the machine can.
-    async wave(): Promise<Blob> {
-        const { piece } = this.store.state;
-        if (!this.hasRendering(piece)) await this.current?.whole();
-        const rendering = await this.renderingOf(piece);
-        await rendering.whole();
-        if (rendering.frames === 0) throw new Error(rendering.refusal || 'Csound made no sound.');
-        return waveFile(rendering);
+    // The piece as a file, when it has been played already.
+    get finishedWave(): Blob | undefined {
+        const { newest } = this;
+        const isWhole = newest?.hasEnded && newest.frames > 0 && this.hasRendering(this.store.state.piece);
+        return isWhole ? waveFile(newest) : undefined;
+    }
+
+    // The whole piece for a file, rendered as fast as the machine can.
+    async renderWave(): Promise<WaveRendering> {
+        if (this.waves.isBusy) throw new Error('A sound file is being rendered; wait for it or cancel it.');
+        const sound = await this.toSound(this.store.state.piece);
+        return this.waves.render(sound, new WaveRendering(sound.seconds));
+    }
+
+    cancelWave(): void {
+        this.waves.cancel();
     }
 
     // Another piece is there: the one before is heard no longer.
@@ -159,6 +173,7 @@ export class Sounding {
     }
 
     private tellRefusal(rendering: Rendering): void {
+        if (rendering !== this.newest) return;
         if (rendering === this.current && rendering.frames === 0)
             this.fail(rendering.refusal || 'There is no sound.');
         else if (rendering.refusal !== '')
@@ -184,21 +199,21 @@ export class Sounding {
         return result;
     }
 
-    private async toSound(piece: Piece): Promise<SoundPiece> {
+    private async toSound(piece: Piece): Promise<Timed> {
         if (this.store.state.output === MIDI) {
-            const { fullMidi } = await this.compiled(piece, 'fullMidi');
-            return midiPiece(readMidi(fullMidi ?? new Uint8Array()));
+            const { fullMidi, seconds } = await this.compiled(piece, 'fullMidi');
+            return { ...midiPiece(readMidi(fullMidi ?? new Uint8Array())), seconds };
         }
         const orchestra = this.store.state.output === ORCHESTRA ? orchestraOf(piece) : undefined;
         const files = piece.files.map(
             ({ name, text: content }) => [name, new TextEncoder().encode(content)] as const,
         );
         if (orchestra) {
-            const { score } = await this.compiled(piece, 'score');
-            return { orchestra: orchestra.text, score: text(score), files };
+            const { score, seconds } = await this.compiled(piece, 'score');
+            return { orchestra: orchestra.text, score: text(score), files, seconds };
         }
-        const { builtIn } = await this.compiled(piece, 'builtIn');
-        return { orchestra: builtIn?.orchestra ?? '', score: builtIn?.score ?? '', files };
+        const { builtIn, seconds } = await this.compiled(piece, 'builtIn');
+        return { orchestra: builtIn?.orchestra ?? '', score: builtIn?.score ?? '', files, seconds };
     }
 
     private hasRendering(piece: Piece): boolean {
@@ -212,7 +227,7 @@ export class Sounding {
 
     private async render(piece: Piece): Promise<Rendering> {
         const sound = await this.toSound(piece);
-        const rendering = this.renderer.render(sound);
+        const rendering = this.renderer.render(sound, new Rendering());
         this.newest = rendering;
         this.newestPiece = piece;
         this.newestOutput = this.store.state.output;

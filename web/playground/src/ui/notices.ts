@@ -5,6 +5,8 @@ import { iconButton } from './icons';
 
 const SECONDS = 6;
 const SECONDS_TO_ACT = 15;
+const SOON = 400; // milliseconds; what is over by then has no progress to tell
+const BETWEEN_WORDS = 100;
 
 export interface NoticeAction {
     readonly word: string;
@@ -38,6 +40,38 @@ export function notice(text: string, action?: NoticeAction): void {
     makeRoom(place, text);
     place.append(box);
     if (!action?.lasts) setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
+}
+
+export interface Progress {
+    // How far it is, from 0 to 1, and in words.
+    tell(part: number, words: string): void;
+    close(): void;
+}
+
+// How far something is that takes its time. A screen reader is told once and can look at the bar.
+export function progressNotice(name: string, cancel: () => void): Progress {
+    const words = make('p', {}, name);
+    const bar = make('progress', { max: 1, value: 0, 'aria-label': `Progress of ${name}` });
+    const button = make('button', { type: 'button', class: 'word-button', onclick: cancel }, 'Cancel');
+    const text = make('div', { class: 'progress' }, words, bar);
+    const box = make('div', { class: 'notice lasting', 'aria-live': 'off' }, text, button);
+    const timer = setTimeout(() => {
+        find('#notices', HTMLElement).append(box);
+        speak(`${name} is on its way.`);
+    }, SOON);
+    let last = 0;
+    return {
+        tell(part, now) {
+            if (performance.now() - last < BETWEEN_WORDS) return;
+            last = performance.now();
+            bar.value = Math.min(1, Math.max(0, part));
+            words.textContent = now;
+        },
+        close() {
+            clearTimeout(timer);
+            box.remove();
+        },
+    };
 }
 
 export function speak(text: string): void {

@@ -65,7 +65,7 @@ test('another piece is opened in silence, its clock and its line at the beginnin
     await sounding(page);
     await expect.poll(async () => (await state(page)).position).toBeGreaterThan(1);
     await load(page, SCORE);
-    expect(await state(page)).toMatchObject({ sounding: 'silent', position: 0 });
+    expect(await state(page)).toMatchObject({ sounding: 'silent', position: 0, soundTrouble: '' });
     await expect(page.getByRole('timer')).toHaveText(/^0:00 /);
     await expect.poll(() => lineOf(page)).toBe(atRest);
     await expect.poll(async () => (await heard(page)).peak).toBeLessThan(0.001);

@@ -153,3 +153,18 @@ test('a first visit has a piece that can be played', async ({ page }) => {
     await open(page);
     expect((await facts(page)).eventCount).toBeGreaterThan(100);
 });
+
+test('a lock is kept with its piece, and locks no other', async ({ playground: page }) => {
+    const locked = page.getByRole('checkbox', { name: 'Lock' });
+    const seeds = (): Promise<void> => page.getByRole('tab', { name: 'Seeds' }).click();
+    await load(page, SCORE);
+    await seeds();
+    await locked.check();
+    await page.waitForTimeout(500);
+    await page.reload();
+    await ready(page);
+    await seeds();
+    await expect(locked).toBeChecked();
+    await load(page, SCORE + '; another\n');
+    await expect(locked).not.toBeChecked();
+});

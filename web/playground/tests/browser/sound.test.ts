@@ -78,3 +78,48 @@ test('a WAV file is rendered whole', async ({ playground: page }) => {
     const samples = new Int16Array(bytes.buffer, bytes.byteOffset + 44, 44100);
     expect(Math.max(...samples) / 32768).toBeCloseTo(0.3, 2);
 });
+
+// One tone at few samples a second, so that minutes of it are rendered soon.
+function long(minutes: number, rate: number): Record<string, string> {
+    const score = `i1 = 5, 0, ${minutes * 60} {\np2 ${minutes * 60}\np3 1\np4(hz) no a4\np5 .3\n}\n`;
+    const orchestra = (SINE['sine.orc'] ?? '').replace('44100', String(rate)).replace('32', '100');
+    return { 'long.vorn': score, 'long.orc': orchestra };
+}
+
+const askForWave = async (page: Page): Promise<void> => {
+    await page.getByRole('button', { name: 'Download' }).click();
+    await page.getByRole('menuitem', { name: /\.wav/ }).click();
+};
+
+test('a WAV file of more than twenty minutes is rendered whole', async ({ playground: page }) => {
+    await load(page, long(25, 2000));
+    const waiting = page.waitForEvent('download');
+    await askForWave(page);
+    const bytes = readFileSync((await (await waiting).path()) ?? '');
+    expect((bytes.length - 44) / 2 / 2000).toBeCloseTo(25 * 60, 0);
+    const end = new Int16Array(bytes.buffer, bytes.byteOffset + bytes.length - 2 * 2000, 1000);
+    expect(Math.max(...end) / 32768).toBeCloseTo(0.3, 2);
+    await expect(page.locator('.notice')).toHaveCount(0);
+});
+
+test('how far a WAV file is stands on the page, and it can be cancelled', async ({ playground: page }) => {
+    let downloads = 0;
+    page.on('download', () => (downloads += 1));
+    await load(page, long(160, 48000));
+    await askForWave(page);
+    const progress = page.locator('.notice', { hasText: /long\.wav: \d+:\d\d of 160:00/ });
+    await expect(progress).toBeVisible({ timeout: 15000 });
+    const part = (): Promise<number> =>
+        progress.locator('progress').evaluate((bar) => (bar as HTMLProgressElement).value);
+    const before = await part();
+    await expect.poll(part).toBeGreaterThan(before);
+    await askForWave(page);
+    await expect(page.locator('.notice', { hasText: 'wait for it or cancel it' })).toBeVisible();
+    await progress.getByRole('button', { name: 'Cancel' }).click();
+    await expect(progress).toHaveCount(0);
+    await load(page, long(1, 2000));
+    const waiting = page.waitForEvent('download');
+    await askForWave(page);
+    await waiting;
+    expect(downloads).toBe(1);
+});

@@ -3,8 +3,10 @@ import { csoundDocument } from '../../src/files/downloads';
 import { forBrowsers } from '../../src/sound/csound/dialect';
 import { readMidi } from '../../src/sound/midi_file';
 import { midiPiece, notesOf } from '../../src/sound/midi_instrument';
-import { Rendering } from '../../src/sound/rendering';
-import { waveFile } from '../../src/sound/wave';
+import { progressWords } from '../../src/files/rendered_wave';
+import type { Answer } from '../../src/sound/csound/protocol';
+import { CANCELLED, LONGEST, Renderer, Rendering } from '../../src/sound/rendering';
+import { WaveRendering, waveFile } from '../../src/sound/wave';
 
 const bytes = (text: string): number[] => [...text].map((letter) => letter.charCodeAt(0));
 const number = (value: number, length: number): number[] =>
@@ -88,6 +90,90 @@ describe('a rendering', () => {
             2, 100, 20,
         ]);
         expect([view.getInt16(44, true), view.getInt16(46, true)]).toEqual([16384, -32767]);
+    });
+});
+
+// A Worker that says what it is told to.
+class Said extends EventTarget {
+    onmessage: ((event: { data: Answer }) => void) | undefined;
+    readonly asked: unknown[] = [];
+    postMessage(message: unknown): void {
+        this.asked.push(message);
+    }
+    say(answer: Answer): void {
+        this.onmessage?.({ data: answer });
+    }
+}
+
+async function rendered<Kind extends Rendering>(made: Kind): Promise<{ worker: Said; renderer: Renderer }> {
+    const worker = new Said();
+    const renderer = new Renderer(
+        () => worker as unknown as Worker,
+        () => Promise.resolve(undefined as unknown as WebAssembly.Module),
+    );
+    renderer.render({ orchestra: '', score: '', files: [] }, made);
+    await Promise.resolve();
+    await Promise.resolve();
+    return { worker, renderer };
+}
+
+describe('a sound file', () => {
+    const begin = (worker: Said, sampleRate: number): void =>
+        worker.say({ kind: 'begun', id: 1, sampleRate, channels: 2 });
+    const minute = (worker: Said): void => {
+        for (let count = 0; count < 60; count++) {
+            const samples = [new Float32Array(10).fill(0.25), new Float32Array(10).fill(-0.25)];
+            worker.say({ kind: 'samples', id: 1, samples });
+        }
+    };
+    const minutes = (worker: Said, count: number): void => {
+        for (let done = 0; done < count; done++) minute(worker);
+    };
+
+    it('is whole, though it is longer than what is played', async () => {
+        const [file, heard] = [new WaveRendering(25 * 60), new Rendering()];
+        for (const made of [file, heard]) {
+            const { worker } = await rendered(made);
+            begin(worker, 10);
+            minutes(worker, 25);
+            worker.say({ kind: 'ended', id: 1, refusal: '' });
+        }
+        expect([file.seconds, file.refusal]).toEqual([1500, '']);
+        expect(heard.seconds).toBeLessThan(LONGEST + 2);
+        const view = new DataView(await file.file().arrayBuffer());
+        expect(view.byteLength).toBe(44 + 1500 * 10 * 2 * 2);
+        expect(view.getUint32(40, true)).toBe(1500 * 10 * 2 * 2);
+        const at = 44 + 1400 * 10 * 2 * 2;
+        expect([view.getInt16(at, true), view.getInt16(at + 2, true)]).toEqual([8192, -8192]);
+    });
+    it('of an orchestra without an end has one, and says so', async () => {
+        const file = new WaveRendering(60);
+        const { worker } = await rendered(file);
+        begin(worker, 10);
+        minutes(worker, 30);
+        expect(file.seconds).toBe(60 + LONGEST);
+        expect(file.isCut).toBe(true);
+        expect(file.refusal).toContain('20 minutes after');
+        expect(worker.asked.at(-1)).toEqual({ kind: 'cancel', id: 1 });
+    });
+    it('says before what no such file can hold, and holds the rest', async () => {
+        const file = new WaveRendering(20);
+        const { worker } = await rendered(file);
+        begin(worker, 2 ** 28);
+        expect(progressWords('x.wav', file)).toContain('holds 4 GB, the first 0:04 of this sound');
+        file.frames = 2 ** 30 - 15; // as many as there would be
+        minute(worker);
+        expect([file.frames, file.isCut]).toEqual([2 ** 30 - 10, true]);
+        expect(new DataView(await file.file().arrayBuffer()).getUint32(4, true)).toBe(2 ** 32 - 4);
+    });
+    it('that is cancelled ends at once', async () => {
+        const file = new WaveRendering(60);
+        const { worker, renderer } = await rendered(file);
+        begin(worker, 10);
+        renderer.cancel();
+        minute(worker);
+        expect([file.hasEnded, file.refusal, file.frames]).toEqual([true, CANCELLED, 0]);
+        expect(worker.asked.at(-1)).toEqual({ kind: 'cancel', id: 1 });
     });
 });
 
