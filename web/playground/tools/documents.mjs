@@ -20,14 +20,18 @@ const STYLE = readFileSync(new URL('documents.css', import.meta.url), 'utf8');
 const addressOf = (id) => id.replace(/\.md$/, '.html');
 const from = (id, path) => relative(dirname(id), path) || '.';
 
-// The score of a picture, when it stands beside it and needs no other text; and its orchestra.
+// The score of a picture, when it stands beside it; its orchestra, and what it includes.
 function scoreOf(docs, picture, files) {
     const name = picture.replace(/\.svg$/, '.vorn');
     if (name === picture || !existsSync(join(docs, name))) return undefined;
     const text = readFileSync(join(docs, name), 'utf8');
-    if (files.some((file) => text.includes(file.name))) return undefined;
     const orchestra = name.replace(/\.vorn$/, '.orc');
-    return { name, orchestra: existsSync(join(docs, orchestra)) ? orchestra : undefined };
+    const includes = files.filter((file) => text.includes(`|${file.name}|`));
+    return {
+        name,
+        orchestra: existsSync(join(docs, orchestra)) ? orchestra : undefined,
+        includes: includes.map((file) => join(dirname(name), file.name)),
+    };
 }
 
 function livePicture(docs, { id, files }, picture, alt, take) {
@@ -37,6 +41,7 @@ function livePicture(docs, { id, files }, picture, alt, take) {
     if (!score) return `<p>${still}</p>`;
     take(score.name);
     if (score.orchestra) take(score.orchestra);
+    score.includes.forEach(take);
     const orchestra = score.orchestra ? ` orchestra="${from(id, score.orchestra)}"` : '';
     return `<vorn-score src="${from(id, score.name)}"${orchestra}>${still}</vorn-score>`;
 }

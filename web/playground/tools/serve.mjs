@@ -21,6 +21,9 @@ const TYPES = {
     '.wasm': 'application/wasm',
     '.woff2': 'font/woff2',
     '.vorn': 'text/plain; charset=utf-8',
+    '.orc': 'text/plain; charset=utf-8',
+    '.inc': 'text/plain; charset=utf-8',
+    '.txt': 'text/plain; charset=utf-8',
 };
 const WATCHED = '?watch';
 const PAUSE = 30; // milliseconds that a burst of changes may take

@@ -4,8 +4,11 @@
 //     <vorn-score src="piece.vorn" orchestra="piece.orc" height="320"></vorn-score>
 //     <vorn-score>i1 = 4 0 4 { p2 1  p3 1  p4(hz) no c4 e g c5 }</vorn-score>
 //
+// What the score includes is fetched from beside it, or stands in the element as a text with a name. Light and
+// dark are those of the place where it stands, or what the attribute `theme` says.
+//
 // The engine is part of the script; Csound lies beside it and is loaded by the first click on the button.
-import type { Result, Vorn } from 'vorn-wasm';
+import type { Diagnostic, Result, Vorn } from 'vorn-wasm';
 import { listenToHands } from '../picture/gestures';
 import { Picture } from '../picture/picture';
 import { countEvents } from '../picture/scene';
@@ -17,6 +20,7 @@ import { timeText } from '../picture/span';
 import { make } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
+import { compiledWithIncludes, fetchedText, namedTexts, ownText, type Texts } from './score_files';
 import style from './vorn_score.css?inline';
 
 const HEIGHT = 280;
@@ -24,21 +28,21 @@ const CSOUND = new URL('csound.wasm.z', import.meta.url).href;
 
 const countAll = ({ blocks }: Result): number => blocks.reduce((sum, block) => sum + countEvents(block), 0);
 
-async function fetched(address: string): Promise<string> {
-    const answer = await fetch(address);
-    if (!answer.ok) throw new Error(`${address} cannot be read.`);
-    return answer.text();
+function mistakeWords({ text, place, advice }: Diagnostic, main: string): string {
+    const file = place && place.file !== main ? `${place.file}, line` : 'Line';
+    return [`${file} ${place?.line ?? '?'}: ${text}.`, ...advice].join(' ').replaceAll('`', '');
 }
 
 class VornScore extends HTMLElement {
     static readonly observedAttributes = ['src', 'orchestra'];
     private readonly root = this.attachShadow({ mode: 'open' });
     private readonly stage = make('div', { class: 'stage', role: 'application', tabindex: 0 });
-    private readonly words = make('span', { class: 'words' });
+    private readonly words = make('span', { class: 'words', 'aria-live': 'polite' });
     private readonly button = make('button', { type: 'button' });
     private picture: Picture | undefined;
     private turn = 0; // rises when another score is to be shown
     private result: Result | undefined;
+    private texts: Texts = {};
     private rendering: Rendering | undefined;
     private readonly renderer = new Renderer(
         () => new CsoundWorker(),
@@ -65,6 +69,8 @@ class VornScore extends HTMLElement {
             onDrawn: () => undefined,
         });
         listenToHands(this.picture);
+        // Its colour changes with light and dark, whatever decides on them (vorn_score.css).
+        this.stage.addEventListener('transitionend', () => this.picture?.redraw());
         this.showSilence();
         void this.read();
     }
@@ -78,37 +84,62 @@ class VornScore extends HTMLElement {
     }
 
     private get name(): string {
-        return this.getAttribute('src')?.split('/').at(-1) ?? 'score.vorn';
+        return this.getAttribute('src')?.split(/[?#]/)[0]?.split('/').at(-1) || 'score.vorn';
+    }
+
+    // The score first, whatever its name is.
+    private async given(): Promise<Texts> {
+        const source = this.getAttribute('src');
+        const named = namedTexts(this);
+        if (source !== null) return { [this.name]: await fetchedText(source), ...named };
+        const own = ownText(this);
+        const [first] = Object.keys(named).filter((name) => name.endsWith('.vorn'));
+        if (own.trim() !== '' || first === undefined) return { [this.name]: own, ...named };
+        return { [first]: named[first] ?? '', ...named };
     }
 
     private async read(): Promise<void> {
         const turn = ++this.turn;
         this.silence();
         try {
-            const source = this.getAttribute('src');
-            const text = source ? await fetched(source) : (this.textContent ?? '');
+            const given = await this.given();
             const engine = await loadEngine();
-            if (turn === this.turn) this.show(engine, text);
+            if (turn !== this.turn) return;
+            const base = new URL(this.getAttribute('src') ?? '', document.baseURI).href;
+            const compile = (texts: Texts): Result => this.compiled(engine, texts);
+            const { result, texts } = await compiledWithIncludes(compile, given, base);
+            if (turn === this.turn) this.show(result, texts);
         } catch (error) {
-            if (turn === this.turn) this.refuse(String(error));
+            if (turn === this.turn) this.refuse(error instanceof Error ? error.message : String(error));
         }
+    }
+
+    private compiled(engine: Vorn, texts: Texts): Result {
+        const isScore = ([name]: [string, string]): boolean => !name.endsWith('.orc');
+        const scores = Object.fromEntries(Object.entries(texts).filter(isScore));
+        return engine.compile(scores, { outputs: ['score', 'builtIn'] });
     }
 
     private refuse(trouble: string): void {
         this.words.textContent = trouble;
+        this.words.classList.add('trouble');
         this.button.disabled = true;
+        this.stage.hidden = true;
         this.picture?.show(null);
     }
 
-    private show(engine: Vorn, text: string): void {
-        const result = engine.compile({ [this.name]: text }, { outputs: ['score', 'builtIn'] });
+    private show(result: Result, texts: Texts): void {
         this.result = result;
+        this.texts = texts;
         this.rendering = undefined;
         const [mistake] = result.diagnostics.filter((one) => one.severity === 'error');
+        const events = countAll(result);
         this.button.disabled = result.status !== 0;
+        this.words.classList.toggle('trouble', mistake !== undefined);
         this.words.textContent = mistake
-            ? `Line ${mistake.place?.line ?? '?'}: ${mistake.text}`
-            : `${countAll(result)} events, ${timeText(result.seconds)}`;
+            ? mistakeWords(mistake, Object.keys(texts)[0] ?? '')
+            : `${events} events, ${timeText(result.seconds)}`;
+        this.stage.hidden = events === 0;
         this.picture?.show(result);
     }
 
@@ -128,10 +159,18 @@ class VornScore extends HTMLElement {
 
     private async render(): Promise<Rendering> {
         const { result } = this;
-        const own = this.getAttribute('orchestra');
-        const orchestra = own ? await fetched(own) : (result?.builtIn?.orchestra ?? '');
-        const score = own ? new TextDecoder().decode(result?.score) : (result?.builtIn?.score ?? '');
-        return this.renderer.render({ orchestra, score, files: [] });
+        const own = await this.orchestra();
+        const orchestra = own ?? result?.builtIn?.orchestra ?? '';
+        const score = own === undefined ? result?.builtIn?.score : new TextDecoder().decode(result?.score);
+        const encoder = new TextEncoder();
+        const files = Object.entries(this.texts).map(([name, text]) => [name, encoder.encode(text)] as const);
+        return this.renderer.render({ orchestra, score: score ?? '', files }, new Rendering());
+    }
+
+    private async orchestra(): Promise<string | undefined> {
+        const address = this.getAttribute('orchestra');
+        if (address) return fetchedText(address);
+        return Object.entries(this.texts).find(([name]) => name.endsWith('.orc'))?.[1];
     }
 
     private silence(): void {

@@ -10,7 +10,7 @@ import { layOut, toSeconds, toX, type Layout } from './layout';
 import { Raster } from './raster';
 import { makeScene, type Scene } from './scene';
 import { following, lengthOf, moved, wholeSpan, within, zoomed, type Span } from './span';
-import { onThemeChange, tonesNow } from './theme';
+import { onThemeChange, tonesOf } from './theme';
 import { hex } from './tones';
 import type { Result } from 'vorn-wasm';
 import { make } from '../ui/dom';
@@ -171,7 +171,7 @@ export class Picture {
             scene,
             layout,
             span: this.span,
-            tones: tonesNow(),
+            tones: tonesOf(this.stage),
             hidden: this.hidden,
             scale: this.scale,
             scroll: this.stage.scrollTop,
@@ -263,7 +263,7 @@ export class Picture {
         const left = Math.max(layout.gutter, toX(layout, this.span, start[row] ?? 0));
         const right = toX(layout, this.span, (start[row] ?? 0) + (duration[row] ?? 0));
         const middle = Number.isFinite(y) ? y : eventY(layout, of, row);
-        paper.strokeStyle = hex(tonesNow().ink);
+        paper.strokeStyle = hex(tonesOf(this.stage).ink);
         paper.lineWidth = 1.5;
         paper.beginPath();
         paper.roundRect(left - 3, middle - 8, Math.max(4, right - left) + 6, 16, 4);

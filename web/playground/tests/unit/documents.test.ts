@@ -22,10 +22,13 @@ describe('the documents as pages', () => {
         );
         expect(missing).toEqual([]);
     });
-    it('have the scores of their pictures to be heard, but those that need other files', () => {
+    it('have the scores of their pictures to be heard, beside which their includes lie', () => {
         const recipes = pages.find(({ fileName }) => fileName.endsWith('recipes.html'))?.source;
         expect(recipes).toContain('<vorn-score src="recipes/drums.vorn" orchestra="recipes/drums.orc">');
-        expect(recipes).not.toContain('<vorn-score src="recipes/parts.vorn"');
+        expect(recipes).toContain('<vorn-score src="recipes/parts.vorn"');
         expect(recipes).toContain('<img src="recipes/parts.svg"');
+        const names = files.map(({ fileName }) => fileName);
+        expect(names).toContain('documents/recipes/part-melody.vorn');
+        expect(names).toContain('documents/recipes/temperatures.txt');
     });
 });
