@@ -2,7 +2,6 @@
 import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vitest/config';
 import { contentSecurity } from './tools/content_security';
-import { serviceWorker } from './tools/service_worker';
 
 export default defineConfig({
     base: './',
@@ -15,7 +14,7 @@ export default defineConfig({
         chunkSizeWarningLimit: 1200,
         reportCompressedSize: false,
     },
-    plugins: [contentSecurity(), serviceWorker()],
+    plugins: [contentSecurity()],
     test: {
         include: ['tests/unit/**/*.test.ts'],
         setupFiles: ['tests/unit/raw_streams.ts'],

@@ -1,8 +1,9 @@
 // The script of <vorn-score>: one file, into the folder of the page, beside which Csound is put; and the
-// documents, which use it.
+// documents, which use it. Then the folder is whole, and the service worker is told what is in it.
 import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vite';
 import { documentFiles } from './tools/documents.mjs';
+import { serviceWorker } from './tools/service_worker';
 
 const here = (path: string): string => fileURLToPath(new URL(path, import.meta.url));
 
@@ -32,5 +33,6 @@ export default defineConfig({
                 this.emitFile({ type: 'asset', fileName: 'csound.wasm.z', source });
             },
         },
+        serviceWorker(),
     ],
 });

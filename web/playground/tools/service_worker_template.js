@@ -3,7 +3,8 @@
 const OWN = `vorn-playground ${self.registration.scope} `;
 const STORE = OWN + 'VERSION';
 const FILES = [/* FILES */];
-const LATER = [/* LATER */]; // large, and not needed to begin
+const LATER = [/* LATER */]; // large or seldom asked for, and not needed to begin
+const TWINS = {/* TWINS */}; // files with the bytes of another one, which is held for both
 const PATIENCE = 2000; // milliseconds that a page may take to say what it was made from
 
 self.addEventListener('install', (event) => {
@@ -11,6 +12,9 @@ self.addEventListener('install', (event) => {
 });
 
 self.addEventListener('activate', (event) => event.waitUntil(self.clients.claim().then(tidy)));
+
+const addressOf = (name) => new URL(name, self.registration.scope).href;
+const twinOf = new Map(Object.entries(TWINS).map(([name, twin]) => [addressOf(name), addressOf(twin)]));
 
 const coming = new Map(); // what is being fetched, by its address
 
@@ -30,7 +34,7 @@ function hold(store, address) {
 async function holdLater() {
     const store = await caches.open(STORE);
     for (const name of LATER) {
-        const address = new URL(name, self.registration.scope).href;
+        const address = addressOf(name);
         if (!(await store.match(address)) && !(await hold(store, address)).ok) return false;
     }
     return true;
@@ -42,7 +46,9 @@ const ownStores = async () => (await caches.keys()).filter((name) => name.starts
 // The parts of a page that is older than this build are in its own store.
 async function held(request) {
     const store = await caches.open(STORE);
-    const found = await store.match(request, { ignoreSearch: true });
+    const found = await store.match(twinOf.get(request.url.replace(/[?#].*/, '')) ?? request, {
+        ignoreSearch: true,
+    });
     if (found || request.mode === 'navigate') return found;
     for (const name of await ownStores()) {
         const older = await (await caches.open(name)).match(request, { ignoreSearch: true });

@@ -27,6 +27,30 @@ test('the page opens without a network, and sounds, though no sound was asked fo
     await context.setOffline(false);
 });
 
+test('documents, licences and the page by its name open without a network', async ({ page, context }) => {
+    await open(page);
+    expect(await isHeld(page)).toBe(true);
+    const folder = page.url();
+    await context.setOffline(true);
+    for (const [place, words] of [
+        ['documents/manual.html', 'Vorn'],
+        ['documents/tutorial/03-a-rhythm.html', 'Playground'],
+        ['licences/LGPL-2.1.txt', 'GNU LESSER GENERAL PUBLIC LICENSE'],
+    ] as const) {
+        await page.goto(new URL(place, folder).href);
+        await expect(page.locator('body')).toContainText(words);
+    }
+    await page.goto(new URL('documents/tutorial/03-a-rhythm.html#x', folder).href);
+    const score = page.locator('vorn-score').first();
+    await expect(score).toContainText(/[0-9]+ events, 0:/);
+    await score.getByRole('button', { name: 'Play' }).click();
+    await expect(score.getByRole('button', { name: 'Stop' })).toBeVisible();
+    await page.goto(new URL('index.html', folder).href);
+    await ready(page);
+    expect(await facts(page)).toMatchObject({ status: 0 });
+    await context.setOffline(false);
+});
+
 test('who saves data is sent Csound when sound is asked for, and no sooner', async ({ page }) => {
     await page.addInitScript(() =>
         Object.defineProperty(navigator, 'connection', { value: { saveData: true } }),
