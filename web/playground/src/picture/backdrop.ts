@@ -2,7 +2,7 @@
 import type { Drawing } from './events';
 import { keyY, laneY, toX, type Band, type Layout, type PlacedBracket } from './layout';
 import type { Range } from './scene';
-import { lengthOf, timeStep, timeText } from './span';
+import { lengthOf, marksBetween, timeStep, timeText } from './span';
 import { colorOf, hex, mixed } from './tones';
 
 export const FONT = '"IBM Plex Sans", "Helvetica Neue", Helvetica, Arial, sans-serif';
@@ -40,19 +40,18 @@ function drawAxis(sheet: Sheet, bottom: number): void {
     const perPixel = lengthOf(span) / (layout.width - layout.gutter);
     const step = timeStep(perPixel * LEAST_TICK);
     sheet.paper.textAlign = 'center';
-    for (let tick = Math.ceil(span.from / step); tick * step <= span.to; tick++) {
-        const x = toX(layout, span, tick * step);
+    for (const time of marksBetween(span.from, span.to, step)) {
+        const x = toX(layout, span, time);
         rule(sheet, x, layout.axis.top + layout.axis.height - 5, x, bottom);
-        if (x < layout.width - 16)
-            write(sheet, timeText(tick * step, step), x, layout.axis.top + 16, tones.muted);
+        if (x < layout.width - 16) write(sheet, timeText(time, step), x, layout.axis.top + 16, tones.muted);
     }
 }
 
 function drawTempo(sheet: Sheet, band: Band): void {
     const { layout, span, tones, paper } = sheet;
     const { seconds, tempos } = sheet.scene.tempo;
-    const low = Math.min(...tempos);
-    const high = Math.max(...tempos);
+    const low = tempos.reduce((least, tempo) => Math.min(least, tempo), Infinity);
+    const high = tempos.reduce((most, tempo) => Math.max(most, tempo), -Infinity);
     const toY = (tempo: number): number =>
         band.top + band.height - 4 - ((tempo - low) / (high - low || 1)) * (band.height - 8);
     paper.strokeStyle = hex(tones.muted);
@@ -93,7 +92,7 @@ function drawKeyboard(sheet: Sheet, roll: Band): void {
     const high = rowHeight(layout, roll);
     if (high < LEAST_ROW) return;
     paper.fillStyle = hex(tones.band);
-    for (let key = Math.ceil(layout.keys.low); key <= layout.keys.high; key++) {
+    for (const key of marksBetween(layout.keys.low, layout.keys.high, 1)) {
         if (!BLACK_KEYS.includes(((key % 12) + 12) % 12)) continue;
         const top = Math.max(roll.top, keyY(layout, roll, key) - high / 2);
         const bottom = Math.min(roll.top + roll.height, keyY(layout, roll, key) + high / 2);
@@ -101,14 +100,17 @@ function drawKeyboard(sheet: Sheet, roll: Band): void {
     }
 }
 
+// From one marked c to the next: as many octaves as leave room for the names.
+const octaveStep = (perKey: number): number =>
+    12 * 2 ** Math.max(0, Math.ceil(Math.log2(LEAST_OCTAVE / (12 * perKey))));
+
 // A line below each c, or through it where rows are too narrow.
 function drawOctaves(sheet: Sheet, roll: Band): void {
     const { layout, tones } = sheet;
     const perKey = rowHeight(layout, roll);
     const below = perKey < LEAST_ROW ? 0 : perKey / 2;
-    const every = 12 * perKey >= LEAST_OCTAVE ? 12 : 24;
     sheet.paper.textAlign = 'right';
-    for (let key = Math.ceil(layout.keys.low / 12) * 12; key <= layout.keys.high; key += every) {
+    for (const key of marksBetween(layout.keys.low, layout.keys.high, octaveStep(perKey))) {
         const y = keyY(layout, roll, key);
         rule(sheet, layout.gutter, y + below, layout.width, y + below);
         if (y > roll.top + 6) write(sheet, `c${key / 12 - 1}`, layout.gutter - 8, y + 4, tones.muted);

@@ -64,9 +64,12 @@ function strokeInstruments(scene: Scene, shown: readonly SceneBlock[]): SceneIns
     );
 }
 
-// Room above and below the outermost keys.
-const keyRange = (keys: Range | null): Range =>
-    keys ? { low: Math.floor(keys.low) - 1.5, high: Math.ceil(keys.high) + 1.5 } : { low: 59, high: 61 };
+// Room above and below the outermost keys, which also keeps those apart that are too high to be counted.
+function keyRange(keys: Range | null): Range {
+    if (!keys) return { low: 59, high: 61 };
+    const room = Math.max(1.5, 1e-6 * Math.max(Math.abs(keys.low), Math.abs(keys.high)));
+    return { low: Math.floor(keys.low) - room, high: Math.ceil(keys.high) + room };
+}
 
 class Stack {
     at = 0;
@@ -84,7 +87,7 @@ export function layOut(scene: Scene, hidden: ReadonlySet<number>, width: number,
     const stack = new Stack();
     const axis = stack.take(AXIS, 4);
     const tempo = scene.tempo.moves ? stack.take(TEMPO) : null;
-    const rowCount = Math.max(0, ...rows.map(({ row }) => row + 1));
+    const rowCount = rows.reduce((most, { row }) => Math.max(most, row + 1), 0);
     const bracketBand = stack.take(rowCount * BRACKET);
     const below = strokes.length * STROKES + scene.fields.length * (LANE + GAP) + GAP;
     const hasRoll = shown.some(isPitched);

@@ -5,6 +5,7 @@ export interface Span {
 }
 
 export const SHORTEST = 0.01;
+const SHORTEST_PART = 1e-9; // of the whole: numbers of its end tell far shorter ones not apart
 const MARGIN = 0.02; // of the whole, behind its end
 
 export const wholeSpan = (seconds: number): Span => ({ from: 0, to: Math.max(seconds, 1) * (1 + MARGIN) });
@@ -12,7 +13,8 @@ export const wholeSpan = (seconds: number): Span => ({ from: 0, to: Math.max(sec
 // Kept within the piece, and neither longer than it nor shorter than the shortest.
 export function within(span: Span, seconds: number): Span {
     const whole = wholeSpan(seconds);
-    const length = Math.min(Math.max(span.to - span.from, SHORTEST), whole.to);
+    const shortest = Math.max(SHORTEST, whole.to * SHORTEST_PART);
+    const length = Math.min(Math.max(span.to - span.from, shortest), whole.to);
     const from = Math.min(Math.max(span.from, 0), whole.to - length);
     return { from, to: from + length };
 }
@@ -42,6 +44,16 @@ const STEPS = [1, 2, 5];
 export function roundStep(least: number): number {
     const power = 10 ** Math.floor(Math.log10(least));
     return power * ([...STEPS, 10].find((step) => step * power >= least * (1 - 1e-9)) ?? 10);
+}
+
+const MOST_MARKS = 1000; // more than any sight has room for
+
+// The multiples of `step` from one end to the other, counted before they are made: a score may hold any
+// number, and where numbers are large adding 1 to one may lead nowhere.
+export function marksBetween(from: number, to: number, step: number): number[] {
+    const first = Math.ceil(from / step);
+    const count = Math.min(MOST_MARKS, Math.floor(to / step) - first + 1);
+    return count > 0 ? Array.from({ length: count }, (_, index) => (first + index) * step) : [];
 }
 
 const MINUTE_STEPS = [1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 1800, 3600];

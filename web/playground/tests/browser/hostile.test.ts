@@ -35,6 +35,13 @@ const TEXTS: Record<string, Record<string, string>> = {
             '\ni1 = 4 0 4 { p2 1 p3 1 p4 $J }\n',
     },
     'a million events': { 'a.vorn': 'i1 = 5, 0, -1000000 {\np2 .001\np3 1\np4 ra(T 1 [0 1])\np5 1\n}\n' },
+    'a key that nobody hears': { 'a.vorn': 'i1 = 4, 0, 2 {\np2 1\np3 1\np4(hz) 44000000 60\n}\n' },
+    'keys beyond counting': {
+        'a.vorn': 'i1 = 4, 0, 2 {\np2 1\np3 1\np4(hz) 99999999999999999999 .0000000001\n}\n',
+    },
+    'a time beyond counting': {
+        'a.vorn': 'i1 = 4, 0, -4 {\np2 9999999999999999999999999\np3 1\np4(hz) 60 62\n}\n',
+    },
     '64 KB of emoji': { 'a.vorn': '😀🎵🎹🥁'.repeat(4096) },
     'markup everywhere': { [`${MARKUP.replaceAll('/', '')}.vorn`]: `${MARKUP}\n#include |${MARKUP}|\n` },
     'control characters': { 'a.vorn': '\u0000\u0007\u001b[31m\u202e i1 = \u2028\u2029\r\r\n' },
@@ -50,6 +57,28 @@ for (const [name, files] of Object.entries(TEXTS)) {
         await recovers(page);
     });
 }
+
+test('the end of a time beyond counting, as near as it goes', async ({ playground: page }) => {
+    await load(page, 'i1 = 5, 0, -4 {\np2 999999999999999\np3 1\np4(hz) 60 62\np5 1\n}\n');
+    await page.locator('#stage').focus();
+    await page.keyboard.press('End');
+    for (let press = 0; press < 150; press++) await page.keyboard.press('+');
+    await isAlive(page);
+    await recovers(page);
+});
+
+test('a score in another page has keys and times beyond counting', async ({ page }) => {
+    const scores = ['a key that nobody hears', 'keys beyond counting', 'a time beyond counting'].map(
+        (name) => `<vorn-score>${TEXTS[name]?.['a.vorn'] ?? ''}</vorn-score>`,
+    );
+    const body = `<!doctype html><meta charset="utf-8"><title>x</title><script type="module" src="./vorn-score.js"></script>${scores.join('')}`;
+    await page.route('**/some/path/embedded.html', (route) =>
+        route.fulfill({ body, contentType: 'text/html' }),
+    );
+    await page.goto('./embedded.html');
+    for (const score of await page.locator('vorn-score').all()) await expect(score).toContainText('events');
+    await isAlive(page);
+});
 
 test('5 MB are pasted', async ({ playground: page }) => {
     await load(page, '');

@@ -7,7 +7,7 @@ import { binTotals, fieldNames, makeHistogram } from '../../src/picture/histogra
 import { hitTest, neighbour } from '../../src/picture/hit';
 import { keyY, laneY, layOut, toSeconds, toX } from '../../src/picture/layout';
 import { countEvents, firstFrom, makeScene } from '../../src/picture/scene';
-import { following, roundStep, timeText, within, zoomed } from '../../src/picture/span';
+import { following, marksBetween, roundStep, timeText, within, zoomed } from '../../src/picture/span';
 import { DARK, LIGHT, firstInk, mixed, paletteOf, pixel } from '../../src/picture/tones';
 import { makeBlock, makeResult } from './results';
 
@@ -122,6 +122,11 @@ describe('a span', () => {
         const span = zoomed({ from: 0, to: 10 }, 2, 4);
         expect(span).toEqual({ from: 2, to: 7 });
     });
+    it('is no shorter than what the numbers of its end tell apart', () => {
+        const { from, to } = within({ from: 1e25, to: 1e25 }, 1e25);
+        expect(to - from).toBeGreaterThan(1e15);
+        expect(within({ from: 5, to: 5 }, 3600).to).toBeCloseTo(5.01, 9);
+    });
     it('turns over when the line has left it', () => {
         const span = { from: 0, to: 10 };
         expect(following(span, 5)).toBe(span);
@@ -137,6 +142,21 @@ describe('a span', () => {
         [0.25, 0.05, '0:00.25'],
     ])('%d seconds in steps of %d read %s', (seconds, step, text) => {
         expect(timeText(step >= 1 ? Math.floor(seconds) : seconds, step)).toBe(text);
+    });
+});
+
+describe('marks', () => {
+    it('are the multiples of their step', () => {
+        expect(marksBetween(-1, 2.1, 0.5)).toEqual([-1, -0.5, 0, 0.5, 1, 1.5, 2]);
+        expect(marksBetween(0.1, 0.4, 0.5)).toEqual([]);
+    });
+    it.each([
+        [0, 1e38, 1],
+        [1e38, 1e38, 1e-9],
+        [0, 1, 0],
+        [NaN, NaN, 1],
+    ])('come to an end from %d to %d in steps of %d', (from, to, step) => {
+        expect(marksBetween(from, to, step).length).toBeLessThanOrEqual(1000);
     });
 });
 
