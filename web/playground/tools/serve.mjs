@@ -48,7 +48,7 @@ function watchedPiece(file) {
     const others = readdirSync(place).filter((name) => PART.test(name) && isPart(name));
     const files = [basename(file), ...others].map((name) => ({
         name,
-        text: readFileSync(join(place, name), 'utf8'),
+        bytes: readFileSync(join(place, name)).toString('base64'), // whatever letters they are
     }));
     return { title: stem, files };
 }

@@ -5,7 +5,7 @@ import type { Computing } from '../engine/computing';
 import type { Autosave } from '../keep/autosave';
 import type { Sounding } from '../sound/sounding';
 import type { AppStore } from '../state/app_state';
-import { mainFile, sourcesOf, toPiece } from '../state/piece';
+import { mainFile, toPiece, writtenSourcesOf } from '../state/piece';
 
 export interface PlaygroundResult {
     readonly status: 0 | 1 | null; // null: it was stopped
@@ -99,7 +99,7 @@ function measureDrawing({ view }: Parts, times: number): number[] {
 async function scoreBytes({ store, engine }: Parts): Promise<Uint8Array> {
     const { piece } = store.state;
     const options = { main: mainFile(piece).name, outputs: ['score' as const] };
-    return (await (await engine).compile(sourcesOf(piece), options)).score ?? new Uint8Array();
+    return (await (await engine).compile(writtenSourcesOf(piece), options)).score ?? new Uint8Array();
 }
 
 async function compileAside(

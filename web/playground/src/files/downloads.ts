@@ -2,7 +2,7 @@
 import type { Output, Result, VornClient } from 'vorn-wasm';
 import type { Sounding } from '../sound/sounding';
 import type { AppStore } from '../state/app_state';
-import { mainFile, MAIN_SUFFIX, orchestraOf, sourcesOf } from '../state/piece';
+import { mainFile, MAIN_SUFFIX, orchestraOf, writtenSourcesOf, writtenText } from '../state/piece';
 import type { MenuEntry } from '../ui/menu';
 import { notice } from '../ui/notices';
 import { renderedWave } from './rendered_wave';
@@ -52,7 +52,9 @@ export class Downloads {
             act: () => void this.give(stem + suffix, make),
         });
         return [
-            offer(MAIN_SUFFIX, 'the text', () => Promise.resolve(mainFile(this.store.state.piece).text)),
+            offer(MAIN_SUFFIX, 'the text', () =>
+                Promise.resolve(writtenText(mainFile(this.store.state.piece))),
+            ),
             ...this.otherFiles(),
             'line',
             offer('.sco', 'Csound score', () => this.made('score', (result) => result.score)),
@@ -73,7 +75,11 @@ export class Downloads {
 
     private otherFiles(): MenuEntry[] {
         const [, ...others] = this.store.state.piece.files;
-        return others.map(({ name, text }) => ({ name, hint: 'the text', act: () => saveAs(name, text) }));
+        return others.map((file) => ({
+            name: file.name,
+            hint: 'the text',
+            act: () => saveAs(file.name, writtenText(file)),
+        }));
     }
 
     private async give(name: string, make: () => Promise<BlobPart | Blob | undefined>): Promise<void> {
@@ -88,7 +94,8 @@ export class Downloads {
     private async compiled(output: Output): Promise<Result> {
         const { piece } = this.store.state;
         const options = { main: mainFile(piece).name, outputs: [output], picture: { title: piece.title } };
-        const result = await (await this.engine).compile(sourcesOf(piece), options, { deadline: DEADLINE });
+        const client = await this.engine;
+        const result = await client.compile(writtenSourcesOf(piece), options, { deadline: DEADLINE });
         if (result.status !== 0) throw new Error('The score has a mistake; there is no file of it yet.');
         return result;
     }

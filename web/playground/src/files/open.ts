@@ -5,16 +5,17 @@ import type { AppStore } from '../state/app_state';
 import { MAIN_SUFFIX, ORCHESTRA_SUFFIX, withFile, type TextFile } from '../state/piece';
 import { make } from '../ui/dom';
 import { notice } from '../ui/notices';
+import { readText } from './decoding';
 
 const MOST_BYTES = 8 * 1024 * 1024;
 
 async function readTexts(files: readonly File[]): Promise<TextFile[]> {
-    const texts: TextFile[] = [];
+    const texts: (TextFile | undefined)[] = [];
     for (const file of files) {
         if (file.size > MOST_BYTES) notice(`${file.name} is larger than 8 MB and was left out.`);
-        else texts.push({ name: file.name, text: await file.text() });
+        else texts.push(readText(file.name, new Uint8Array(await file.arrayBuffer())));
     }
-    return texts;
+    return texts.filter((text) => text !== undefined);
 }
 
 const rank = ({ name }: TextFile): number =>
@@ -27,8 +28,8 @@ function unpacked(file: TextFile): TextFile[] {
         new RegExp(`<${tag}[^>]*>\\n?([\\s\\S]*?)</${tag}>`).exec(file.text)?.[1] ?? '';
     const stem = file.name.replace(/\.csd$/, '');
     return [
-        { name: stem + MAIN_SUFFIX, text: part('CsScore') },
-        { name: stem + ORCHESTRA_SUFFIX, text: part('CsInstruments') },
+        { ...file, name: stem + MAIN_SUFFIX, text: part('CsScore') },
+        { ...file, name: stem + ORCHESTRA_SUFFIX, text: part('CsInstruments') },
     ];
 }
 

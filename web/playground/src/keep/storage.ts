@@ -95,7 +95,8 @@ export async function recall(): Promise<Kept | undefined> {
 
 export async function history(): Promise<Moment[]> {
     const all = (await attempt(() => entries<number, Moment>(momentStore()))) ?? [];
-    return all.map(([, moment]) => moment).sort((a, b) => b.id - a.id);
+    const moments = all.map(([, { id, reason, ...kept }]) => ({ id, reason, ...toKept(kept) }));
+    return moments.filter((moment) => 'piece' in moment).sort((a, b) => b.id - a.id) as Moment[];
 }
 
 export async function remember(kept: Kept, reason: string): Promise<void> {

@@ -1,7 +1,13 @@
 // A piece: named texts, the score first, its orchestra and its includes behind it.
+//
+// Lines end with \n, for the editor knows no other end and every place is counted in it; what a file from
+// elsewhere has instead is noted, and stands in what is downloaded.
+type ForeignLineEnd = '\r\n' | '\r';
+
 export interface TextFile {
     readonly name: string;
     readonly text: string;
+    readonly lineEnd?: ForeignLineEnd;
 }
 
 export interface Piece {
@@ -19,6 +25,19 @@ export const emptyPiece = (title = 'untitled'): Piece => ({
 
 export const mainFile = (piece: Piece): TextFile => piece.files[0] ?? { name: 'untitled.vorn', text: '' };
 
+const isForeign = (lineEnd: unknown): lineEnd is ForeignLineEnd => lineEnd === '\r\n' || lineEnd === '\r';
+
+// The way in for every text from elsewhere. Its first line tells how the others end.
+export function textFile(name: string, written: string, noted?: unknown): TextFile {
+    const lineEnd = isForeign(noted) ? noted : /\r\n?|\n/.exec(written)?.[0];
+    const text = written.replace(/\r\n?/g, '\n');
+    return isForeign(lineEnd) ? { name, text, lineEnd } : { name, text };
+}
+
+// The text as its file has it.
+export const writtenText = ({ text, lineEnd }: TextFile): string =>
+    lineEnd ? text.replaceAll('\n', lineEnd) : text;
+
 export const isOrchestra = (name: string): boolean => name.endsWith(ORCHESTRA_SUFFIX);
 
 export const orchestraOf = (piece: Piece): TextFile | undefined =>
@@ -27,19 +46,24 @@ export const orchestraOf = (piece: Piece): TextFile | undefined =>
 export const fileOf = (piece: Piece, name: string): TextFile | undefined =>
     piece.files.find((file) => file.name === name);
 
+function sourcesBy(read: (file: TextFile) => string, { files }: Piece): Record<string, string> {
+    const sources = files.filter(({ name }) => !isOrchestra(name));
+    return Object.fromEntries(sources.map((file) => [file.name, read(file)]));
+}
+
 // The texts that the engine may read.
-export const sourcesOf = (piece: Piece): Record<string, string> =>
-    Object.fromEntries(
-        piece.files.filter((file) => !isOrchestra(file.name)).map(({ name, text }) => [name, text]),
-    );
+export const sourcesOf = (piece: Piece): Record<string, string> => sourcesBy(({ text }) => text, piece);
+
+// The same as their files have them, for what is to have the same bytes as it has anywhere else.
+export const writtenSourcesOf = (piece: Piece): Record<string, string> => sourcesBy(writtenText, piece);
 
 export function withText(piece: Piece, name: string, text: string): Piece {
-    return { ...piece, files: piece.files.map((file) => (file.name === name ? { name, text } : file)) };
+    return { ...piece, files: piece.files.map((file) => (file.name === name ? { ...file, text } : file)) };
 }
 
 export function withFile(piece: Piece, file: TextFile): Piece {
     return fileOf(piece, file.name)
-        ? withText(piece, file.name, file.text)
+        ? { ...piece, files: piece.files.map((one) => (one.name === file.name ? file : one)) }
         : { ...piece, files: [...piece.files, file] };
 }
 
@@ -67,7 +91,7 @@ export function toPiece(value: unknown): Piece | undefined {
 
 function toFile(value: unknown): TextFile | undefined {
     if (typeof value !== 'object' || value === null) return undefined;
-    const { name, text } = value as { name?: unknown; text?: unknown };
+    const { name, text, lineEnd } = value as { name?: unknown; text?: unknown; lineEnd?: unknown };
     const isNamed = typeof name === 'string' && name !== '' && name.length <= 200;
-    return isNamed && typeof text === 'string' ? { name, text } : undefined;
+    return isNamed && typeof text === 'string' ? textFile(name, text, lineEnd) : undefined;
 }

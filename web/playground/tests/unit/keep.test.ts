@@ -57,6 +57,10 @@ describe('what is kept', () => {
         openPiece(store, { title: 'other', files: [{ name: 'other.vorn', text: '' }] });
         expect(store.state.seedIsLocked).toBe(false);
     });
+    it('has the lines of the editor, however old it is', async () => {
+        stores.get('vorn-playground-history')?.set(1, { ...written('a\r\nb', 'a'), id: 1, reason: 'x' });
+        expect(await texts()).toEqual(['a\nb']);
+    });
     it('is there when it was written before windows had names', async () => {
         const { time, piece, keptSeeds } = written('old', '');
         stores.get('vorn-playground')?.set('current', { time, piece, keptSeeds });

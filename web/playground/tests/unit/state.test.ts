@@ -3,8 +3,13 @@ import {
     isSamePiece,
     orchestraOf,
     sourcesOf,
+    textFile,
+    toPiece,
     withFile,
     withoutFile,
+    withText,
+    writtenSourcesOf,
+    writtenText,
     type Piece,
 } from '../../src/state/piece';
 import { createStore } from '../../src/state/store';
@@ -33,6 +38,30 @@ describe('a piece', () => {
     it('is the same piece when names and texts are', () => {
         expect(isSamePiece(piece, { ...piece, files: piece.files.map((file) => ({ ...file })) })).toBe(true);
         expect(isSamePiece(piece, withFile(piece, { name: 'x.inc', text: 'four' }))).toBe(false);
+    });
+});
+
+describe('a text from elsewhere', () => {
+    it.each([
+        ['a\r\nb\r\n', 'a\nb\n', 'c\r\n'],
+        ['a\rb\r', 'a\nb\n', 'c\r'],
+        ['a\nb\n', 'a\nb\n', 'c\n'],
+        ['a', 'a', 'c\n'],
+        ['a\nb\r\n', 'a\nb\n', 'c\n'],
+    ])('%j has the lines that the editor has, and its own when it is written', (written, text, changed) => {
+        const file = textFile('x.inc', written);
+        expect(file.text).toBe(text);
+        const edited = withText({ title: 'x', files: [file] }, 'x.inc', 'c\n').files[0];
+        expect(edited && writtenText(edited)).toBe(changed);
+    });
+    it('keeps what its lines ended with when it is stored and read again', () => {
+        const [file] = toPiece({ title: 'x', files: [{ name: 'x.vorn', text: 'a\r\nb\r\n' }] })?.files ?? [];
+        const again = toPiece(JSON.parse(JSON.stringify({ title: 'x', files: [file] })));
+        expect(again?.files).toEqual([{ name: 'x.vorn', text: 'a\nb\n', lineEnd: '\r\n' }]);
+        expect(again && [sourcesOf(again), writtenSourcesOf(again)]).toEqual([
+            { 'x.vorn': 'a\nb\n' },
+            { 'x.vorn': 'a\r\nb\r\n' },
+        ]);
     });
 });
 
