@@ -1,6 +1,6 @@
 // The buttons at the right of the bar, and the keys that do the same.
 import type { VornClient } from 'vorn-wasm';
-import { editsOf } from '../editor/mistakes';
+import { cure } from '../editor/mistakes';
 import type { Editor } from '../editor/editor';
 import { Downloads } from '../files/downloads';
 import { chooseFiles } from '../files/open';
@@ -16,6 +16,7 @@ import { find } from '../ui/dom';
 import { iconButton, wordButton } from '../ui/icons';
 import { attachMenu, type MenuEntry } from '../ui/menu';
 import { notice } from '../ui/notices';
+import { goToProblems } from '../ui/problems';
 import { secondsAtCursor, togglePlaying } from '../ui/transport';
 import { nextTheme } from './desk';
 
@@ -55,23 +56,24 @@ function mend({ store, editor }: Tools): void {
     const fixes = (result?.diagnostics ?? []).filter(({ fix, place }) => fix && place?.file === cursor.file);
     const distance = (from = 0): number => Math.abs(from - cursor.offset);
     const [nearest] = fixes.sort((a, b) => distance(a.place?.from) - distance(b.place?.from));
-    if (nearest?.fix) editor.apply(editsOf(nearest.fix));
+    if (nearest?.fix) cure(store, editor, nearest.fix);
     else notice('Nothing here has a certain cure.');
 }
 
 function listenToKeys(tools: Tools): void {
     const { store, sounding } = tools;
     const actions: Record<string, () => void> = {
-        Enter: () => togglePlaying(store, sounding),
-        'shift Enter': () => void sounding.play(secondsAtCursor(store)),
+        enter: () => togglePlaying(store, sounding),
+        'shift enter': () => void sounding.play(secondsAtCursor(store)),
         s: () => share(tools),
         '.': () => mend(tools),
+        'shift m': () => goToProblems(store),
     };
     addEventListener(
         'keydown',
         (event) => {
             if (!(event.ctrlKey || event.metaKey) || event.altKey) return;
-            const action = actions[(event.shiftKey ? 'shift ' : '') + event.key];
+            const action = actions[(event.shiftKey ? 'shift ' : '') + event.key.toLowerCase()];
             if (!action) return;
             event.preventDefault();
             event.stopPropagation();

@@ -9,7 +9,7 @@ import {
 } from '@codemirror/autocomplete';
 import { defaultKeymap, history, historyKeymap, indentWithTab } from '@codemirror/commands';
 import { bracketMatching, foldGutter, foldKeymap, indentUnit } from '@codemirror/language';
-import { lintGutter, lintKeymap } from '@codemirror/lint';
+import { lintGutter, nextDiagnostic } from '@codemirror/lint';
 import { highlightSelectionMatches, searchKeymap } from '@codemirror/search';
 import { EditorState, type Extension } from '@codemirror/state';
 import {
@@ -43,9 +43,24 @@ const keys = keymap.of([
     ...historyKeymap,
     ...foldKeymap,
     ...completionKeymap,
-    ...lintKeymap,
+    // The page lists the mistakes itself (ui/problems.ts), so the editor's own list is left out.
+    { key: 'F8', run: nextDiagnostic },
     indentWithTab,
 ]);
+
+// The words of the editor's own panels, as the page writes its own.
+const phrases = EditorState.phrases.of({
+    next: 'Next',
+    previous: 'Previous',
+    all: 'All',
+    'match case': 'Match case',
+    regexp: 'Regular expression',
+    'by word': 'Whole words',
+    replace: 'Replace',
+    'replace all': 'Replace all',
+    close: 'Close',
+    go: 'Go',
+});
 
 // The rules of the editor are let in by this word (tools/content_security.ts).
 const NONCE = 'editor';
@@ -66,6 +81,7 @@ const common: Extension = [
     highlightSelectionMatches(),
     lintGutter(),
     syntaxColors,
+    phrases,
     keys,
 ];
 

@@ -1,7 +1,7 @@
 // The list of mistakes below the text: what is wrong, what to write, and a button where the cure is certain.
 import type { Diagnostic } from 'vorn-wasm';
 import type { Editor } from '../editor/editor';
-import { allDiagnostics, editsOf, severityName } from '../editor/mistakes';
+import { allDiagnostics, cure, severityName } from '../editor/mistakes';
 import { LONG_DEADLINE, type Computing } from '../engine/computing';
 import type { AppStore } from '../state/app_state';
 import { fileOf } from '../state/piece';
@@ -22,7 +22,7 @@ function showProblem(store: AppStore, editor: Editor, diagnostic: Diagnostic): H
         if (place) editor.reveal(place.file, place.from, place.to);
     };
     const mend = (): void => {
-        if (fix) editor.apply(editsOf(fix));
+        if (fix) cure(store, editor, fix);
         editor.view.focus();
     };
     const times = diagnostic.repeats > 1 ? ` (${diagnostic.repeats} times)` : '';
@@ -104,6 +104,13 @@ class Told {
             speak(words);
         }, PAUSE);
     }
+}
+
+// To the first that can be gone to, or to where the list would be.
+export function goToProblems(store: AppStore): void {
+    store.act('show mistakes', () => ({ page: 'text' }));
+    const place = find('#problems', HTMLElement);
+    (place.querySelector('button') ?? place).focus();
 }
 
 export function showProblems(store: AppStore, editor: Editor, computing: Computing): void {
