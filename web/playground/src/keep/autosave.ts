@@ -4,7 +4,8 @@ import { openPiece, type AppStore, type Seeds } from '../state/app_state';
 import { isSamePiece, type Piece } from '../state/piece';
 import { keep, keepAtOnce, remember, type Kept } from './storage';
 
-const DELAY = 200;
+const DELAY = 200; // milliseconds of a pause
+const LONGEST_DELAY = 1000; // while there is none
 const BETWEEN_MOMENTS = 3 * 60 * 1000;
 
 const WINDOW = `${Date.now()} ${Math.random()}`;
@@ -37,13 +38,17 @@ export function startAutosave(store: AppStore): Autosave {
         lastMoment = Date.now();
         void remember(keptNow(store), reason);
     };
+    let firstChange: number | undefined; // that is not written yet
     const save = (): void => {
+        firstChange = undefined;
         void keep(keptNow(store));
         if (Date.now() - lastMoment > BETWEEN_MOMENTS) rememberNow('while you worked');
     };
     const changed = (): void => {
         clearTimeout(timer);
-        timer = setTimeout(save, DELAY);
+        firstChange ??= Date.now();
+        const left = firstChange + LONGEST_DELAY - Date.now();
+        timer = setTimeout(save, Math.min(DELAY, Math.max(0, left)));
     };
     store.watch((state) => state.piece, changed);
     store.watch((state) => state.keptSeeds, changed);
