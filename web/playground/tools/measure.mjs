@@ -2,11 +2,12 @@
 // is beyond it.
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { readFileSync } from 'node:fs';
+import { readdirSync, readFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { gzipSync } from 'node:zlib';
 import { chromium } from '@playwright/test';
+import { TEXTS } from './hostile.mjs';
 
 const here = dirname(dirname(fileURLToPath(import.meta.url)));
 const dist = join(here, 'dist');
@@ -95,6 +96,53 @@ async function measureKeys(page, what, limit) {
     tell(`key to picture, ${what}, median`, median(await keyToPicture(page, 15)), limit, 'ms');
 }
 
+const loadFiles = (page, files) => page.evaluate((texts) => window.vornPlayground.load(texts), files);
+
+// The texts of an example as the gallery has them: the score first.
+function exampleFiles(folder) {
+    const names = readdirSync(folder).filter((name) => /\.(vorn|orc|inc)$/.test(name));
+    const sorted = names.sort((a, b) => Number(b.endsWith('.vorn')) - Number(a.endsWith('.vorn')));
+    return Object.fromEntries(sorted.map((name) => [name, readFileSync(join(folder, name), 'utf8')]));
+}
+
+async function measureExamples(page) {
+    const place = join(here, '../../examples');
+    for (const { name } of readdirSync(place, { withFileTypes: true }).filter((one) => one.isDirectory())) {
+        await loadFiles(page, exampleFiles(join(place, name)));
+        await measureKeys(page, name, 30);
+    }
+}
+
+const UNTIL_STOPPED = 2500; // milliseconds, in which the engine is ended and begun anew
+
+// The longest time between two frames while a piece is loaded, computed and drawn, or stopped.
+const longestSilence = (page, files) =>
+    page.evaluate(
+        async ([texts, least]) => {
+            const frame = () => new Promise((resolve) => requestAnimationFrame(resolve));
+            const begin = await frame();
+            let before = begin;
+            let longest = 0;
+            void window.vornPlayground.load(texts);
+            while (before - begin < least) {
+                const now = await frame();
+                longest = Math.max(longest, now - before);
+                before = now;
+            }
+            return longest;
+        },
+        [files, UNTIL_STOPPED],
+    );
+
+async function measureHostile(page) {
+    const five = { '5 MB of blocks': { 'a.vorn': 'i1 = 4 0 4 { p2 1 p3 1 p4 60 }\n'.repeat(5e6 / 31) } };
+    const line = { '5 MB in a line': { 'a.vorn': '1 '.repeat(2.5e6) } };
+    for (const [name, files] of Object.entries({ ...TEXTS, ...five, ...line })) {
+        tell(`no answer while it has ${name}`, await longestSilence(page, files), 2000, 'ms');
+        await loadFiles(page, { 'a.vorn': '' });
+    }
+}
+
 async function begin(browser, address, onRequest = () => undefined) {
     const page = await browser.newPage({ viewport: { width: 1440, height: 900 } });
     page.context().on('request', onRequest); // those of Workers, too
@@ -149,8 +197,8 @@ try {
     }
     tell('begun, computed and drawn, median', median(times), 1000, 'ms');
     const { page } = await begin(browser, address);
-    await measureKeys(page, 'the first example', 30);
-    await page.evaluate((text) => window.vornPlayground.load({ 'many.vorn': text }), many);
+    await measureExamples(page);
+    await loadFiles(page, { 'many.vorn': many });
     const drawing = await page.evaluate(() => window.vornPlayground.measureDrawing(20));
     tell('a picture of 100,000 events, median', median(drawing), 16.7, 'ms');
     tell(
@@ -161,14 +209,12 @@ try {
     );
     await moving(page, { deltaY: -20 }); // half of them, to have room to pan
     tell('a frame while they are panned, median', median(await moving(page, { deltaX: 12 })), 17.5, 'ms');
-    await page.evaluate(
-        (text) => window.vornPlayground.load({ 'long.vorn': text }),
-        many.replace('p3 1', 'p3 50'),
-    );
+    await loadFiles(page, { 'long.vorn': many.replace('p3 1', 'p3 50') });
     const long = await page.evaluate(() => window.vornPlayground.measureDrawing(20));
     tell('a picture of 100,000 events that reach over each other, median', median(long), 33.3, 'ms');
-    await page.evaluate((text) => window.vornPlayground.load({ 'many.vorn': text }), many);
+    await loadFiles(page, { 'many.vorn': many });
     await measureKeys(page, '100,000 events', 150);
+    await measureHostile(page);
     await measureMemory(page);
 } finally {
     await browser.close();
