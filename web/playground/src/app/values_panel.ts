@@ -41,10 +41,13 @@ function drawBars(canvas: HTMLCanvasElement, histogram: Histogram, binCount: num
     paper.fillText(shortNumber(histogram.high), width, height - 3);
 }
 
-const inWords = (field: string, { total, low, high, mean }: Histogram): string =>
-    total === 0
-        ? `${field} has no values.`
-        : `${total.toLocaleString('en')} values, from ${shortNumber(low)} to ${shortNumber(high)}, on average ${shortNumber(mean)}`;
+export function inWords(field: string, { total, low, high, mean }: Histogram): string {
+    if (total === 0) return `${field} has no values.`;
+    if (total === 1) return `1 value: ${shortNumber(low)}`;
+    const count = `${total.toLocaleString('en')} values`;
+    if (low === high) return `${count}, all ${shortNumber(low)}`;
+    return `${count}, from ${shortNumber(low)} to ${shortNumber(high)}, on average ${shortNumber(mean)}`;
+}
 
 class ValuesView {
     private readonly choice = make('select', { 'aria-label': 'Field' });

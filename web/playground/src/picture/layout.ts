@@ -39,6 +39,7 @@ const STROKES = 24;
 const LANE = 46;
 const MOST_SPARE = 90; // that a lane may be higher
 const LEAST_ROLL = 150;
+const LEAST_SHORT_ROLL = 90; // in a sight that would cut the other
 const GAP = 10;
 
 export const isNarrow = (width: number): boolean => width < 480;
@@ -71,6 +72,10 @@ function keyRange(keys: Range | null): Range {
     return { low: Math.floor(keys.low) - room, high: Math.ceil(keys.high) + room };
 }
 
+// All that what stands below it leaves; where that is too little, what stands below goes out of sight first.
+const rollHeight = (room: number, below: number): number =>
+    Math.max(LEAST_SHORT_ROLL, Math.min(room, LEAST_ROLL), room - below);
+
 class Stack {
     at = 0;
     take(height: number, gap = GAP): Band {
@@ -91,7 +96,7 @@ export function layOut(scene: Scene, hidden: ReadonlySet<number>, width: number,
     const bracketBand = stack.take(rowCount * BRACKET);
     const below = strokes.length * STROKES + scene.fields.length * (LANE + GAP) + GAP;
     const hasRoll = shown.some(isPitched);
-    const roll = hasRoll ? stack.take(Math.max(LEAST_ROLL, height - stack.at - below - GAP)) : null;
+    const roll = hasRoll ? stack.take(rollHeight(height - stack.at - GAP, below)) : null;
     const strokeBands = new Map(strokes.map(({ number }) => [number, stack.take(STROKES, 0)]));
     if (strokes.length > 0) stack.at += GAP;
     // Without a roll the lanes share its place.

@@ -62,7 +62,13 @@ export const sliderEdit = (slider: Slider, value: number): Edit => ({
     insert: sliderText(slider, value),
 });
 
+const MOST_ROWS = 100; // more are out of reach of a hand, and slow
 const HINT = 'Write a range behind a constant, as in “#const DENSITY 4 ; 1..20”, and it can be moved here.';
+
+const wordsBelow = (count: number): string => {
+    if (count === 0) return HINT;
+    return count > MOST_ROWS ? `These are the first ${MOST_ROWS} of ${count.toLocaleString('en')}.` : '';
+};
 
 interface Row {
     readonly box: HTMLElement;
@@ -107,9 +113,11 @@ class SlidersView {
     }
 
     private rebuild(sliders: readonly Slider[]): void {
-        this.rows = new Map(sliders.map((slider) => [slider.name, this.listen(slider, makeRow(slider))]));
+        const shown = sliders.slice(0, MOST_ROWS);
+        this.rows = new Map(shown.map((slider) => [slider.name, this.listen(slider, makeRow(slider))]));
         const boxes = [...this.rows.values()].map(({ box }) => box);
-        this.place.replaceChildren(...(boxes.length > 0 ? boxes : [make('p', { class: 'muted' }, HINT)]));
+        const words = wordsBelow(sliders.length);
+        this.place.replaceChildren(...boxes, ...(words ? [make('p', { class: 'muted' }, words)] : []));
     }
 
     private listen(slider: Slider, row: Row): Row {

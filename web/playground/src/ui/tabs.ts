@@ -111,7 +111,12 @@ export function showTabs(store: AppStore): void {
     list.addEventListener('keydown', (event) => walk(list, event));
 
     const names = (): string[] => store.state.piece.files.map((file) => file.name);
-    const draw = (): void => list.replaceChildren(...names().map((name) => makeTab(store, name)));
+    const draw = (): void => {
+        const place = list.scrollLeft;
+        list.replaceChildren(...names().map((name) => makeTab(store, name)));
+        list.scrollLeft = place;
+        list.querySelector('[aria-selected=true]')?.scrollIntoView({ block: 'nearest', inline: 'nearest' });
+    };
     store.watch(() => names().join('\n'), draw);
     store.watch((state) => state.activeFile, draw);
     draw();

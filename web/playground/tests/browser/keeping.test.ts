@@ -52,6 +52,34 @@ test('files are dropped', async ({ playground: page }) => {
     expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
 });
 
+test('a file with the line ends of Windows is shown, mended and written as it is', async ({
+    playground: page,
+}) => {
+    const broken = `; one\n\n#const X 4 ; 1..20\n${SCORE.replace('c4 e4', 'c4 bb4 e4')}`.replaceAll(
+        '\n',
+        '\r\n',
+    );
+    const data = await page.evaluateHandle((text) => {
+        const transfer = new DataTransfer();
+        transfer.items.add(new File([text], 'windows.vorn'));
+        return transfer;
+    }, broken);
+    await page.dispatchEvent('#stage', 'drop', { dataTransfer: data });
+    await expect(page.locator('.problem')).toHaveCount(1);
+    await expect(page.locator('.cm-lintRange')).toHaveText('bb4');
+    await page.locator('.problem .word-button').click();
+    const mended = broken.replace('bb4', 'bf4');
+    expect(await textOf(page, 'windows.vorn')).toBe(mended.replaceAll('\r\n', '\n'));
+    await page.getByRole('tab', { name: 'Sliders' }).click();
+    await page.getByRole('slider', { name: 'X' }).fill('15');
+    await expect.poll(() => textOf(page, 'windows.vorn')).toContain('#const X 15 ; 1..20\n');
+    const waiting = page.waitForEvent('download');
+    await page.getByRole('button', { name: 'Download' }).click();
+    await page.getByRole('menuitem', { name: 'windows.vorn' }).click();
+    const path = await (await waiting).path();
+    expect(readFileSync(path, 'utf8')).toBe(mended.replace('X 4', 'X 15'));
+});
+
 for (const [suffix, begin] of [
     ['.sco', ';I-block #1 (i1):'],
     ['.csd', '<CsoundSynthesizer>'],

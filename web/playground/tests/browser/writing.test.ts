@@ -49,6 +49,28 @@ test('the last picture stays, faint, while the score has a mistake', async ({ pl
     await expect(page.locator('#desk')).toHaveClass(/is-stale/);
 });
 
+test('files may be added however many there are', async ({ playground: page }) => {
+    const includes = Array.from({ length: 60 }, (_, index) => [`part${index}.inc`, '; part'] as const);
+    await load(page, { 'piece.vorn': SCORE, ...Object.fromEntries(includes) });
+    const add = page.getByRole('button', { name: 'Add a file or take one out' });
+    await expect(add).toBeInViewport({ ratio: 1 });
+    await page.setViewportSize({ width: 800, height: 800 });
+    await expect(add).toBeInViewport({ ratio: 1 });
+    await page.getByRole('tab', { name: 'piece.vorn' }).focus();
+    await page.keyboard.press('ArrowLeft');
+    await expect(page.getByRole('tab', { name: 'part59.inc' })).toBeInViewport({ ratio: 0.9 });
+});
+
+test('of thousands of sliders those are shown that a hand can reach', async ({ playground: page }) => {
+    const constants = Array.from({ length: 3000 }, (_, index) => `#const X${index} 4 ; 1..20\n`);
+    await page.getByRole('tab', { name: 'Sliders' }).click();
+    await load(page, constants.join('') + SCORE);
+    await expect(page.locator('.slider')).toHaveCount(100);
+    await expect(page.getByRole('tabpanel')).toContainText('the first 100 of 3,000');
+    await page.getByRole('slider', { name: 'X7', exact: true }).fill('15');
+    await expect.poll(() => textOf(page)).toContain('#const X7 15 ; 1..20\n');
+});
+
 test('an include is a tab of its own', async ({ playground: page }) => {
     await load(page, `#include |notes.inc|\n${SCORE.replace('c4 e4 g4 c5', '$NOTES')}`);
     expect((await facts(page)).status).toBe(1);

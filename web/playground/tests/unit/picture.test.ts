@@ -1,5 +1,6 @@
 import { readFileSync } from 'node:fs';
 import { describe, expect, it } from 'vitest';
+import { inWords } from '../../src/app/values_panel';
 import { rangeNumbers } from '../../src/picture/backdrop';
 import { eventLines, keyName } from '../../src/picture/event_text';
 import { shadeOf } from '../../src/picture/events';
@@ -78,6 +79,12 @@ describe('a layout', () => {
     it('puts strokes of an instrument without pitch below the roll', () => {
         const strokes = layout.strokes.get(7);
         expect(strokes?.top).toBeGreaterThan((layout.roll?.top ?? 0) + (layout.roll?.height ?? 0));
+    });
+    it('lets the roll end within a short sight, and the lanes go out of it', () => {
+        const { roll, lanes } = layOut(scene, none, 390, 200);
+        expect((roll?.top ?? 0) + (roll?.height ?? 0)).toBeLessThanOrEqual(200);
+        expect(roll?.height).toBeGreaterThanOrEqual(90);
+        expect(lanes.at(-1)?.top).toBeGreaterThan(200);
     });
     it('finds the event under the pointer, and no rest', () => {
         const roll = layout.roll ?? { top: 0, height: 0 };
@@ -227,6 +234,17 @@ describe('a histogram', () => {
         const histogram = makeHistogram(result, 'P5', 4);
         expect([histogram.low, histogram.high, histogram.total, histogram.mean]).toEqual([10, 30, 3, 20]);
         expect(binTotals(histogram, 4)).toEqual([1, 0, 1, 1]);
+    });
+    it('is told in words that fit their number', () => {
+        const of = (values: readonly number[]) => {
+            const notes = values.map((value, start) => ({ start, duration: 1, values: [value] }));
+            return inWords('P4', makeHistogram(makeResult([makeBlock(1, notes)]), 'P4', 4));
+        };
+        expect([[0.3], [2, 2], [1, 3]].map(of)).toEqual([
+            '1 value: 0.3',
+            '2 values, all 2',
+            '2 values, from 1 to 3, on average 2',
+        ]);
     });
     it('takes no rests for durations', () => {
         expect(makeHistogram(result, 'duration', 4).total).toBe(3);
