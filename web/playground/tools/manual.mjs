@@ -12,6 +12,7 @@ const FIRST = [
     'recipes.md',
     'messages.md',
     'csound.md',
+    'windows.md',
     'glossary.md',
 ];
 

@@ -1,6 +1,6 @@
 // What the browser keeps for the composer: the piece at hand, and a history of older states. The piece is
 // written a moment after each change; when the page is left it is written at once, in the only way that
-// is over before the page is, which holds less.
+// is over before the page is, which holds less; a longer piece is handed over to be written behind it.
 import { createStore, del, entries, get, set, type UseStore } from 'idb-keyval';
 import { isSamePiece, toPiece, type Piece } from '../state/piece';
 import type { KeptSeed, Seeds } from '../state/app_state';
@@ -70,11 +70,19 @@ export async function keep(kept: Kept): Promise<void> {
     await attempt(() => set(CURRENT, kept, pieceStore()));
 }
 
+// What has been committed is written though the page is gone.
+const handOver = (kept: Kept): Promise<void> =>
+    pieceStore()('readwrite', (store) => {
+        store.put(kept, CURRENT);
+        store.transaction.commit();
+    });
+
 export function keepAtOnce(kept: Kept): void {
     try {
         localStorage.setItem(LAST_BREATH, JSON.stringify(kept));
     } catch {
         localStorage.removeItem(LAST_BREATH);
+        void attempt(() => handOver(kept));
     }
 }
 

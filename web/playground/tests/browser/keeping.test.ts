@@ -30,6 +30,17 @@ test('nothing is lost by a reload', async ({ playground: page }) => {
     expect(await textOf(page)).toBe(SCORE + '; the last word\n');
 });
 
+test('nor of a piece that is longer than a browser writes at once', async ({ playground: page }) => {
+    await load(page, SCORE + `; ${'long '.repeat(20)}\n`.repeat(60_000));
+    await page.waitForTimeout(1500); // it has been kept
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+Home');
+    await page.keyboard.insertText('; the last word\n');
+    await page.reload();
+    await ready(page);
+    expect((await textOf(page))?.slice(0, 16)).toBe('; the last word\n');
+});
+
 test('what was replaced is in the history', async ({ playground: page }) => {
     await load(page, SCORE + '; mine\n');
     await load(page, SCORE);

@@ -29,6 +29,11 @@ describe('a score of the manual', () => {
     it('stands alone when it names nothing', () => {
         expect(namesOf('i1 = 4 0 4 {}\n')).toEqual(['manual.vorn']);
     });
+    it('has links to the pages that readers on Windows want', () => {
+        const docs = fileURLToPath(new URL('../../../../docs', import.meta.url));
+        const lesson = manualPages(docs).find(({ id }) => id === 'tutorial/01-one-note.md');
+        expect(lesson?.html).toContain('data-page="windows.md" data-anchor="manual-the-tutorial"');
+    });
     it('finds every file that it includes', () => {
         const docs = fileURLToPath(new URL('../../../../docs', import.meta.url));
         const recipes = manualPages(docs).find(({ id }) => id === 'recipes.md');
