@@ -62,8 +62,9 @@ export const timeStep = (least: number): number =>
     least <= 0.5 ? roundStep(least) : (MINUTE_STEPS.find((step) => step >= least) ?? roundStep(least));
 
 export function timeText(seconds: number, step = 1): string {
-    const minutes = Math.floor(seconds / 60 + 1e-9);
     const digits = step >= 1 ? 0 : Math.min(3, Math.ceil(-Math.log10(step) - 1e-9));
-    const rest = Math.max(0, seconds - minutes * 60).toFixed(digits);
+    const rounded = Number(seconds.toFixed(digits)); // 59.7 is 1:00, not 0:60
+    const minutes = Math.floor(rounded / 60);
+    const rest = Math.max(0, rounded - minutes * 60).toFixed(digits);
     return `${minutes}:${rest.padStart(digits > 0 ? digits + 3 : 2, '0')}`;
 }

@@ -150,6 +150,9 @@ describe('a span', () => {
     ])('%d seconds in steps of %d read %s', (seconds, step, text) => {
         expect(timeText(step >= 1 ? Math.floor(seconds) : seconds, step)).toBe(text);
     });
+    it('turns to the next minute where it is rounded', () => {
+        expect([timeText(59.7), timeText(119.99, 0.5), timeText(59.4)]).toEqual(['1:00', '2:00.0', '0:59']);
+    });
 });
 
 describe('marks', () => {
