@@ -17,7 +17,7 @@ import CsoundWorker from '../sound/csound/worker?worker&inline';
 import { Player } from '../sound/player';
 import { Renderer, Rendering } from '../sound/rendering';
 import { timeText } from '../picture/span';
-import { make } from '../ui/dom';
+import { make, prose } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
 import { compiledWithIncludes, fetchedText, namedTexts, ownText, type Texts } from './score_files';
@@ -28,9 +28,10 @@ const CSOUND = new URL('csound.wasm.z', import.meta.url).href;
 
 const countAll = ({ blocks }: Result): number => blocks.reduce((sum, block) => sum + countEvents(block), 0);
 
-function mistakeWords({ text, place, advice }: Diagnostic, main: string): string {
-    const file = place && place.file !== main ? `${place.file}, line` : 'Line';
-    return [`${file} ${place?.line ?? '?'}: ${text}.`, ...advice].join(' ').replaceAll('`', '');
+function mistakeWords({ text, place, advice }: Diagnostic, main: string): (string | Node)[] {
+    const line = place && place.file !== main ? `${place.file}, line` : 'Line';
+    const words = place ? `${line} ${place.line}: ${text}` : text;
+    return [words, ...advice.map((one) => make('span', { class: 'advice' }, ...prose(one)))];
 }
 
 class VornScore extends HTMLElement {
@@ -136,9 +137,10 @@ class VornScore extends HTMLElement {
         const events = countAll(result);
         this.button.disabled = result.status !== 0;
         this.words.classList.toggle('trouble', mistake !== undefined);
-        this.words.textContent = mistake
+        const told = mistake
             ? mistakeWords(mistake, Object.keys(texts)[0] ?? '')
-            : `${events} events, ${timeText(result.seconds)}`;
+            : [`${events} events, ${timeText(result.seconds)}`];
+        this.words.replaceChildren(...told);
         this.stage.hidden = events === 0;
         this.picture?.show(result);
     }

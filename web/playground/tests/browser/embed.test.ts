@@ -49,6 +49,7 @@ test('a score in a page tells its mistake in place of a picture', async ({ page 
     await host(page, `<vorn-score>${SCORE.replace('c4 e4', 'h9')}</vorn-score>`);
     const score = page.locator('vorn-score');
     await expect(score.locator('.trouble')).toContainText('Line 4');
+    await expect(score.locator('.advice')).toHaveText('the note below c is b: write b9');
     await expect(score.locator('.stage')).toBeHidden();
     expect((await score.boundingBox())?.height).toBeLessThan(120);
     await score.evaluate((element, text) => element.setAttribute('src', `data:text/plain,${text}`), SCORE);
