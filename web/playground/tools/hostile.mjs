@@ -24,6 +24,11 @@ export const TEXTS = {
     'a time beyond counting': {
         'a.vorn': 'i1 = 4, 0, -4 {\np2 9999999999999999999999999\np3 1\np4(hz) 60 62\n}\n',
     },
+    'ten thousand instruments': {
+        'a.vorn': Array.from({ length: 10_000 }, (_, at) => `i${at + 1} = 4 0 4 { p2 1 p3 1 p4 60 }\n`).join(
+            '',
+        ),
+    },
     '64 KB of emoji': { 'a.vorn': '😀🎵🎹🥁'.repeat(4096) },
     'markup everywhere': { [`${MARKUP.replaceAll('/', '')}.vorn`]: `${MARKUP}\n#include |${MARKUP}|\n` },
     'control characters': { 'a.vorn': '\u0000\u0007\u001b[31m\u202e i1 = \u2028\u2029\r\r\n' },

@@ -50,6 +50,8 @@ function chooseEvent(editor: Editor, { of }: Hit): void {
     if (header) editor.reveal(header.file, header.from, header.to);
 }
 
+const MOST_CHIPS = 60; // of instruments that can be hidden
+
 function showLegend(store: AppStore, picture: Picture): void {
     const legend = find('.legend', HTMLElement);
     const toggle = (number: number): void =>
@@ -60,7 +62,7 @@ function showLegend(store: AppStore, picture: Picture): void {
         });
     const draw = (): void => {
         const instruments = picture.scene?.instruments ?? [];
-        const chips = instruments.map(({ number, rank, events }) => {
+        const chips: Node[] = instruments.slice(0, MOST_CHIPS).map(({ number, rank, events }) => {
             const isShown = !store.state.hiddenInstruments.has(number);
             const title = `Instrument ${number}: ${events} events. Shows or hides it.`;
             const chip = make(
@@ -77,6 +79,8 @@ function showLegend(store: AppStore, picture: Picture): void {
             chip.style.setProperty('--data', hex(colorOf(tonesNow(), rank)));
             return chip;
         });
+        const more = instruments.length - MOST_CHIPS;
+        if (more > 0) chips.push(make('span', { class: 'muted' }, `and ${more.toLocaleString('en')} more`));
         legend.replaceChildren(...chips);
     };
     store.watch((state) => state.goodResult, draw);

@@ -27,6 +27,7 @@ function drawBars(canvas: HTMLCanvasElement, histogram: Histogram, binCount: num
     for (const { rank, bins } of histogram.counts) {
         paper.fillStyle = hex(mixed(colorOf(tones, rank), tones.paper, 0.87));
         bins.forEach((count, bin) => {
+            if (count === 0) return;
             const tall = (count / most) * (base - 4);
             paper.fillRect(bin * step + 1, base - (heights[bin] ?? 0) - tall, step - 2, tall);
             heights[bin] = (heights[bin] ?? 0) + tall;

@@ -60,9 +60,8 @@ function bracketRows(blocks: readonly SceneBlock[]): { of: SceneBlock; row: numb
 const isPitched = ({ block }: SceneBlock): boolean => block.events.keys.length > 0;
 
 function strokeInstruments(scene: Scene, shown: readonly SceneBlock[]): SceneInstrument[] {
-    return scene.instruments.filter(({ rank }) =>
-        shown.some((block) => block.rank === rank && !isPitched(block)),
-    );
+    const ranks = new Set(shown.filter((block) => !isPitched(block)).map(({ rank }) => rank));
+    return scene.instruments.filter(({ rank }) => ranks.has(rank));
 }
 
 // Room above and below the outermost keys, which also keeps those apart that are too high to be counted.

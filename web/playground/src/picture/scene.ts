@@ -98,11 +98,14 @@ export function countEvents(block: Block): number {
 }
 
 function instrumentsOf(blocks: readonly Block[], ranks: Map<number, number>): SceneInstrument[] {
-    return [...ranks].map(([number, rank]) => {
-        const own = blocks.filter((block) => block.instrument === number);
-        const events = own.reduce((sum, block) => sum + countEvents(block), 0);
-        return { number, rank, events, hasPitch: own.some((block) => block.events.keys.length > 0) };
-    });
+    const all = [...ranks].map(([number, rank]) => ({ number, rank, events: 0, hasPitch: false }));
+    for (const block of blocks) {
+        const own = all[ranks.get(block.instrument) ?? -1];
+        if (!own) continue;
+        own.events += countEvents(block);
+        own.hasPitch ||= block.events.keys.length > 0;
+    }
+    return all;
 }
 
 function common(blocks: readonly Block[], column: (block: Block) => Float32Array): Range {
@@ -113,12 +116,13 @@ function common(blocks: readonly Block[], column: (block: Block) => Float32Array
 
 export function makeScene(result: Result): Scene {
     const ranks = ranksOf(result.blocks);
+    const places = new Map(result.blocks.map((block, index) => [block, index]));
     const shown = result.blocks.filter((block) => !block.isSkipped && block.events.size > 0);
     const keys = common(shown, (block) => block.events.keys);
     const levels = common(shown, (block) => block.events.levels);
     return {
         blocks: shown.map((block) => ({
-            index: result.blocks.indexOf(block),
+            index: places.get(block) ?? -1,
             block,
             rank: ranks.get(block.instrument) ?? 0,
             longest: longestOf(block.events.duration),

@@ -53,6 +53,19 @@ describe('a scene', () => {
             [5, 10, 30],
         ]);
     });
+    it('looks at each block a few times, however many instruments there are', () => {
+        let looks = 0;
+        const blocks = Array.from({ length: 500 }, (_, index) =>
+            Object.defineProperty(makeBlock(index, [{ start: 0, duration: 1, values: [1] }]), 'instrument', {
+                get: () => ((looks += 1), index),
+            }),
+        );
+        const many = makeScene(makeResult(blocks));
+        expect(many.instruments.map(({ number, events }) => number * events)).toEqual([...blocks.keys()]);
+        expect(many.blocks.map(({ index }) => index)).toEqual([...blocks.keys()]);
+        expect(looks).toBeLessThan(10 * blocks.length);
+        expect(layOut(many, none, 700, 500).strokes.size).toBe(500);
+    });
     it('finds the first start by bisection', () => {
         const starts = Float32Array.of(0, 1, 1, 2);
         expect([-1, 0, 0.5, 1, 1.5, 9].map((time) => firstFrom(starts, time))).toEqual([0, 0, 1, 1, 3, 4]);
