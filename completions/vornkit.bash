@@ -73,7 +73,7 @@ _vornkit() {
     done
     COMPREPLY=()
     if [[ -z $subcommand ]]; then
-        _vornkit_words 'new check explain events midi picture play vary watch words --help'
+        _vornkit_words 'new check explain events midi picture play vary watch words --help --version'
     elif [[ $cur == -* ]]; then
         _vornkit_words "$(_vornkit_options "$subcommand")"
     else

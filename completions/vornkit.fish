@@ -28,6 +28,7 @@ end
 
 complete -c vornkit -f
 complete -c vornkit -s h -l help -d 'Show an example and the options'
+complete -c vornkit -n __fish_use_subcommand -l version -d 'Print the version'
 complete -c vornkit -n __fish_use_subcommand -a new -d 'Begin a piece'
 complete -c vornkit -n __fish_use_subcommand -a check -d 'Tell the mistakes of scores and how to mend them'
 complete -c vornkit -n __fish_use_subcommand -a explain -d 'Tell what the code of a message means'

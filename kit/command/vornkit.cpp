@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "driver/banner.h"
 #include "kit/command/console.h"
 #include "kit/command/interruption.h"
 #include "kit/command/subcommands.h"
@@ -77,6 +78,7 @@ int run_vornkit(int argc, const char* const* argv) {
     Outcome outcome = Outcome::WELL;
     app.formatter(std::make_shared<ExamplesFirst>());
     app.footer("Example: vornkit check piece.vorn");
+    app.set_version_flag("--version", std::string("vornkit ") + VERSION, "Print the version and exit");
     app.require_subcommand(1);
     for (const AddSubcommand add : SUBCOMMANDS) add(app, outcome);
     if (argc > 1 && !is_command_known(app, argv[1])) return static_cast<int>(Outcome::WRONG_USE);

@@ -38,6 +38,7 @@ std::string with_article(const std::string& name) {
 std::string what_to_do(const ForeignCharacter& found) {
     if (found.instead.empty()) return "leave it out";
     if (found.instead == " ") return "write a blank";
+    if (found.instead == "\n") return "begin a new line";
     return "write `" + found.instead + "`";
 }
 
@@ -60,7 +61,7 @@ bool advise_foreign(Adviser& adviser) {
     if (found.code == 0xFEFF) {
         adviser.help("the file holds " + name + ", which cannot be seen; save it as UTF-8 without one");
     } else if (found.is_blank) {
-        const char* const look = found.instead.empty() ? "seen" : "told from a blank";
+        const char* const look = found.instead == " " ? "told from a blank" : "seen";
         adviser.help("here stands " + name + ", which cannot be " + look + "; " + what_to_do(found));
     } else {
         adviser.help("`" + std::string(adviser.site.of(where)) + "` is " + name + "; " + what_to_do(found));
@@ -80,7 +81,19 @@ bool advise_utf16(Adviser& adviser) {
                  : "the file holds bytes of 0: it is no text, or UTF-16; a score is a text in UTF-8");
 }
 
-constexpr AdviceRow ROWS[] = {{"", advise_foreign}, {"E22", advise_utf16}};
+// All others: where reading stopped, or at the end of the word there.
+bool advise_letter(Adviser& adviser) {
+    for (const std::size_t at : {adviser.site.at, adviser.mark.end}) {
+        const Letter letter = letter_beyond_ascii(adviser.site.text.substr(at, 4));
+        if (letter.code == 0 || !adviser.is_error()) continue;
+        adviser.point_at({at, at + letter.size});
+        return adviser.help("this is " + number_of(letter.code) +
+                            " and not ASCII; only comments and `>` lines may hold it");
+    }
+    return false;
+}
+
+constexpr AdviceRow ROWS[] = {{"", advise_foreign}, {"E22", advise_utf16}, {"", advise_letter}};
 
 }  // namespace
 

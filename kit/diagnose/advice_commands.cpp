@@ -150,18 +150,30 @@ bool advise_long_name(Adviser& adviser) {
     return adviser.help("names have two letters; did you mean " + either(names) + "?");
 }
 
+// Behind the numbers and calls that stand side by side from `at` on.
+std::size_t behind_values(std::string_view text, std::size_t at) {
+    for (std::size_t begin = at; begin < text.size() && text[begin] != '\n';) {
+        const Stretch word = word_at(text, begin);
+        if (word.end == word.begin || is_letter(text[word.begin])) break;
+        at = word.end;
+        begin = std::min(text.find_first_not_of(" \t,", at), text.size());
+    }
+    return at;
+}
+
 bool advise_parentheses(Adviser& adviser) {
     const Stretch name = command_before(adviser);
     if (name.end - name.begin != 2) return false;
     const std::string command(adviser.site.of(name));
     const bool is_equals = adviser.word() == "=";
     const std::size_t value = is_equals ? behind_word(adviser) : adviser.mark.begin;
-    const Stretch number = word_at(adviser.site.text, value);
-    const bool is_number = number.end > number.begin && !is_letter(adviser.site[number.begin]);
-    if (!is_number) return adviser.help("the value of `" + command + "` stands in parentheses");
-    const std::string call = command + "(" + std::string(adviser.site.of(number)) + ")";
-    adviser.edit({name.begin, number.end}, call);
-    return adviser.help("the value stands in parentheses: " + call);
+    const std::size_t end = behind_values(adviser.site.text, value);
+    if (end == value) return adviser.help("the value of `" + command + "` stands in parentheses");
+    const std::string call = command + "(" + std::string(adviser.site.of({value, end})) + ")";
+    adviser.edit({name.begin, end}, call);
+    const bool are_several = end > word_at(adviser.site.text, value).end;
+    return adviser.help(
+        (are_several ? "the values stand in parentheses: " : "the value stands in parentheses: ") + call);
 }
 
 bool advise_tempo_terms(Adviser& adviser) {

@@ -77,11 +77,12 @@ std::string short_number(double value) {
 }
 
 bool advise_weight_sum(Adviser& adviser) {
-    const std::string_view call = adviser.word();
+    std::string call(adviser.word());
+    blank_comments(call);
     const std::size_t open = call.find('(');
-    if (open == std::string_view::npos || open < 2) return false;
+    if (open == std::string::npos || open < 2) return false;
     const std::string name = {to_lower(call[open - 2]), to_lower(call[open - 1])};
-    const Weights weights = weights_of(name, items_of(call.substr(open + 1)));
+    const Weights weights = weights_of(name, items_of(std::string_view(call).substr(open + 1)));
     if (!weights.are_read) return false;
     double sum = 0;
     for (const double weight : weights.values) sum += weight;
@@ -217,7 +218,13 @@ bool advise_letter_before_note(Adviser& adviser, const char* kind) {
 
 bool advise_distribution(Adviser& adviser) { return advise_letter_before_note(adviser, "a distribution"); }
 
-bool advise_curve(Adviser& adviser) { return advise_letter_before_note(adviser, "a curve"); }
+// "c4 c8]" has a bracket that nothing opens.
+bool advise_curve(Adviser& adviser) {
+    const std::size_t sign = adviser.site.text.find_first_of("[])\n", adviser.mark.end);
+    if (adviser.site[sign] != ']') return advise_letter_before_note(adviser, "a curve");
+    adviser.point_at({sign, sign + 1});
+    return adviser.help("a `[` is missing");
+}
 
 bool advise_missing_value(Adviser& adviser) {
     const Items items = items_before(adviser.site);

@@ -134,15 +134,40 @@ bool advise_equals(Adviser& adviser) {
     return adviser.help(std::string("write `=` behind the instrument; ") + HEADER_FORM);
 }
 
+std::vector<std::string> directives() { return {"#const", "#define", "#endif", "#if", "#include", "#undef"}; }
+
 // "include |x|": the "#" is missing, and what begins with "i" is read as a header.
 bool advise_hash(Adviser& adviser) {
-    const std::string_view word = adviser.word();
-    const std::string_view directives[] = {"const", "define", "endif", "if", "include", "undef"};
-    const bool is_directive =
-        std::find(std::begin(directives), std::end(directives), word) != std::end(directives);
+    const std::string word = "#" + std::string(adviser.word());
+    const auto names = directives();
+    const bool is_directive = std::find(names.begin(), names.end(), word) != names.end();
     if (!is_directive || !is_first_on_line(adviser.site.text, adviser.mark.begin)) return false;
     adviser.edit({adviser.mark.begin, adviser.mark.begin}, "#");
-    return adviser.help("write `#" + std::string(word) + "`");
+    return adviser.help("write `" + word + "`");
+}
+
+// "#def A #1#", "#CONST A 1"
+bool advise_directive(Adviser& adviser) {
+    const std::string_view text = adviser.site.text;
+    const Stretch word = word_at(text, next_visible(text, line_around(text, adviser.mark.begin).begin));
+    const std::string name(adviser.site.of(word));
+    if (!name.starts_with('#')) return false;
+    auto names = directives();
+    if (std::find(names.begin(), names.end(), name) != names.end()) return false;
+    names = name == "#def" ? std::vector<std::string>{"#define"} : nearest(name, names);
+    if (names.empty()) return false;
+    adviser.point_at(word);
+    adviser.edit(word, names[0]);
+    return adviser.help("did you mean `" + names[0] + "`?");
+}
+
+// "#if(~A < 1)", of which only the "~A" is read.
+bool advise_condition(Adviser& adviser) {
+    const Site& site = adviser.site;
+    const std::size_t line = line_around(site.text, site.at).begin;
+    const std::string_view before = site.of({std::min(next_visible(site.text, line), site.at), site.at});
+    if (!before.starts_with("#if(") || before.find(')') != std::string_view::npos) return false;
+    return adviser.help("nothing is compared: `#if(~A)` holds unless A is 0");
 }
 
 bool advise_instrument(Adviser& adviser) {
@@ -156,13 +181,16 @@ bool advise_hidden_brace(Adviser& adviser) {
     const Stretch line = line_around(adviser.site.text, adviser.mark.begin);
     const std::string_view text = adviser.site.of(line);
     const std::size_t comment = text.find(';');
-    if (comment == std::string_view::npos || text.find('{', comment) == std::string_view::npos) return false;
+    const std::size_t brace = text.find('{', comment);
+    if (comment == std::string_view::npos || brace == std::string_view::npos) return false;
+    adviser.point_at({line.begin + brace, line.begin + brace + 1});
     return adviser.help("everything behind `;` is a comment, the `{` too; leave the `;` out");
 }
 
 // "-4beats"
 bool advise_unit(Adviser& adviser) {
-    if (adviser.word().empty() || !is_letter(adviser.word().back())) return false;
+    const std::string_view word = adviser.word();
+    if (word.empty() || !is_letter(word.back()) || word[0] == '$') return false;
     return adviser.help("a length has no unit: 4 is a number of beats, -4 one of events");
 }
 
@@ -192,12 +220,13 @@ bool advise_brace(Adviser& adviser) {
     if (word.starts_with('-') && word.find('.') != std::string_view::npos) {
         return adviser.help("a length with a minus is a number of events, and whole");
     }
-    const bool ends_line = next_visible(adviser.site.text, adviser.mark.end) >=
-                           line_around(adviser.site.text, adviser.mark.end).end;
-    if (!ends_line) {
+    const std::size_t behind = adviser.mark.end;
+    std::string rest(adviser.site.of({behind, line_around(adviser.site.text, behind).end}));
+    blank_comments(rest);
+    if (behind_visible(rest, rest.size()) > 0) {
         return adviser.help("there is a number too many before the `{`");
     }
-    adviser.edit({adviser.mark.end, adviser.mark.end}, " {");
+    adviser.edit({behind, behind}, " {");
     return adviser.help("write `{` behind the length");
 }
 
@@ -218,12 +247,14 @@ bool advise_length(Adviser& adviser) {
 }
 
 constexpr AdviceRow ROWS[] = {
-    {"E71", advise_skipped},     {"E44", advise_beyond},        {"E70", advise_duplicate},
-    {"E34", advise_csound_note}, {"E34", advise_equals},        {"E11", advise_hash},
-    {"E22", advise_hash},        {"E11", advise_instrument},    {"E30", advise_hidden_brace},
-    {"E30", advise_unit},        {"E30", advise_other_bracket}, {"E30", advise_fraction},
-    {"E30", advise_brace},       {"E12", advise_start},         {"E120", advise_length},
-    {"E121", advise_length},     {"E13", advise_length},        {"Eblank", advise_no_length},
+    {"E71", advise_skipped},      {"E44", advise_beyond},    {"E70", advise_duplicate},
+    {"E34", advise_csound_note},  {"E34", advise_equals},    {"E11", advise_hash},
+    {"E22", advise_hash},         {"E80", advise_directive}, {"E22", advise_condition},
+    {"E27", advise_condition},    {"E73", advise_condition}, {"E11", advise_instrument},
+    {"E30", advise_hidden_brace}, {"E30", advise_unit},      {"E30", advise_other_bracket},
+    {"E30", advise_fraction},     {"E30", advise_brace},     {"E12", advise_start},
+    {"E120", advise_length},      {"E121", advise_length},   {"E13", advise_length},
+    {"Eblank", advise_no_length},
 };
 
 }  // namespace

@@ -174,7 +174,18 @@ bool advise_comma(Adviser& adviser) {
     return tell_comma(adviser, *std::prev(behind));
 }
 
-constexpr AdviceRow ROWS[] = {{"", advise_exponent}, {"", advise_comma}};
+// "p2 0,5", which begins with an interval of 0.
+bool advise_interval(Adviser& adviser) {
+    const Site& site = adviser.site;
+    for (const CommaNumber& number : comma_numbers(site, line_around(site.text, adviser.mark.begin))) {
+        if (number.where.begin != adviser.mark.begin) continue;
+        adviser.edit(number.where, number.whole + "." + number.fraction);
+        return tell_comma(adviser, number);
+    }
+    return false;
+}
+
+constexpr AdviceRow ROWS[] = {{"", advise_exponent}, {"", advise_comma}, {"E54", advise_interval}};
 
 }  // namespace
 

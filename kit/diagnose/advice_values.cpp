@@ -236,7 +236,6 @@ bool advise_sign(Adviser& adviser) {
         const char* help;
     };
     constexpr Row ROWS[] = {
-        {"=", "a statement has no `=`; leave it out"},
         {"(", "parentheses follow directly behind a name"},
         {")", "there is a `)` too many"},
         {"%", "fractions are written as .5, not as 50%"},
@@ -246,10 +245,22 @@ bool advise_sign(Adviser& adviser) {
     };
     for (const Row& row : ROWS) {
         if (row.sign != adviser.word()) continue;
-        if (row.sign == "=") adviser.edit(adviser.mark, "");
         return adviser.help(row.help);
     }
     return false;
+}
+
+// "p4=60", "p4 == 60"
+bool advise_equals(Adviser& adviser) {
+    if (adviser.word() != "=") return false;
+    const Site& site = adviser.site;
+    Stretch signs = adviser.mark;
+    while (site[signs.end] == '=') ++signs.end;
+    const bool is_joined =
+        signs.begin > 0 && is_word_char(site[signs.begin - 1]) && is_word_char(site[signs.end]);
+    adviser.edit(signs, is_joined ? " " : "");
+    return adviser.help(std::string("a statement has no `=`; ") +
+                        (is_joined ? "write a blank" : "leave it out"));
 }
 
 // "p2 1 // beats": slashes repeat, and the comment's first word is no value.
@@ -402,7 +413,7 @@ bool advise_output(Adviser& adviser) {
 bool advise_comma(Adviser& adviser) {
     if (adviser.word() != ",") return false;
     adviser.edit(adviser.mark, " ");
-    return adviser.help("a list begins with a value; leave the comma out");
+    return adviser.help("a list begins with a value; write a blank instead");
 }
 
 bool advise_setting_before_end(Adviser& adviser) {
@@ -458,6 +469,7 @@ constexpr AdviceRow ROWS[] = {
     {"E27", advise_star},
     {"E27", advise_quote},
     {"E27", advise_sign},
+    {"E27", advise_equals},
     {"E27", advise_slash_comment},
     {"E27", advise_flat_d},
     {"E27", advise_foreign_word},
@@ -481,6 +493,7 @@ constexpr AdviceRow ROWS[] = {
     {"E73", advise_comma},
     {"E73", advise_setting_before_end},
     {"E73", advise_sign},
+    {"E73", advise_equals},
     {"E73", advise_before_statement},
     {"E20", advise_sharp},
     {"E80", advise_sharp},

@@ -33,6 +33,7 @@ std::string quoted(std::string_view text) { return "`" + std::string(text) + "`"
 // What to write in the place of something that has a name.
 std::string title_with(std::string_view replacement, const std::string& instead_of) {
     if (replacement.empty()) return "leave out " + instead_of;
+    if (replacement == "\n") return "begin a new line instead of " + instead_of;
     if (trimmed(replacement).empty()) return "write a blank instead of " + instead_of;
     return "write " + quoted(replacement) + " instead of " + instead_of;
 }
@@ -40,7 +41,8 @@ std::string title_with(std::string_view replacement, const std::string& instead_
 std::string title_of(std::string_view before, std::string_view after) {
     const ForeignCharacter foreign = foreign_character(before);
     if (foreign.code != 0) return title_with(after, "the " + foreign.name);
-    if (!trimmed(before).empty()) return title_with(trimmed(after), quoted(trimmed(before)));
+    const std::string_view kept = trimmed(after).empty() ? after : trimmed(after);
+    if (!trimmed(before).empty()) return title_with(kept, quoted(trimmed(before)));
     return trimmed(after).empty() ? "begin a new line here" : "write " + quoted(trimmed(after)) + " here";
 }
 

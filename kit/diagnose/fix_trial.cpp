@@ -2,10 +2,16 @@
 
 #include <algorithm>
 
+#include "kit/diagnose/marks.h"
+#include "kit/diagnose/unnumbered.h"
+
 // A fix is tried before it is offered: advice tells from what stands around a place, the
 // engine alone knows what it reads there. A run ends at its first error, so there is one
 // trial at most; and as everything before the change is read as it was, what ends the
 // trial elsewhere than in the changed file stands further on.
+//
+//     p4 == 60     with one "=" left out the next one is as wrong
+//     p4=60        without "=" it is a P460, a word that the change itself has made
 
 namespace vorn::kit {
 
@@ -35,6 +41,21 @@ private:
     const Fix& fix_;
 };
 
+// Where a place stands when the fix is made; of what it replaces, behind it.
+std::uint64_t moved(std::uint64_t place, const Fix& fix) {
+    if (place < fix.span.begin) return place;
+    const std::uint64_t behind = fix.span.begin + fix.replacement.size();
+    return place < fix.span.end ? behind : behind + place - fix.span.end;
+}
+
+// Whether the error is in a word that the fix is a part of.
+bool is_made_by(const Fix& fix, const ScoreRun& trial, const RunMessage& error) {
+    const Site site = site_of(trial, error);
+    const Stretch mark = mark_of(code_of(error), site);
+    return mark.begin < fix.span.begin && mark.end > fix.span.begin &&
+           site.of(mark).find('(') == std::string_view::npos;
+}
+
 }  // namespace
 
 // The engine tells a name that no macro or constant has as an error in the value of an
@@ -59,10 +80,10 @@ bool cures(const Fix& fix, const ScoreRun& run) {
     const RunMessage* const left = ending_error(trial);
     if (left == nullptr || left->span.file < 0) return false;
     const std::string& file = trial.map.files()[static_cast<std::size_t>(left->span.file)].name;
-    const bool is_before = fix.span.begin <= mistake->span.begin;
-    const std::uint64_t removed = is_before ? fix.span.end - fix.span.begin : 0;
-    const std::uint64_t added = is_before ? fix.replacement.size() : 0;
-    return file != sources.changed_name() || left->span.begin + removed > mistake->span.begin + added;
+    if (file != sources.changed_name()) return true;
+    const std::uint64_t before = moved(mistake->span.begin, fix);
+    const bool is_same_place = left->span.begin == before && left->number != mistake->number;
+    return (left->span.begin > before || is_same_place) && !is_made_by(fix, trial, *left);
 }
 
 }  // namespace vorn::kit

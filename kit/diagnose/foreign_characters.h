@@ -17,6 +17,14 @@ struct ForeignCharacter {
     std::size_t size = 1;    // bytes
 };
 
+struct Letter {
+    std::uint32_t code = 0;  // of Unicode; 0: ASCII
+    std::size_t size = 1;    // bytes
+};
+
+// With which the text begins. A byte that is no UTF-8 is read as Latin-1.
+[[nodiscard]] Letter letter_beyond_ascii(std::string_view text);
+
 // The foreign character with which the text begins; code 0 for all others, letters of
 // other alphabets among them.
 [[nodiscard]] ForeignCharacter foreign_character(std::string_view text);

@@ -15,11 +15,6 @@ namespace vorn::kit {
 
 namespace {
 
-std::string code_of(const RunMessage& message) {
-    if (message.number == 0) return std::string(unnumbered_code(message.severity, message.text));
-    return (message.severity == Severity::ERROR ? "E" : "W") + std::to_string(message.number);
-}
-
 // The mark in the file, or of what calls have put into the line in the expanded one.
 void place(Diagnostic& diagnostic, const Site& site, Stretch mark) {
     diagnostic.span = site.message.span;

@@ -240,9 +240,9 @@ p2 0  p3 1001 }
 )"},
     {.code = "L18",
      .title = "What repeats stands behind a loop",
-     .cause =
-         "`x` repeats the value before it, which behind a `>` is the last one of the loop. `< 60 62 > x2` "
-         "is 60, 62 and 62 again; then the loop begins anew.",
+     .cause = "`x` or `//` repeats the value before it, which behind a `>` is the last one of the loop. `< "
+              "60 62 > x2` "
+              "is 60, 62 and 62 again; then the loop begins anew.",
      .cure = "Leave it out where the loop is to fill the block, which it does by itself. Where it is to end "
              "after some rounds, write them as a list.",
      .score = R"(i1 = 4, 0, -8 {

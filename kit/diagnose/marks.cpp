@@ -18,18 +18,28 @@ Stretch call_or_word(const Site& site) {
 
 Stretch here(const Site& site) { return word_or_character(site.text, site.at); }
 
-// Where the ")" is missing, if what follows belongs to something else.
-Stretch end_of_parentheses(const Site& site) {
-    const auto missing = missing_parenthesis(site);
-    return missing ? Stretch{*missing, *missing} : word_touching(site.text, site.at);
-}
-
 // The brackets that end here or one character before.
 Stretch brackets(const Site& site) {
     const std::size_t close = site[site.at] == ']' ? site.at : behind_visible(site.text, site.at) - 1;
     if (site[close] != ']') return word_touching(site.text, site.at);
     const std::size_t open = site.text.substr(0, close).rfind('[');
     return open == std::string_view::npos ? Stretch{close, close + 1} : Stretch{open, close + 1};
+}
+
+// The word that goes on here, or the one before, of which comments are none.
+Stretch last_word(const Site& site) {
+    if (is_word_char(site[site.at]) && site.at > 0 && is_word_char(site[site.at - 1])) {
+        return word_at(site.text, site.at);
+    }
+    const CodeBefore code = code_before(site);
+    const std::size_t behind = code.offset + behind_visible(code.text, code.text.size());
+    return behind > 0 ? word_touching(site.text, behind - 1) : Stretch{site.at, site.at};
+}
+
+// Where the ")" is missing, if what follows belongs to something else.
+Stretch end_of_parentheses(const Site& site) {
+    if (const auto missing = missing_parenthesis(site)) return {*missing, *missing};
+    return site[site.at] == ';' ? last_word(site) : word_touching(site.text, site.at);
 }
 
 // "te(" up to here and on to its ")".
@@ -40,14 +50,6 @@ Stretch enclosing_call(const Site& site) {
     const Stretch name = *open > 0 ? word_at(site.text, *open - 1) : Stretch{*open, *open};
     const bool closes = site[site.at] == ')';
     return {name.begin, closes ? site.at + 1 : std::max(site.at, *open + 1)};
-}
-
-Stretch last_word(const Site& site) {
-    if (is_word_char(site[site.at]) && site.at > 0 && is_word_char(site[site.at - 1])) {
-        return word_at(site.text, site.at);
-    }
-    const std::size_t behind = behind_visible(site.text, site.at);
-    return behind > 0 ? word_touching(site.text, behind - 1) : Stretch{site.at, site.at};
 }
 
 // Behind the last character that can be seen.

@@ -41,6 +41,14 @@ bool skip_block_comment(std::string_view code, std::size_t& at) {
     return false;
 }
 
+// The first character from the place on that is no blank and in no comment.
+char next_of_code(const Site& site) {
+    std::string rest(site.text.substr(site.at, FAR));
+    blank_comments(rest);
+    const std::size_t next = next_visible(rest, 0);
+    return next < rest.size() ? rest[next] : '\0';
+}
+
 }  // namespace
 
 bool is_word_char(char c) {
@@ -160,7 +168,7 @@ std::optional<std::size_t> missing_parenthesis(const Site& site) {
     const bool is_header = c == 'i' && !is_letter(site[site.at + 1]);
     const bool is_other =
         c == '\0' || c == '}' || is_header || is_statement || is_first_on_line(site.text, site.at);
-    if (!is_other || !open_parenthesis(site)) return std::nullopt;
+    if (!is_other || next_of_code(site) == ')' || !open_parenthesis(site)) return std::nullopt;
     const CodeBefore code = code_before(site);
     return code.offset + behind_visible(code.text, code.text.size());
 }

@@ -60,4 +60,9 @@ std::string_view unnumbered_code(Severity severity, std::string_view text) {
     return find_code(ERRORS, text, "Eother");
 }
 
+std::string code_of(const RunMessage& message) {
+    if (message.number == 0) return std::string(unnumbered_code(message.severity, message.text));
+    return (message.severity == Severity::ERROR ? "E" : "W") + std::to_string(message.number);
+}
+
 }  // namespace vorn::kit

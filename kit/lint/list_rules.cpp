@@ -3,6 +3,7 @@
 #include "blocks/command_codes.h"
 #include "input/errors.h"
 #include "kit/lint/rules.h"
+#include "output/tempo_map.h"
 
 // Loops and lists that do not do what they look like.
 
@@ -75,14 +76,26 @@ bool goes_on(const Statement& statement) {
 
 bool is_in_beats(const BlockRecord& block) { return block.length > 0; }
 
-// Whether the starts of P2 end before the block does.
+// Whether the starts of P2 end before the block does. The engine's beats run ahead, for they
+// count all values of a chord; each interval has been converted at the tempo of its beat.
 bool falls_short(const BlockRecord& block) {
-    const std::vector<float>& beats = block.events.beat;
-    if (beats.empty()) return false;
-    const float last = beats.back();
-    const auto other = std::find_if(beats.rbegin(), beats.rend(), [last](float beat) { return beat < last; });
-    const float interval = other == beats.rend() ? 0 : last - *other;
-    return last + interval < block.start_beat + block.length - interval / 2;
+    const EventTable& events = block.events;
+    double beats = 0;
+    double interval = 0;
+    for (std::size_t row = 1; row < events.size(); ++row) {
+        const double seconds = events.exact_start[row] - events.exact_start[row - 1];
+        if (seconds > 0) interval = seconds * double{find_tempo(events.beat[row - 1])} / 60;
+        if (seconds > 0) beats += interval;
+    }
+    return interval > 0 && beats + interval * 1.5 < double{block.length};
+}
+
+// How many of the items at `first` repeat the value before them: "x2", or slashes.
+std::size_t repeating(Items items, std::size_t first) {
+    std::size_t end = first;
+    while (end < items.size() && items[end].kind == ItemKind::SLASH) ++end;
+    if (end > first) return end > first + 1 ? end - first : 0;
+    return end < items.size() && items[end].kind == ItemKind::TIMES && items[end].times != 1 ? 1 : 0;
 }
 
 }  // namespace
@@ -120,16 +133,17 @@ void setting_behind_loop(const Statement& statement, Findings& findings) {
     }
 }
 
-// "< 60 62 > x2" is 60 62 62, and then the loop from its beginning.
+// "< 60 62 > x2" and "< 60 62 > //" are 60 62 62, and then the loop from its beginning.
 void times_behind_loop(const Statement& statement, Findings& findings) {
-    const std::vector<Item>& items = statement.items;
+    const Items items = statement.items;
     for (std::size_t n = 1; n < items.size(); ++n) {
-        const Item& times = items[n];
-        const bool repeats = times.kind == ItemKind::TIMES && times.times != 1;
-        if (!repeats || items[n - 1].kind != ItemKind::LOOP_CLOSE || statement.is_dropped(times)) continue;
-        Diagnostic diagnostic = findings.at(statement.begin_of(items[n - 1]), statement.last_of(times));
+        const std::size_t count = repeating(items, n);
+        const bool repeats = count > 0 && items[n - 1].kind == ItemKind::LOOP_CLOSE;
+        if (!repeats || statement.is_dropped(items[n])) continue;
+        const Items row = items.subspan(n, count);
+        Diagnostic diagnostic = findings.at(statement.begin_of(items[n - 1]), statement.last_of(row.back()));
         diagnostic.text =
-            "\"" + statement.text(times) + "\" repeats the last value of the loop, and not the loop.";
+            "\"" + statement.text(row) + "\" repeats the last value of the loop, and not the loop.";
         diagnostic.advice.push_back(
             "A loop goes on up to the end of the block by itself; for some rounds of it write its values.");
         findings.add(std::move(diagnostic));

@@ -172,25 +172,59 @@ bool is_common_fraction(const std::string& digits) {
     return false;
 }
 
+bool is_comma_pair(const Statement& statement, Items row) {
+    return !row[0].in_generator && is_pair(statement, row, ItemKind::COMMA);
+}
+
 // "0,5"; of other numbers only a common fraction among values that blanks part.
 bool is_decimal_comma(const Statement& statement, Items row, bool blanks_part) {
-    if (row[0].in_generator || !is_pair(statement, row, ItemKind::COMMA)) return false;
+    if (!is_comma_pair(statement, row)) return false;
     const std::string fraction = statement.text(row[2]);
     if (statement.text(row[0]) == "0") return fraction != "0";
     return blanks_part && is_common_fraction(fraction);
 }
 
-// Whether every comma between values is one of these, and the block has room for what they make.
-bool are_commas_decimal(const Statement& statement, std::size_t pairs) {
+struct Count {
     std::size_t commas = 0;
     std::size_t values = 0;
+};
+
+// Those outside of generators.
+Count count_of(const Statement& statement) {
+    Count count;
     for (const Item& item : statement.items) {
         if (item.in_generator) continue;
-        if (item.kind == ItemKind::COMMA) ++commas;
-        if (item.kind == ItemKind::VALUE) ++values;
+        if (item.kind == ItemKind::COMMA) ++count.commas;
+        if (item.kind == ItemKind::VALUE) ++count.values;
     }
-    const bool fits = statement.full.line == 0 || values - pairs <= statement.field->event_count;
-    return commas == pairs && fits;
+    return count;
+}
+
+// Whether every comma between values is one of these, and the block has room for what they make.
+bool are_commas_decimal(const Statement& statement, std::size_t pairs) {
+    const Count count = count_of(statement);
+    const bool fits = statement.full.line == 0 || count.values - pairs <= statement.field->event_count;
+    return count.commas == pairs && fits;
+}
+
+// "440,5": two values of a list have as many digits mostly.
+bool looks_decimal(const Statement& statement, Items row) {
+    const std::string fraction = statement.text(row[2]);
+    return is_common_fraction(fraction) || fraction.size() != statement.text(row[0]).size();
+}
+
+// Whether such pairs are all that the statement has: several where any looks so, or one that is no loop,
+// and no list of two either.
+bool are_all_decimal(const Statement& statement, const std::vector<Items>& pairs) {
+    const Count count = count_of(statement);
+    const bool are_all = count.commas == pairs.size() && count.values == 2 * pairs.size();
+    if (!are_all || statement.has(ItemKind::GENERATOR)) return false;
+    const bool any =
+        std::any_of(pairs.begin(), pairs.end(), [&](Items row) { return looks_decimal(statement, row); });
+    if (pairs.size() != 1) return any;
+    const bool is_too_short = statement.items.size() == 3 && statement.field->event_count > 2;
+    const bool may_be = any || (is_too_short && statement.items[0].value != 0);
+    return may_be && !statement.has(ItemKind::LOOP_OPEN);
 }
 
 // "0,9" is 0.9 there, for who lists 0 and 9 writes a blank; 0 and 10 may yet be meant.
@@ -324,9 +358,12 @@ void flats_spelt_with_b(const Statement& statement, Findings& findings) {
 void decimal_comma(const Statement& statement, Findings& findings) {
     const bool blanks_part = has_blanks_between_values(statement);
     std::vector<Items> found;
+    std::vector<Items> pairs;
     for_each_row(statement, may_stand_in_word, [&](Items row) {
         if (is_decimal_comma(statement, row, blanks_part)) found.push_back(row);
+        if (is_comma_pair(statement, row)) pairs.push_back(row);
     });
+    if (are_all_decimal(statement, pairs)) found = pairs;
     const bool is_certain = are_commas_decimal(statement, found.size());
     for (const Items row : found) {
         add_decimal_comma(statement, row, is_certain && is_certain_fraction(statement, row), findings);

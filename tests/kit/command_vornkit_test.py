@@ -2,6 +2,7 @@
 import os
 import pathlib
 import pty
+import re
 import signal
 import subprocess
 import time
@@ -9,6 +10,7 @@ import unittest
 
 from vornkit import VORNKIT, CommandTest, shown_on
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 SUBCOMMANDS = ("check", "explain", "events", "midi", "picture", "play", "watch", "vary", "new")
 
 
@@ -20,6 +22,11 @@ class Vornkit(CommandTest):
             example = done.stdout.find(" ".join(("vornkit", *arguments)))
             self.assertIn("Example", done.stdout)
             self.assertTrue(0 <= example < done.stdout.find("Usage:"), arguments)
+
+    def test_the_version_is_that_of_vorn(self):
+        done = self.vornkit("--version")
+        wanted = re.search(r"project\(vorn VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, f"vornkit {wanted}\n", ""))
 
     def test_wrong_use_has_status_2_and_says_what_is_wrong(self):
         for arguments in ((), ("chekc",), ("--speed",), ("check",), ("explain", "--speed")):

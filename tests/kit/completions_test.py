@@ -105,7 +105,7 @@ class Completions(vornkit.CommandTest):
     def test_subcommands_are_those_of_the_help(self):
         for shell in SHELLS:
             offered = self.offered(shell, "vornkit ")
-            self.assertEqual([word for word in offered if word != "--help"], sorted(options.subcommands()), shell.NAME)
+            self.assertEqual([word for word in offered if word[:2] != "--"], sorted(options.subcommands()), shell.NAME)
 
     def test_options_are_those_of_the_help(self):
         for subcommand in options.subcommands():

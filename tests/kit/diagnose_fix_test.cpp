@@ -41,6 +41,10 @@ TEST(Fix, HasATitleThatSaysWhatToWrite) {
     EXPECT_EQ(title_of(BLOCK + "p4 rx(T .5 60 .5 62) }\n"), "none");
     EXPECT_EQ(title_of(BLOCK + "p4 nt c4 }\n"), "write `no` instead of `nt`");
     EXPECT_EQ(title_of(BLOCK + "p4 = 60 }\n"), "leave out `=`");
+    EXPECT_EQ(title_of(BLOCK + "p4=60 }\n"), "write a blank instead of `=`");
+    EXPECT_EQ(title_of(BLOCK + "p4 == 60 }\n"), "leave out `==`");
+    EXPECT_EQ(title_of("te 0 8 60 120\n" + BLOCK + "p4 60 }\n"),
+              "write `te(0 8 60 120)` instead of `te 0 8 60 120`");
     EXPECT_EQ(title_of(BLOCK + "p4 60 }}\n"), "leave out `}`");
     EXPECT_EQ(title_of(BLOCK + "p4 60 } te(60)\n"), "begin a new line here");
 }
@@ -54,6 +58,10 @@ TEST(Fix, StandsWhereItCures) {
 TEST(Fix, IsNoneWhereARunWithItGetsNoFurther) {
     EXPECT_EQ(title_of(BLOCK + "p4 no ra(T 1 [b4 c5]) }\n"), "write `f` here");
     EXPECT_EQ(title_of(BLOCK + "p4 no ra(T 1 [60 c5]) }\n"), "none");
+    EXPECT_EQ(title_of(BLOCK + "p4 no c4\u2014e4 }\n"), "none");
+    EXPECT_EQ(title_of("/* c */ tempo(120)\n" + BLOCK + "p4 60 }\n"), "none");
+    EXPECT_EQ(title_of(BLOCK + "p4,60 ,62 }\n"), "write a blank instead of `,`");
+    EXPECT_EQ(title_of("te 60 70\n" + BLOCK + "p4 60 }\n"), "none");
     for (const char* setting : {"rs(5, 6)", "rd(.5x)", "rd(50%)", "te(0 4 60 120 slow)"}) {
         EXPECT_EQ(title_of(setting + ("\n" + BLOCK) + "p4 60 }\n"), "none") << setting;
     }
@@ -63,6 +71,7 @@ TEST(Fix, NamesCharactersThatTheEyeDoesNotTellApart) {
     EXPECT_EQ(title_of(BLOCK + "p4 60 \u201362 }\n"), "write `-` instead of the en dash");
     EXPECT_EQ(title_of(BLOCK + "p4 60\u00A062 }\n"), "write a blank instead of the no-break space");
     EXPECT_EQ(title_of(BLOCK + "p4 60 \u200B62 }\n"), "leave out the zero width space");
+    EXPECT_EQ(title_of("rs(1)\u2028" + BLOCK + "p4 60 }\n"), "begin a new line instead of the line end");
 }
 
 TEST(Fix, JoinsEditsInTheirOrder) {

@@ -76,9 +76,11 @@ TEST(DecimalComma, PartsTwoValues) {
 }
 
 TEST(DecimalComma, IsNotSuspectedInLists) {
-    for (const char* list : {"60,62", "0, 5", "0,5,7", "1,5", "60,62 64,65", "0,0", "rh 4,16 8", ".5,.25"}) {
+    for (const char* list : {"60,62 x3", "< 60,62 >", "0, 5", "0,5,7", "60,62 64,65", "9,10 11", "0,0",
+                             "rh 4,16 8", ".5,.25", "< 1,5 >"}) {
         EXPECT_EQ(notes_of(four_events(std::string("p4 ") + list)), Notes{}) << list;
     }
+    EXPECT_EQ(notes_of("i1 = 4 0 -2 {\np2 1\np3 1\np4 60,62\n}\n"), Notes{});
     EXPECT_EQ(notes_of(four_events("p4 ra(T 1 [0,5])")), Notes{});
 }
 
@@ -89,6 +91,15 @@ std::string cures_of(const std::string& statement) {
         if (note.code == "L2") cures += (note.edits.empty() ? "-" : note.edits[0].replacement) + " ";
     }
     return cures;
+}
+
+TEST(DecimalComma, IsSuspectedWhereAStatementHasNothingElse) {
+    for (const char* pair : {"1,5", "440,5", "2,3", "60,62", "db 60,5", "1,5 x3"}) {
+        EXPECT_EQ(notes_of(four_events(std::string("p4 ") + pair)).size(), 1U) << pair;
+    }
+    EXPECT_EQ(notes_of(four_events("p4 261,63 293,66")), (Notes{"L2 4:4 261,63", "L2 4:11 293,66"}));
+    EXPECT_EQ(notes_of("i1 = 3 0 8 {\np2 1,5\np3 1\n}\n"), (Notes{"L2 2:4 1,5"}));
+    EXPECT_EQ(cures_of("p4 1,5"), "- ");
 }
 
 TEST(DecimalComma, HasACureWhereItIsCertain) {
@@ -193,6 +204,17 @@ TEST(StartJustBeforeEnd, IsRightWhereStartsAreExactOrDense) {
 
 TEST(ChordInStartLoop, EndsABlockInBeatsEarly) {
     EXPECT_EQ(notes_of("i1 = 3, 0, 16 {\np2 < 1:2 1 >\np3 1 }\n"), (Notes{"L6 2:7 :"}));
+    EXPECT_EQ(notes_of("te(0 8 60 90)\ni1 = 3, 0, 16 {\np2 < 1:2 1 >\np3 1 }\n"), (Notes{"L6 3:7 :"}));
+}
+
+// The engine counts two beats for a chord of 1:1, so that it has all of them early.
+TEST(ChordInStartLoop, EndsShortBlocksEarlyToo) {
+    for (const char* beats : {"3", "4", "5"}) {
+        const std::string score = "i1 = 3, 0, " + std::string(beats) + " {\np2 < 1:1 >\np3 1 }\n";
+        EXPECT_EQ(notes_of(score), (Notes{"L6 2:7 :"})) << beats;
+    }
+    EXPECT_EQ(notes_of("te(90)\ni1 = 3, 2, 6 {\np2 < 1:2 >\np3 1 }\n"), (Notes{"L6 3:7 :"}));
+    EXPECT_EQ(notes_of("i1 = 3, 0, 2 {\np2 < 1:1 >\np3 1 }\n"), Notes{});
 }
 
 TEST(ChordInStartLoop, IsRightInEventsAndOutsideOfLoops) {
@@ -467,12 +489,15 @@ TEST(BlocksOfRests, AreNotThoseOfWhichOneEventSounds) {
 TEST(TimesBehindLoop, RepeatTheLastValueAlone) {
     EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 >x2\n}\n"), (Notes{"L18 4:12 >x2"}));
     EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 > x3 70\n}\n"), (Notes{"L18 4:12 > x3"}));
+    EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 >///\n}\n"), (Notes{"L18 4:12 >///"}));
+    EXPECT_EQ(notes_of("i1 = 4 0 -8 {\np2 1\np3 1\np4 < 60 62 > / /\n}\n"), (Notes{"L18 4:12 > / /"}));
     EXPECT_EQ(found_in(four_events("p4 < 60 > x0"))[0].text,
               "\"x0\" repeats the last value of the loop, and not the loop.");
 }
 
 TEST(TimesBehindLoop, AreRightBehindAValue) {
-    for (const char* list : {"< 60 62 x2 >", "< 60 62 > 64 x2", "< 60 62 > x1", "60 x4"}) {
+    for (const char* list :
+         {"< 60 62 x2 >", "< 60 62 /// >", "< 60 62 > /", "< 60 62 > 64 x2", "< 60 62 > x1", "60 x4"}) {
         EXPECT_EQ(notes_of(four_events(std::string("p4 ") + list)), Notes{}) << list;
     }
 }
