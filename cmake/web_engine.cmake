@@ -22,7 +22,12 @@ set(busy_sources blocks/fill generators/arithmetic generators/ddf generators/pro
     output/written_value)
 list(TRANSFORM busy_sources PREPEND src/)
 list(TRANSFORM busy_sources APPEND .cpp)
-set_source_files_properties(${busy_sources} PROPERTIES COMPILE_OPTIONS -O2)
+set_source_files_properties(${busy_sources} PROPERTIES COMPILE_OPTIONS "-O2;-fno-unroll-loops")
+# What reads a generator is called once, and not made a part of the loop over events.
+set(reading_sources ddf_p2 ddf_time ex ho mo ms ra rw se weights)
+list(TRANSFORM reading_sources PREPEND src/generators/)
+list(TRANSFORM reading_sources APPEND .cpp)
+set_source_files_properties(${reading_sources} PROPERTIES COMPILE_OPTIONS -fno-inline)
 find_program(WASM_OPT wasm-opt)  # Debian: binaryen
 if(NOT WASM_OPT)
     message(STATUS "Without wasm-opt (binaryen) the modules for pages are larger and slower")

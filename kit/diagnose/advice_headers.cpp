@@ -134,14 +134,16 @@ bool advise_equals(Adviser& adviser) {
     return adviser.help(std::string("write `=` behind the instrument; ") + HEADER_FORM);
 }
 
-std::vector<std::string> directives() { return {"#const", "#define", "#endif", "#if", "#include", "#undef"}; }
+constexpr std::string_view DIRECTIVES[] = {"#const", "#define", "#endif", "#if", "#include", "#undef"};
+
+bool is_directive(std::string_view word) {
+    return std::find(std::begin(DIRECTIVES), std::end(DIRECTIVES), word) != std::end(DIRECTIVES);
+}
 
 // "include |x|": the "#" is missing, and what begins with "i" is read as a header.
 bool advise_hash(Adviser& adviser) {
     const std::string word = "#" + std::string(adviser.word());
-    const auto names = directives();
-    const bool is_directive = std::find(names.begin(), names.end(), word) != names.end();
-    if (!is_directive || !is_first_on_line(adviser.site.text, adviser.mark.begin)) return false;
+    if (!is_directive(word) || !is_first_on_line(adviser.site.text, adviser.mark.begin)) return false;
     adviser.edit({adviser.mark.begin, adviser.mark.begin}, "#");
     return adviser.help("write `" + word + "`");
 }
@@ -150,11 +152,10 @@ bool advise_hash(Adviser& adviser) {
 bool advise_directive(Adviser& adviser) {
     const std::string_view text = adviser.site.text;
     const Stretch word = word_at(text, next_visible(text, line_around(text, adviser.mark.begin).begin));
-    const std::string name(adviser.site.of(word));
-    if (!name.starts_with('#')) return false;
-    auto names = directives();
-    if (std::find(names.begin(), names.end(), name) != names.end()) return false;
-    names = name == "#def" ? std::vector<std::string>{"#define"} : nearest(name, names);
+    const std::string_view name = adviser.site.of(word);
+    if (!name.starts_with('#') || is_directive(name)) return false;
+    auto names = nearest(name, {std::begin(DIRECTIVES), std::end(DIRECTIVES)});
+    if (name == "#def") names = {"#define"};
     if (names.empty()) return false;
     adviser.point_at(word);
     adviser.edit(word, names[0]);

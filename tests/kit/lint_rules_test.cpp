@@ -510,7 +510,7 @@ std::string condition(const std::string& value) { return DEFINITIONS + "#if(" + 
 
 TEST(ConditionNotRead, IsAnythingButANumberOrACall) {
     for (const char* value :
-         {"A", "A == 1", "~A == 1", "~[A == 1]", "~[A = 1]", "~[$M + 0]", ".5", "-1", "yes", ""}) {
+         {"A", "A == 1", "~A == 1", "~A > 1", "~[A == 1]", "~[A = 1]", "~[$M + 0]", ".5", "-1", "yes", ""}) {
         EXPECT_EQ(notes_of(condition(value)), (Notes{"L19 3:1 #if(" + std::string(value) + ")"})) << value;
     }
     EXPECT_EQ(notes_of(four_events("p4 1\n  #if(A\n2\n#endif\n")), (Notes{"L19 5:3 #if(A"}));
