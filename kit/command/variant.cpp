@@ -27,6 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* RECORD_FILE = "record.json";
+constexpr const char* UNWRITTEN = "Ewrite";
 constexpr const char* OUR_FILES[] = {SCORE_FILE, PICTURE_FILE, SOUND_FILE, RECORD_FILE};
 
 // The texts of the plan, one of them changed; others are those of the system.
@@ -88,11 +89,42 @@ TaskResult broken(unsigned number, const std::string& reason) { return {number, 
 // A file that Csound is given by name, which must not look like an option.
 std::string as_file(const std::string& name) { return name.substr(0, 1) == "-" ? "./" + name : name; }
 
+// The files of a variant's run as they were before.
+SourceMap files_before(const VaryPlan& plan, const ScoreRun& run) {
+    SourceMap map;
+    for (const SourceFile& file : run.map.files()) {
+        const auto found = plan.texts.find(file.name);
+        map.add_file(file.name, found == plan.texts.end() ? file.text : found->second);
+    }
+    return map;
+}
+
+// What its heading tells, at the place in these files.
+Diagnostic as_before(const VaryPlan& plan, unsigned number, const SourceMap& files, const Diagnostic& told) {
+    Diagnostic diagnostic;
+    diagnostic.level = told.level;
+    diagnostic.code = told.code;
+    diagnostic.text = told.text;
+    diagnostic.repeats = told.repeats;
+    diagnostic.span = told.span;
+    const int file = told.span.file;
+    if (file < 0 || files.files()[static_cast<std::size_t>(file)].name != plan.varied_file) return diagnostic;
+    const std::string value = value_of(plan, number);
+    diagnostic.span.begin = place_before(plan.variation, value, told.span.begin);
+    diagnostic.span.end = place_before(plan.variation, value, told.span.end);
+    return diagnostic;
+}
+
 // Why Csound made no sound, or one without all events; empty: it made it.
-std::string reason_of_silence(const ProcessResult& csound, const std::string& sound, const ScoreRun& run) {
-    const PerformanceReport report = read_performance(csound.errors + csound.output, run);
+std::string reason_of_silence(const VaryPlan& plan, unsigned number, const ProcessResult& csound,
+                              const std::string& sound, const ScoreRun& run) {
+    PerformanceReport report = read_performance(csound.errors + csound.output, run);
     if (report.disk_is_full) return "Csound could not write the sound whole; the disk may be full";
-    if (std::string complaints = complaint_lines(report, run.map); !complaints.empty()) return complaints;
+    const SourceMap files = files_before(plan, run);
+    for (Diagnostic& diagnostic : report.diagnostics) {
+        diagnostic = as_before(plan, number, files, diagnostic);
+    }
+    if (std::string complaints = complaint_lines(report, files); !complaints.empty()) return complaints;
     std::error_code ignored;
     if (csound.status == 0 && fs::file_size(sound, ignored) > 0) return {};
     return "Csound ended before its time, status " + std::to_string(csound.status);
@@ -109,7 +141,7 @@ bool render(const VaryPlan& plan, const ScoreRun& run, VariantRecord& record, st
     const ProcessResult csound =
         run_process({"csound", "-d", "-m4", "--format=flac", "-o", as_file(sound.written_name()),
                      as_file(plan.orchestra), as_file(folder + SCORE_FILE)});
-    record.message = reason_of_silence(csound, sound.written_name(), run);
+    record.message = reason_of_silence(plan, record.number, csound, sound.written_name(), run);
     record.has_sound = record.message.empty();
     if (!record.has_sound) {
         record.state = VariantState::SILENT;
@@ -141,7 +173,7 @@ void note_picture(VariantRecord& record, const Miniature& picture) {
 
 // What the disk or the memory does not take is no fault of the score.
 bool is_unwritten(const ScoreRun& run) {
-    constexpr std::string_view CODES[] = {"Ewrite", "Eopen", "Etemporary", "E32"};
+    constexpr std::string_view CODES[] = {UNWRITTEN, "Eopen", "Etemporary", "E32"};
     for (const Diagnostic& diagnostic : from_messages(run)) {
         if (std::find(std::begin(CODES), std::end(CODES), diagnostic.code) != std::end(CODES)) return true;
     }
@@ -166,7 +198,9 @@ std::string refusal(const VaryPlan& plan, unsigned number, const ScoreRun& run) 
     if (run.status != 0) {
         for (const Diagnostic& diagnostic : from_messages(run)) {
             if (diagnostic.level != Level::ERROR) continue;
-            const std::string text = text_form(diagnostic, run.map);
+            if (diagnostic.code == UNWRITTEN) return "cannot write the score whole; the disk may be full";
+            const SourceMap files = files_before(plan, run);
+            const std::string text = text_form(as_before(plan, number, files, diagnostic), files);
             return text.substr(0, text.find('\n'));
         }
         return "the score is refused";

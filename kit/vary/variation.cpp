@@ -152,6 +152,13 @@ std::string varied_text(const Variation& variation, const std::string& text, con
            text.substr(variation.end);
 }
 
+std::uint64_t place_before(const Variation& variation, const std::string& value, std::uint64_t place) {
+    const std::uint64_t length = variation.before.size() + value.size() + variation.after.size();
+    if (place < variation.begin) return place;
+    if (place < variation.begin + length) return variation.begin;
+    return place - (variation.begin + length) + variation.end;
+}
+
 bool has_value(const ScoreRun& run, const Variation& variation, const std::string& value) {
     if (variation.kind == Varied::SEED) {
         const auto seed = first_seed(run);

@@ -30,6 +30,10 @@ constexpr unsigned MAX_SEED = 65535;
 [[nodiscard]] std::string varied_text(const Variation& variation, const std::string& text,
                                       const std::string& value);
 
+// Where that byte of the varied text stands in the text before; one of the value, where it was put.
+[[nodiscard]] std::uint64_t place_before(const Variation& variation, const std::string& value,
+                                         std::uint64_t place);
+
 // Whether a run of that text has come upon the value where it was put.
 [[nodiscard]] bool has_value(const ScoreRun& run, const Variation& variation, const std::string& value);
 

@@ -59,6 +59,27 @@ TEST(FindSeed, AnIncludedOneIsFoundInItsFile) {
     EXPECT_EQ(run.map.joined_text(), std::string("rs(4)\n\n") + BLOCK);
 }
 
+// "rs(" stays at 6, its number goes from 9 to 12; what stands behind moves by the two digits more.
+TEST(PlaceBefore, WhatStandsBehindALongerNumberMovesBack) {
+    const std::string text = std::string("te(60)\nrs( 3 ) rd(.1)\n") + BLOCK;
+    const Variation variation = find_seed(run_text(text));
+    const std::string longer = varied(text, variation, "345");
+    EXPECT_EQ(place_before(variation, "345", longer.find("rs(")), text.find("rs("));
+    for (const std::size_t digit : {0U, 1U, 2U}) {
+        EXPECT_EQ(place_before(variation, "345", longer.find("345") + digit), text.find('3'));
+    }
+    EXPECT_EQ(place_before(variation, "345", longer.find("rd(")), text.find("rd("));
+    EXPECT_EQ(place_before(variation, "345", longer.size()), text.size());
+}
+
+TEST(PlaceBefore, AnInsertedLineIsNone) {
+    const Variation variation = find_seed(run_text(BLOCK));
+    const std::string longer = varied(BLOCK, variation, "17");
+    EXPECT_EQ(place_before(variation, "17", 0), 0U);
+    EXPECT_EQ(place_before(variation, "17", longer.find("i1")), 0U);
+    EXPECT_EQ(place_before(variation, "17", longer.find("p4")), std::string(BLOCK).find("p4"));
+}
+
 TEST(FindName, ConstantsAndMacrosThatAreNumbers) {
     const std::string text =
         std::string("#const TEMPO 60 ; slow\nte(~TEMPO)\n#define LOUD # -80.5 #\n#const X -1.5\n") + BLOCK;
