@@ -22,12 +22,13 @@ constexpr double SLOWEST_TEMPO = 3.6;     // the file gives a quarter at most 16
 constexpr double LAST_TICK = 0x0FFFFFFF;  // of a delta time, and so of a file
 constexpr int HIGHEST_KEY = 127;
 
-// What was not taken as it stands.
+// What was not taken as it stands, and what was taken for hertz though some of it may be keys.
 struct Losses {
     std::uint64_t out_of_range = 0;
     std::uint64_t rounded = 0;
     std::uint64_t struck_again = 0;
     std::uint64_t without_pitch = 0;
+    std::vector<const BlockRecord*> blocks_in_hertz;
 };
 
 struct Timing {
@@ -102,10 +103,22 @@ bool make_note(MidiNote& note, const BlockRecord& block, std::size_t row, const 
     return true;
 }
 
+// Whether a number of a sounding event is such that it may be meant as a key.
+bool has_possible_keys(const BlockRecord& block, int pfield) {
+    for (std::size_t row = 0; row < block.events.size(); ++row) {
+        const float value = block.value(row, pfield);
+        if (block.events.duration[row] > 0 && value >= 0 && value <= HIGHEST_KEY) return true;
+    }
+    return false;
+}
+
 void add_notes(MidiTrack& track, const BlockRecord& block, const MidiOptions& options,
                const VelocityScale& velocities, const Timing& timing, Losses& losses) {
     const PitchRole pitch = find_pitch(block, options.roles);
     const LevelRole level = find_level(block, options.roles);
+    if (pitch.unit == PitchUnit::HERTZ && has_possible_keys(block, pitch.pfield)) {
+        losses.blocks_in_hertz.push_back(&block);
+    }
     for (std::size_t row = 0; row < block.events.size(); ++row) {
         if (block.events.duration[row] <= 0) continue;
         if (pitch.pfield == 0) {
@@ -138,6 +151,18 @@ void part_equal_keys(std::vector<MidiNote>& notes, Losses& losses) {
 
 void remark_count(std::vector<std::string>& remarks, std::uint64_t count, const char* what) {
     if (count > 0) remarks.push_back(std::to_string(count) + (count == 1 ? " note " : " notes ") + what);
+}
+
+void remark_hertz(std::vector<std::string>& remarks, const ScoreRun& run, const MidiOptions& options,
+                  const std::vector<const BlockRecord*>& blocks) {
+    if (blocks.empty()) return;
+    const FileSpan& header = blocks[0]->header;
+    std::string place = header.file < 0 ? "" : " of line " + std::to_string(run.map.text_place(header).line);
+    if (header.file > 0) place += " of " + run.map.files()[static_cast<std::size_t>(header.file)].name;
+    const std::string more =
+        blocks.size() == 1 ? "" : ", and so in " + std::to_string(blocks.size() - 1) + " more";
+    remarks.push_back("p" + std::to_string(find_pitch(*blocks[0], options.roles).pfield) + " in the block" +
+                      place + " is read as hertz, since some of it is above 127, the highest key" + more);
 }
 
 void remark_losses(MidiNotes& result, const Losses& losses) {
@@ -196,6 +221,7 @@ MidiNotes midi_notes(const ScoreRun& run, const MidiOptions& options) {
         add_notes(*track, block, options, velocities, timing, losses);
     }
     for (MidiTrack& track : result.tracks) part_equal_keys(track.notes, losses);
+    remark_hertz(result.remarks, run, options, losses.blocks_in_hertz);
     remark_losses(result, losses);
     return result;
 }

@@ -68,6 +68,21 @@ TEST(MidiNotes, ThePitchIsWhereTheOutputTypeSaysOrTheOptions) {
     EXPECT_EQ(notes_of(score, options).tracks[0].notes[0].key, 80);
 }
 
+// 69 + 12 log2(f / 440) of 60, 64, 128 and 72 is 34.5, 35.6, 47.6 and 37.7.
+TEST(MidiNotes, NumbersOnBothSidesOfTheHighestKeyAreHertzAndItIsSaid) {
+    const std::string mixed = block("i1 = 5 2 -4", "16000", "60 64 128 72");
+    const MidiNotes notes = notes_of(block("i1 = 5 0 -1", "16000", "60") + mixed);
+    ASSERT_EQ(notes.tracks[0].notes.size(), 5U);
+    EXPECT_EQ(notes.tracks[0].notes[3].key, 48);
+    const std::string remark =
+        "p5 in the block of line 7 is read as hertz, since some of it is above 127, the highest key";
+    ASSERT_FALSE(notes.remarks.empty());
+    EXPECT_EQ(notes.remarks[0], remark);
+    EXPECT_EQ(notes_of(mixed + mixed + mixed).remarks[0].substr(remark.size()), ", and so in 2 more");
+    EXPECT_TRUE(notes_of(block("i1 = 5 0 -2", "16000", "220 440")).remarks.empty());
+    EXPECT_TRUE(notes_of(block("i1 = 5 0 -2", "16000", "60 127")).remarks.empty());
+}
+
 std::vector<int> velocities_of(const MidiNotes& notes) {
     std::vector<int> velocities;
     for (const MidiTrack& track : notes.tracks) {
