@@ -5,19 +5,23 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 // Folders are watched and not files, since editors save by renaming a new file over
-// the old one, whose watch would then be that of a file without a name. Of a link the
-// folder of the file behind it counts as well. A folder does not tell when one above it
-// is moved, so these are watched too, for its name; where it is missing, until it appears.
+// the old one, whose watch would then be that of a file without a name. Of a link, be it to
+// a file or a folder, that which it points to counts as well, there or not. A folder does
+// not tell when one above it is moved, so these are watched too, for its name; where it is
+// missing, until it appears.
 
 namespace vorn::kit {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int MOST_LEVELS = 8;  // folders above a file that are watched
+constexpr int MOST_LINKS = 40;  // that lead to it; with more the system takes it for a circle
 constexpr std::uint32_t FOLDER_GOES = IN_DELETE_SELF | IN_MOVE_SELF;
 constexpr std::uint32_t EVENTS =
     IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_CREATE | FOLDER_GOES;
@@ -30,11 +34,18 @@ std::string folder_of(const std::string& path) {
 
 std::string name_in_folder(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
-std::string behind_links(const std::string& path) {
-    char* const resolved = realpath(path.c_str(), nullptr);
-    std::string target = resolved != nullptr ? resolved : path;
-    std::free(resolved);
-    return target;
+// The path with its first link replaced by what that says; empty: there is none.
+std::string behind_first_link(const std::string& path) {
+    std::error_code no_link;
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = path.find('/', end + 1);
+        const std::string link = path.substr(0, end);
+        const fs::path target = fs::read_symlink(link, no_link);
+        if (no_link) continue;
+        return (fs::path(folder_of(link)) / target).string() +
+               (end == std::string::npos ? "" : path.substr(end));
+    }
+    return {};
 }
 
 using NamesByFolder = std::map<int, std::set<std::string>>;
@@ -66,11 +77,23 @@ bool FileWatcher::add(const std::string& path) {
         if (folder >= 0) names_[folder].insert(name_in_folder(below));
         is_watched = is_watched || folder >= 0;
         if (!is_watched) error_ = "cannot watch " + above + ": " + std::strerror(errno);
-        if (!is_watched && errno != ENOENT && errno != ENOTDIR) return false;
+        if (!is_watched && errno != ENOENT && errno != ENOTDIR && errno != ELOOP) return false;
         if (above == below) break;  // "/"; or the current folder, which may be gone
         below = above;
     }
     return true;
+}
+
+// The folder of a link on the way may be such that it cannot be read.
+bool FileWatcher::add_with_links(const std::string& name) {
+    bool added = add(name);
+    std::string path = behind_first_link(name);
+    for (int links = 1; added && links <= MOST_LINKS && !path.empty(); ++links) {
+        const std::string next = behind_first_link(path);
+        added = add(path) || !next.empty();
+        path = next;
+    }
+    return added;
 }
 
 bool FileWatcher::watch(const std::vector<std::string>& names) {
@@ -78,7 +101,7 @@ bool FileWatcher::watch(const std::vector<std::string>& names) {
     before.swap(names_);
     bool added = descriptor_ >= 0;
     if (!added) error_ = std::string("cannot watch files: ") + std::strerror(errno);
-    for (const std::string& name : names) added = added && add(name) && add(behind_links(name));
+    for (const std::string& name : names) added = added && add_with_links(name);
     has_new_names_ = !holds(before, names_);
     for (const auto& [folder, unused] : before) {
         if (names_.count(folder) == 0) inotify_rm_watch(descriptor_, folder);

@@ -35,6 +35,7 @@ public:
 
 private:
     bool add(const std::string& path);
+    bool add_with_links(const std::string& name);
     bool concerns(const inotify_event& event) const;
 
     int descriptor_;
