@@ -215,4 +215,8 @@ std::string how_to_install(const std::string& program, const std::string& packag
     return program + " is needed for this and is not installed (Debian: apt install " + package + ")";
 }
 
+std::string reason_against_program(const std::string& program, const std::string& package) {
+    return run_process({program, "--version"}).is_missing ? how_to_install(program, package) : "";
+}
+
 }  // namespace vorn::kit

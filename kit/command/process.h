@@ -29,4 +29,7 @@ void end_running_processes();
 // "rsvg-convert is needed for this and is not installed (Debian: apt install librsvg2-bin)"
 [[nodiscard]] std::string how_to_install(const std::string& program, const std::string& package);
 
+// The same where it is not installed; empty: it is.
+[[nodiscard]] std::string reason_against_program(const std::string& program, const std::string& package);
+
 }  // namespace vorn::kit

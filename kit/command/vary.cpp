@@ -115,7 +115,7 @@ void take_texts(VaryPlan& plan, const ScoreRun& run) {
 std::string check_orchestra(const VaryPlan& plan) {
     if (plan.orchestra.empty()) return {};
     if (!SystemSources().read(plan.orchestra)) return "cannot read the orchestra \"" + plan.orchestra + "\"";
-    return run_process({"csound", "--version"}).is_missing ? how_to_install("csound", "csound") : "";
+    return reason_against_program("csound", "csound");
 }
 
 std::string fingerprint_inputs(const VaryPlan& plan) {

@@ -11,6 +11,7 @@
 #include "kit/command/console.h"
 #include "kit/command/file_watcher.h"
 #include "kit/command/outputs.h"
+#include "kit/command/process.h"
 #include "kit/command/score_input.h"
 #include "kit/command/subcommands.h"
 
@@ -190,6 +191,14 @@ Outcome Watch::run() {
     return watching ? Outcome::WELL : Outcome::WRONG_USE;
 }
 
+// What makes the outputs must be there; empty: it is.
+std::string reason_against_programs(const WatchArguments& arguments) {
+    std::string reason;
+    if (!arguments.sound.empty()) reason = reason_against_program("csound", "csound");
+    if (!reason.empty() || !arguments.picture.ends_with(".png")) return reason;
+    return reason_against_program("rsvg-convert", "librsvg2-bin");
+}
+
 Outcome watch(const WatchArguments& arguments) {
     if (arguments.score == "-") return wrong_use("standard input does not change; give the score as a file");
     if (arguments.picture == "-" || arguments.sound == "-") {
@@ -201,6 +210,9 @@ Outcome watch(const WatchArguments& arguments) {
     }
     if (!arguments.orchestra.empty() && !SystemSources().read(arguments.orchestra)) {
         return wrong_use("cannot read the orchestra \"" + arguments.orchestra + "\"");
+    }
+    if (const std::string reason = reason_against_programs(arguments); !reason.empty()) {
+        return wrong_use(reason);
     }
     return Watch(arguments).run();
 }

@@ -120,6 +120,39 @@ class WatchCommand(CommandTest):
         self.write("real/a.vorn", SCORE % 4)
         self.expect("4 events")
 
+    def link(self, name, target):
+        """As ln -sfn does it: a new link takes the place of the old one."""
+        (self.folder / "new").symlink_to(target)
+        os.replace(self.folder / "new", self.folder / name)
+
+    def test_links_of_folders_are_followed_wherever_they_lead(self):
+        self.write("a.vorn", "#include |cur/part.inc|\n")
+        self.write("takes/1/part.inc", SCORE % 2)
+        self.write("takes/2/part.inc", SCORE % 5)
+        self.link("takes/best", "1")
+        self.link("cur", "takes/best")
+        self.start("a.vorn")
+        self.expect("2 events")
+        self.link("takes/best", "2")  # a link behind the link
+        self.expect("5 events")
+        self.link("cur", "takes/1")
+        self.expect("2 events")
+        (self.folder / "takes/1").rename(self.folder / "takes/3")
+        self.expect("cur/part.inc")
+        (self.folder / "takes/3").rename(self.folder / "takes/1")
+        self.expect("2 events")
+        self.write("takes/1/part.inc", SCORE % 4)
+        self.expect("4 events")
+
+    def test_a_link_to_itself_is_no_end_of_the_watch(self):
+        self.write("a.vorn", "#include |cur/part.inc|\n")
+        self.link("cur", "cur")
+        self.start("a.vorn")
+        self.expect("cur/part.inc")
+        self.write("takes/part.inc", SCORE % 2)
+        self.link("cur", "takes")
+        self.expect("2 events")
+
     def wait_for(self, name, other_than=None):
         """The bytes of a file as soon as there are any, and others than these."""
         deadline = time.monotonic() + PATIENCE
@@ -188,6 +221,14 @@ class WatchCommand(CommandTest):
             self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
             self.assertIn(said, done.stderr)
         self.assertEqual(self.files(), before)
+
+    def test_a_missing_program_is_told_at_the_start(self):
+        self.write("a.vorn", SCORE % 3)
+        for arguments, package in ((["--wav", "a.wav"], "csound"), (["--picture", "a.png"], "librsvg2-bin")):
+            done = self.vornkit("watch", "a.vorn", *arguments, env={**os.environ, "PATH": "/nowhere"},
+                                timeout=PATIENCE)
+            self.assertEqual((done.returncode, done.stdout), (2, ""), arguments)
+            self.assertIn(f"apt install {package})", done.stderr)
 
     def test_every_signal_that_ends_it_ends_it_well(self):
         self.write("a.vorn", SCORE % 3)
