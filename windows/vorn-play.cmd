@@ -7,7 +7,7 @@ if "%~1"=="" (
 )
 set "orchestra=%~2"
 if "%~2"=="" set "orchestra=%~dp0..\docs\windows\plain.orc"
-"%~dp0vorn.exe" -s "%~1" "%TEMP%\vorn-play.sco"
+"%~dp0vorn.exe" "%~1" "%TEMP%\vorn-play.sco"
 if errorlevel 1 exit /b 1
 call csound -d -odac "%orchestra%" "%TEMP%\vorn-play.sco"
 if not errorlevel 1 exit /b 0

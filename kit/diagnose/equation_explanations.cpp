@@ -70,15 +70,15 @@ p5 ex(T 1 [p4 / 2]) }
 )"},
     {.code = "E60",
      .cause = "The equation divides by a p-field, and in one of the events that p-field is 0.",
-     .cure = "Keep the 0 out of that p-field, or divide by another one that is computed from it: "
-             "after `p5 ex(T 1 [p4 + 1])` p6 may divide by p5.",
+     .cure = "Keep the 0 out of that p-field, or keep its inverse there and multiply by it: "
+             ".2 where 5 would divide.",
      .score = R"(i1 = 5, 0, 4 {
-p2 1  p3 1  p4 60 0
+p2 1  p3 1  p4 5 0
 p5 ex(T 1 [10 / p4]) }
 )",
      .cured = R"(i1 = 5, 0, 4 {
-p2 1  p3 1  p4 60 1
-p5 ex(T 1 [10 / p4]) }
+p2 1  p3 1  p4 .2 0
+p5 ex(T 1 [p4 * 10]) }
 )"},
 };
 

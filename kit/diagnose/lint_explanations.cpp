@@ -229,14 +229,15 @@ p4 no c4 r r e }
      .cause =
          "An event sounds if its duration is above 0. It is not where P3 is 0 or negative, where it is 400 "
          "or 1000 with nothing behind, where each note is an `r`, and where P3 is a part of an interval P2 "
-         "of 0 or less.",
+         "of 0 or less. Of such a block `vorn` says `Oops i-block 1 is all rests (check p2=0 and p3 != 400+n "
+         "OR 1000+n?)!` and `(N.B. No I-Block Data Written)`, and writes nothing.",
      .cure = "Write a P2 above 0, and a P3 above 0: 1 lasts up to the next event, 400.5 half a beat, "
              "1000.5 half a second.",
      .score = R"(i1 = 3, 0, -4 {
 p2 0  p3 1 }
 )",
      .cured = R"(i1 = 3, 0, -4 {
-p2 0  p3 1001 }
+p2 1  p3 1 }
 )"},
     {.code = "L18",
      .title = "What repeats stands behind a loop",

@@ -47,9 +47,8 @@ p4 60 62 64 }
      .cause = "A generator is meant to go on longer than its block. "
               "It ends with the block. In P2 a time in beats is compared with seconds, so that in a fast "
               "tempo it goes on longer.",
-     .cure =
-         "Give the generator the time `T`, that of the block. In P2, at a tempo other than 60, count both "
-         "it and the block in events.",
+     .cure = "In P2, at a tempo other than 60, count the generator and the block in events; "
+             "elsewhere give it the time `T`, that of the block.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
 p4 ra(-8 1 [60 72]) }
@@ -72,8 +71,11 @@ p2 1  p3 1
 p4 60 }
 )"},
     {.code = "W14",
-     .cause = "The time of a generator ends more than 5 beats behind the last event of the block. "
-              "It gives its values to the events that there are, as if it were that much shorter.",
+     .cause =
+         "The time of a generator ends more than 5 beats behind the last event of the block. "
+         "It gives its values to the events that there are, as if it were that much shorter. "
+         "`Old duration = 20.00, New duration = 3.00`, which `vorn` adds, is the time as it was written and "
+         "the beat of the last event, counted from beat 0 of the score.",
      .cure = "Write `T` for the time of the block, or lengthen the block.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
@@ -136,26 +138,26 @@ p3 1 }
     {.code = "W22",
      .cause = "The equation divides by a p-field. "
               "Should that be 0 in some event, the score will be refused.",
-     .cure = "Make sure that the p-field is never 0, or multiply instead: `[p4 * .5]` for `[p4 / 2]`.",
+     .cure = "Make sure that the p-field is never 0, or keep its inverse there and multiply by it.",
      .score = R"(i1 = 5, 0, 4 {
 p2 1  p3 1  p4 5
 p5 ex(T 1 [10 / p4]) }
 )",
      .cured = R"(i1 = 5, 0, 4 {
-p2 1  p3 1  p4 5
-p5 ex(T 1 [p4 / 10]) }
+p2 1  p3 1  p4 .2
+p5 ex(T 1 [p4 * 10]) }
 )"},
     {.code = "W24",
      .cause = "What `ex` yields in P3 is read like any other value there: its size says how it is meant. "
               "A result of 1.5 is one and a half times the time to the next start, and not 1.5 seconds.",
-     .cure = "For seconds add 1000: `[p2 * 0 + 1001.5]` is 1.5 seconds. For beats add 400.",
+     .cure = "Add 1000 for seconds, 400 for beats. Each `ex` in P3 warns, plain values do not.",
      .score = R"(i1 = 3, 0, 4 {
 p2 1
-p3 ex(T 1 [p2 * .1 + 1001]) }
+p3 ex(T 1 [p2 + .5]) }
 )",
      .cured = R"(i1 = 3, 0, 4 {
 p2 1
-p3 mo(T 1 1001 1001.3) }
+p3 1001.5 }
 )"},
     {.code = "W26",
      .cause = "A deviation is a fraction: 1 is 100 per cent, and this one is more. "

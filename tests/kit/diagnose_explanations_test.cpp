@@ -38,10 +38,10 @@ ScoreRun run_score_text(std::string_view text) {
     return run_score("score.vorn", {}, sources);
 }
 
-std::vector<std::string> codes_of(const ScoreRun& run) {
+std::vector<std::string> codes_of(const ScoreRun& run, bool midi = true) {
     std::vector<std::string> codes;
     std::vector<Diagnostic> diagnostics = from_messages(run);
-    add_lint(diagnostics, run, {.midi = true, .ignored = {}});
+    add_lint(diagnostics, run, {.midi = midi, .ignored = {}});
     for (const Diagnostic& diagnostic : diagnostics) codes.push_back(diagnostic.code);
     return codes;
 }
@@ -127,6 +127,8 @@ TEST(Explanations, MendedScoresAreWell) {
         const std::vector<std::string> codes = codes_of(run);
         EXPECT_EQ(run.status, 0) << explanation.code << "\n" << explanation.cured;
         EXPECT_FALSE(has(codes, explanation.code)) << explanation.code << "\n" << explanation.cured;
+        EXPECT_EQ(codes_of(run, false), std::vector<std::string>()) << explanation.code << "\n"
+                                                                    << explanation.cured;
         EXPECT_NE(explanation.cured, explanation.score) << explanation.code;
         ++mended;
     }

@@ -229,9 +229,23 @@ class Recipes(CommandTest):
             self.assertEqual([event.key for event in trill], [high, low] * (len(trill) // 2))
             self.assertAlmostEqual(trill[0].start, begin * beat, delta=.0011)
         self.assertTrue(all(later - start < 1.01 * beat for start, later in zip(starts, starts[1:])))
-        gaps = [event.start for event in self.change("trill.vorn", "p2 rh 32", "p2 mo(T 1 .2 .08)")[9:20]]
-        steps = [later - start for start, later in zip(gaps, gaps[1:])]
-        self.assertEqual(steps, sorted(steps, reverse=True))
+
+    def test_a_trill_that_gets_faster(self):
+        """As the recipe says it in a sentence, with no warning and up to where the melody goes on."""
+        page = " ".join((ROOT / "docs" / "recipes.md").read_text().split())
+        steps, *calls = re.search(r"gets faster is.*? with `(p2 [^`]+)`.* are `([^`]+)` and `([^`]+)`", page).groups()
+        score = (self.folder / "trill.vorn").read_text().replace("p2 rh 32", steps)
+        self.write("faster.vorn", score[:score.index(" $TRILL(")] + "".join(f" {call}\n" for call in calls))
+        self.assertEqual(self.vornkit("check", "faster.vorn").stdout, "")
+        beat, events = 60 / 84, self.events("faster.vorn")
+        for begin, end in ((2, 4), (6, 7.5)):
+            starts = [event.start / beat for event in events if begin - .01 < event.start / beat < end - .01]
+            gaps = [later - start for start, later in zip(starts, [*starts[1:], end])]
+            self.assertGreaterEqual(len(starts), 10)
+            self.assertAlmostEqual(gaps[0], .2, delta=.01)
+            self.assertLess(gaps[-2], .1)
+            self.assertTrue(all(later < earlier for earlier, later in zip(gaps, gaps[1:-1])), gaps)
+            self.assertLess(gaps[-1], 2 * gaps[-2])
 
     def test_fermata(self):
         beat = 60 / 96

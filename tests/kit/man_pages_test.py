@@ -85,7 +85,7 @@ class ManPages(CommandTest):
     def test_vorn_has_the_options_that_it_prints(self):
         names, _ = described(page("vorn.1"))
         self.assertEqual(names, options.of_vorn())
-        self.assertEqual({name[1] for name in names}, set("".join(in_synopsis(page("vorn.1"))).replace("-", "")))
+        self.assertEqual(in_synopsis(page("vorn.1")), set(names))  # each by itself: they cannot be joined
 
     def test_scores_on_the_page_of_the_language_are_accepted(self):
         blocks = re.findall(r"^\.Bd -literal[^\n]*\n(.*?)^\.Ed", page("vorn.5"), re.M | re.S)

@@ -85,6 +85,13 @@ class Surprises(unittest.TestCase):
     def test_a_rest_in_the_starts_counts_back(self):
         self.assertGreater(len(self.starts("i1 = 3 0 8 {\np2 < 1 -1 .5 >\np3 1\n}\n")), 8)
 
+    def test_tempi_out_of_range_are_told_as_in_the_table(self):
+        (row,) = re.findall(r"\| tempo \|([^|]+\|[^|]+)", MANUAL)
+        for tempo, words in (("0 8 60 4001", "out of range"), ("0 10001 60 60", "out of range"),
+                             ("4001", "Format te(f): f = real number."), (".5", "Format te(f): f = real number.")):
+            self.assertIn(words, self.run_score(f"te({tempo})\ni1 = 3 0 1 {{\np2 1\np3 1\n}}\n").stderr, tempo)
+            self.assertIn(f'"{words}"', row)
+
     def test_twelve_files_a_run(self):
         (self.folder / "one.inc").write_text("> one\n")
         for includes, status in ((11, 0), (12, 1)):

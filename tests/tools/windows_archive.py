@@ -93,6 +93,12 @@ class WindowsArchive(unittest.TestCase):
         self.assertIn("ERROR: Line 2:", said)
         self.assertEqual(self.run_line("vorn-play")[0], 2)
 
+    def test_a_warning_is_told_and_played(self):
+        (self.work / "short.vorn").write_text("i1 = 4 0 2 {\np2 1\np3 1\np4(hz) no c4 d e\n}\n")
+        status, said, words = self.run_line("vorn-play short.vorn")
+        self.assertEqual((status, words[:2]), (0, ["-d", "-odac"]))
+        self.assertIn("WARNING: Line 4:", said)
+
     def test_the_archive_holds_what_the_page_names(self):
         for name in ("README.md", "docs/windows.md", "docs/windows/plain.orc", "editors/vscode/package.json",
                      "docs/tutorial/scores/lanterns.orc", "examples/clockwork/clockwork.csd"):
