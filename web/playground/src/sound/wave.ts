@@ -44,8 +44,8 @@ function interleaved(samples: readonly Float32Array[]): Int16Array<ArrayBuffer> 
 export const waveFile = (rendering: Rendering): Blob =>
     new Blob([header(rendering), ...rendering.chunks.map(interleaved)], { type: 'audio/wav' });
 
-// A rendering that is for a file alone. Its samples are not kept as they come, which four hundred megabytes for
-// twenty minutes would be, but as those of the file, a minute at a time in the browser's care.
+// A rendering that is for a file alone. Its samples are not kept as they come, which would take some twenty
+// megabytes a minute, but as those of the file, which are handed to the browser a minute at a time.
 export class WaveRendering extends Rendering {
     private readonly minutes: Blob[] = [];
     private stretches: Int16Array<ArrayBuffer>[] = [];

@@ -107,3 +107,11 @@ test('a score in a page is light or dark as its place is', async ({ page }) => {
     await ask('automatic');
     await becomes(DARK, false);
 });
+
+test('the documents show all their scores, those with includes too', async ({ playground: page }) => {
+    await page.goto('./documents/recipes.html');
+    const scores = page.locator('vorn-score');
+    await expect(page.locator('vorn-score[src="recipes/parts.vorn"]')).toContainText(/[0-9]+ events/);
+    await expect(scores.filter({ hasText: /[0-9]+ events, / })).toHaveCount(await scores.count());
+    await expect(page.locator('vorn-score .trouble')).toHaveCount(0);
+});
