@@ -41,4 +41,11 @@ describe('what is written is kept', () => {
         write(40, 100);
         expect(kept).toEqual(['9', '19', '29', '39']);
     });
+    it('with its lock, though no text has changed', () => {
+        const store = createAppStore();
+        startAutosave(store);
+        store.act('lock seed', () => ({ seedIsLocked: true }));
+        vi.advanceTimersByTime(200);
+        expect(kept).toEqual(['untitled']);
+    });
 });
