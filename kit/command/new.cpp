@@ -50,6 +50,14 @@ std::string quoted(const std::string& plain_name) {
     return text + "'";
 }
 
+// Tells below its first line how it is heard, unless the name would end the comment.
+std::string score_of(const std::string& piece) {
+    std::string score = FIRST_SCORE;
+    if (piece.find_first_of("\n\r") != std::string::npos) return score;
+    const std::string files = quoted(piece + ".vorn") + " " + quoted(piece + ".orc");
+    return score.insert(score.find('\n') + 1, "; To hear it, in its folder: vornkit play " + files + "\n");
+}
+
 struct NewFile {
     std::string name;
     std::string text;
@@ -86,9 +94,10 @@ Outcome make_piece(const std::string& name) {
         return wrong_use("\"" + folder + "\" is there and is no empty folder; take another name");
     }
     const std::string path = folder + "/" + piece_name(folder);
-    if (!write_all({{path + ".vorn", FIRST_SCORE},
+    const std::string score = score_of(piece_name(folder));
+    if (!write_all({{path + ".vorn", score},
                     {path + ".orc", FIRST_ORCHESTRA},
-                    {path + ".csd", document_text(FIRST_ORCHESTRA, FIRST_SCORE)}})) {
+                    {path + ".csd", document_text(FIRST_ORCHESTRA, score)}})) {
         if (is_made) rmdir(folder.c_str());
         return Outcome::WRONG_USE;
     }

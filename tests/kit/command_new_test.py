@@ -45,6 +45,18 @@ class NewCommand(CommandTest):
         for bar, tone in enumerate(("c2", "a1", "f1", "g1")):
             self.assertEqual(sound.pitch(bass.values(), bar * 2.4 + .2, 1.5), bass[tone])
 
+    def test_the_score_tells_how_it_is_heard(self):
+        for name in ("nocturne", "l'été $1 #2 ~3", "-x"):
+            self.assertEqual(self.vornkit("new", "--", name).returncode, 0)
+            lines = (self.folder / name / f"{name}.vorn").read_text().splitlines()
+            command = shlex.split(lines[1].removeprefix("; To hear it, in its folder: "))
+            self.assertEqual(command[:2], ["vornkit", "play"])
+            for file, ending in zip(command[2:], ("vorn", "orc"), strict=True):
+                self.assertEqual(pathlib.Path(file), pathlib.Path(f"{name}.{ending}"))
+            self.assertEqual(self.vornkit("check", f"./{name}/{name}.vorn").stdout, "")
+        self.assertEqual(self.vornkit("new", "two\nlines").returncode, 0)
+        self.assertEqual(self.vornkit("check", "two\nlines/two\nlines.vorn").stdout, "")
+
     def test_its_p_fields_are_those_of_the_tutorial(self):
         tutorial = (pathlib.Path(__file__).resolve().parents[2] / "docs/tutorial/scores/lanterns.orc").read_text()
         self.vornkit("new", "nocturne")

@@ -218,6 +218,31 @@ class Recipes(CommandTest):
         notes = [(event.instrument, event.start, event.duration, event.key) for event in self.events("strokes.vorn")]
         self.assertEqual(notes, [(1, .5, .167, 48), (1, .667, .333, 48), (2, .5, .5, 49)])
 
+    def test_from_midi_loses_nothing(self):
+        """Keys without a name, notes of more than 600 beats, and one that nothing ends."""
+        file, track = mido.MidiFile(ticks_per_beat=96), mido.MidiTrack()
+        file.tracks.append(track)
+        track.append(mido.MetaMessage("set_tempo", tempo=600000))
+        for kind, key, time in (("note_on", 0, 0), ("note_on", 60, 96), ("note_off", 0, 699 * 96)):
+            track.append(mido.Message(kind, note=key, velocity=127, time=time))
+        track.append(mido.MetaMessage("end_of_track", time=96))
+        file.save(self.folder / "long.mid")
+        self.write("long.vorn", self.run_program(sys.executable, "from-midi.py", "long.mid").stdout.decode())
+        notes = [(event.start, event.duration, round(event.rest[0], 2)) for event in self.events("long.vorn")]
+        self.assertEqual(notes, [(0, 420, 8.18), (.6, 420, 261.63)])
+
+    def test_from_midi_says_what_it_cannot_read(self):
+        self.write("text.mid", "no MIDI file\n")
+        self.write("cut.mid", "MThd\0\0\0\6\0\1")
+        for arguments, told in (([], "python3 from-midi.py piece.mid > piece.vorn"),
+                                (["none.mid"], "cannot read none.mid: No such file"),
+                                (["text.mid"], "cannot read text.mid: it is no MIDI file"),
+                                (["cut.mid"], "cut.mid is no whole MIDI file")):
+            done = self.run_program(sys.executable, "from-midi.py", *arguments)
+            self.assertEqual((done.returncode, done.stdout), (1, b""))
+            self.assertIn(told, done.stderr.decode())
+            self.assertNotIn("Traceback", done.stderr.decode())
+
     def test_trill(self):
         events = self.events("trill.vorn")
         beat = 60 / 84
@@ -279,6 +304,54 @@ class Recipes(CommandTest):
         self.assertEqual((self.folder / "drums.ogg").read_bytes()[:4], b"OggS")
         told = self.run_program("csound", "-U", "sndinfo", "drums.ogg")
         self.assertRegex((told.stdout + told.stderr).decode(), r"9\.\d+ seconds")
+
+    def answers(self, question):
+        """What is written as code in the row of a question that has no recipe of its own."""
+        page = (ROOT / "docs" / "recipes.md").read_text()
+        return re.findall(r"`([^`]+)`", re.search(rf"^\| {question} \|(.*)$", page, re.MULTILINE)[1])
+
+    def events_of(self, text):
+        self.write("answer.vorn", text)
+        self.assertEqual(self.vornkit("check", "answer.vorn").stdout, "")
+        return self.events("answer.vorn")
+
+    def test_a_phrase_at_another_speed(self):
+        (steps,) = self.answers("play a phrase at half or double speed")
+        tune = f"#define TUNE(number'speed) #\ni$number = 3 0 -3 {{\n{steps}\np3 1\n}} #\n"
+        found = voices(self.events_of(tune + " $TUNE(1'1)\n $TUNE(2'.5)\n $TUNE(3'2)\n"))
+        starts = {number: [event.start for event in events] for number, events in found.items()}
+        self.assertEqual(starts, {1: [0, 1, 1.5], 2: [0, 2, 3], 3: [0, .5, .75]})
+
+    def test_dynamics(self):
+        soft, loud, levels = self.answers("write p, mf, ff")
+        events = self.events_of(f"{soft}\n{loud}\ni1 = 5 0 5 {{\np2 1\np3 1\np4(hz) no c4\n{levels}\n}}\n")
+        self.assertEqual([event.rest[1] for event in events], [.2, .2, .4, .6, .8])
+
+    def test_a_rolled_chord(self):
+        steps, durations = self.answers("roll a chord")
+        events = self.events_of(f"i1 = 4 0 -8 {{\n{steps}\n{durations}\np4(hz) no c4 e g c5 d4 f a d5\n}}\n")
+        self.assertEqual([event.start for event in events], [0, .04, .08, .12, 1, 1.04, 1.08, 1.12])
+        self.assertEqual({event.duration for event in events}, {1})
+
+    def test_recordings(self):
+        line, speeds = self.answers("play recordings of my own")
+        head = "sr = 44100\nksmps = 32\nnchnls = 1\n0dbfs = 1\n"
+        self.write("tone.orc", f"{head}instr 1\nout poscil(.4, 440)\nendin\n")
+        self.write("tone.sco", "i1 0 4\n")
+        self.assertEqual(self.run_program("csound", "-d", "-o", "bell.wav", "tone.orc", "tone.sco").returncode, 0)
+        self.write("answer.orc", f"{head}instr 1\n{line}\nout asound\nendin\n")
+        self.write("answer.vorn", f"i1 = 4 0 -3 {{\np2 1\np3 1\n{speeds}\n}}\n")
+        self.assertEqual(self.vornkit("play", "answer.vorn", "answer.orc", "--wav", "out.wav").returncode, 0)
+        tones = [440 * 2 ** (semitones / 12) for semitones in (0, 7, -12)]
+        sound = Sound(self.folder / "out.wav")
+        self.assertEqual([sound.pitch(tones, second, .2) for second in (.4, 1.4, 2.4)], tones)
+
+    def test_a_sound_file_for_each_voice(self):
+        minus, command = self.answers("write a sound file for each voice")
+        self.write("piece.vorn", (RECIPES / "fermata.vorn").read_text().replace("i2 =", f"{minus} ="))
+        self.assertEqual(self.vornkit(*command.split()[1:]).returncode, 0)
+        self.assertEqual(set(voices(self.events("piece.vorn"))), {1})
+        self.assertGreater(Sound(self.folder / "voice-1.wav").peak(), .01)
 
     def test_start_times(self):
         calls = re.findall(r"^ \$NOTE\(([\d.]+)'([\d.]+)'", (RECIPES / "start-times.vorn").read_text(), re.MULTILINE)

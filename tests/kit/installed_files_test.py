@@ -34,6 +34,11 @@ class InstalledFiles(vornkit.CommandTest):
             for name in re.findall(r"^\.Xr (\S+ \d)", path.read_text(), re.M):
                 self.assertIn(name, pages, path.name)
 
+    def test_documents_hold_nothing_that_only_scripts_read(self):
+        names = {path.name for path in (self.share / "doc").rglob("*") if path.is_file()}
+        self.assertIn("drums.vorn", names)
+        self.assertEqual([name for name in names if name.endswith((".picture", ".pyc", ".orig"))], [])
+
     def test_bash_loads_the_completions(self):
         loading = (". /usr/share/bash-completion/bash_completion; "
                    "for name in vorn vornkit; do _completion_loader $name; complete -p $name; done")
