@@ -24,8 +24,8 @@ export const TEXTS = {
     'a time beyond counting': {
         'a.vorn': 'i1 = 4, 0, -4 {\np2 9999999999999999999999999\np3 1\np4(hz) 60 62\n}\n',
     },
-    'ten thousand instruments': {
-        'a.vorn': Array.from({ length: 10_000 }, (_, at) => `i${at + 1} = 4 0 4 { p2 1 p3 1 p4 60 }\n`).join(
+    'three thousand instruments': {
+        'a.vorn': Array.from({ length: 3000 }, (_, at) => `i${at + 1} = 4 0 4 { p2 1 p3 1 p4 60 }\n`).join(
             '',
         ),
     },

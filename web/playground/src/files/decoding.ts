@@ -18,7 +18,7 @@ function fromUtf8(bytes: Uint8Array): string | undefined {
 // Undefined: it is no text, as a MIDI file is none. No text holds a byte of zero.
 export function readText(name: string, bytes: Uint8Array): TextFile | undefined {
     if (bytes.includes(0)) {
-        notice(`${name} is no text, so it cannot be a part of the piece. Nothing has changed.`);
+        notice(`${name} is no text and was left out.`);
         return undefined;
     }
     const text = fromUtf8(bytes);
