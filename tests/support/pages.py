@@ -3,7 +3,7 @@
     for page in pages():            every Markdown file that belongs to the project
     prose(text)                     without code, names of files, addresses and comments, line for line
     links(text)                     (line, target) of each link and image
-    anchors(text)                   what a link behind a # may name
+    kept_files("*")                 the files of the project
 """
 
 import pathlib
@@ -20,17 +20,20 @@ PLAIN_ADDRESS = re.compile(r"<?\bhttps?://\S+")
 FILE_NAME = re.compile(r"[\w./-]*\w\.[a-z]{2,4}\b")
 TAG = re.compile(r"</?[a-zA-Z][^>]*>")
 HTML_TARGET = re.compile(r'\b(?:src|href)="([^"]+)"')
-HEADING = re.compile(r"^#{1,6} +(.*?) *#*$", re.MULTILINE)
+
+
+def kept_files(pattern):
+    """Kept files and those that are about to be; of an unpacked archive all but what was built."""
+    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "-z", pattern],
+                            cwd=ROOT, capture_output=True, text=True, check=False)
+    if listed.returncode == 0:
+        return sorted(ROOT / name for name in set(listed.stdout.split("\0")) - {""} if (ROOT / name).is_file())
+    return sorted(path for path in ROOT.rglob(pattern)
+                  if path.is_file() and not {"build", "node_modules"} & set(path.relative_to(ROOT).parts))
 
 
 def pages():
-    """Kept files and those that are about to be; of an unpacked archive all but what was built."""
-    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "-z", "*.md"],
-                            cwd=ROOT, capture_output=True, text=True, check=False)
-    if listed.returncode == 0:
-        return sorted(ROOT / name for name in set(listed.stdout.split("\0")) - {""} if (ROOT / name).exists())
-    return sorted(path for path in ROOT.rglob("*.md")
-                  if not {"build", "node_modules"} & set(path.relative_to(ROOT).parts))
+    return kept_files("*.md")
 
 
 def blank(found):
@@ -53,13 +56,3 @@ def links(text):
     text = CODE.sub(blank, without_blocks(text))
     for found in [*TARGET.finditer(text), *HTML_TARGET.finditer(text)]:
         yield text.count("\n", 0, found.start()) + 1, found[found.lastindex or 0]
-
-
-def anchors(text):
-    """As the pages of repositories name their headings: letters, digits, hyphens; twice said, numbered."""
-    told = {}
-    for heading in HEADING.findall(FENCED.sub(blank, text)):
-        words = re.sub(r"\]\([^)]*\)", "]", heading).lower()
-        anchor = re.sub(r"[^\w\- ]", "", words).replace(" ", "-")
-        told[anchor] = told.get(anchor, -1) + 1
-        yield anchor if told[anchor] == 0 else f"{anchor}-{told[anchor]}"
