@@ -168,7 +168,7 @@ bool advise_condition(Adviser& adviser) {
     const std::size_t line = line_around(site.text, site.at).begin;
     const std::string_view before = site.of({std::min(next_visible(site.text, line), site.at), site.at});
     if (!before.starts_with("#if(") || before.find(')') != std::string_view::npos) return false;
-    return adviser.help("nothing is compared: `#if(~A)` holds unless A is 0");
+    return adviser.help("nothing is compared: `#if(~A)` holds where A is above 0");
 }
 
 bool advise_instrument(Adviser& adviser) {
@@ -188,11 +188,15 @@ bool advise_hidden_brace(Adviser& adviser) {
     return adviser.help("everything behind `;` is a comment, the `{` too; leave the `;` out");
 }
 
+bool tell_unit(Adviser& adviser) {
+    return adviser.help("a length has no unit: 4 is a number of beats, -4 one of events");
+}
+
 // "-4beats"
 bool advise_unit(Adviser& adviser) {
     const std::string_view word = adviser.word();
     if (word.empty() || !is_letter(word.back()) || word[0] == '$') return false;
-    return adviser.help("a length has no unit: 4 is a number of beats, -4 one of events");
+    return tell_unit(adviser);
 }
 
 bool advise_other_bracket(Adviser& adviser) {
@@ -216,6 +220,16 @@ bool advise_fraction(Adviser& adviser) {
     return adviser.help("behind `=` stands the number of p-fields, a whole number");
 }
 
+bool begins_number(std::string_view text) {
+    return !text.empty() && (is_digit(text[0]) || text[0] == '.' || text[0] == '-');
+}
+
+// How long the word is, of letters alone: "beats", but not "p2" or "te(60)".
+std::size_t plain_word_length(std::string_view text) {
+    const std::string_view word = text.substr(0, text.find_first_of(" \t\r\n{"));
+    return std::all_of(word.begin(), word.end(), is_letter) ? word.size() : 0;
+}
+
 bool advise_brace(Adviser& adviser) {
     const std::string_view word = adviser.word();
     if (word.starts_with('-') && word.find('.') != std::string_view::npos) {
@@ -224,8 +238,12 @@ bool advise_brace(Adviser& adviser) {
     const std::size_t behind = adviser.mark.end;
     std::string rest(adviser.site.of({behind, line_around(adviser.site.text, behind).end}));
     blank_comments(rest);
-    if (behind_visible(rest, rest.size()) > 0) {
-        return adviser.help("there is a number too many before the `{`");
+    const std::size_t next = next_visible(rest, 0);
+    const std::string_view further = std::string_view(rest).substr(next);
+    if (begins_number(further)) return adviser.help("there is a number too many before the `{`");
+    if (const std::size_t length = plain_word_length(further); length > 0) {
+        adviser.point_at({behind + next, behind + next + length});
+        return tell_unit(adviser);
     }
     adviser.edit({behind, behind}, " {");
     return adviser.help("write `{` behind the length");

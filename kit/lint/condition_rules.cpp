@@ -31,7 +31,8 @@ void check_condition(int file, std::string_view text, std::size_t at, Findings& 
     if (!is_first_on_line(text, at) || is_value(value)) return;
     Diagnostic diagnostic = findings.at(FileSpan{file, at, std::min(end + 1, line_end)});
     diagnostic.text = "This condition cannot be read, and may skip what follows.";
-    diagnostic.advice.push_back("Write a number or a call, #if(~A) or #if($A); nothing is compared.");
+    diagnostic.advice.push_back(
+        "Write a call, #if(~A) or #if($A), or a number that begins with a digit; nothing is compared.");
     findings.add(std::move(diagnostic));
 }
 
