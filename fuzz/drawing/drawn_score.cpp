@@ -72,6 +72,7 @@ private:
 
     // Values and generators.
     std::string value(std::string_view) { return expand(type_); }
+    std::string value_without_blank(std::string_view);
     std::string walk(std::string_view) { return expand("walk_" + type_); }
     std::string comma(std::string_view) { return type_.ends_with("rhythm") ? "" : ","; }
     std::string joint(std::string_view);
@@ -129,6 +130,7 @@ const Drawing::Row Drawing::ROUTINES[] = {
     {"hidden", &Drawing::hidden},
     {"type_of", &Drawing::type_of},
     {"value", &Drawing::value},
+    {"value_without_blank", &Drawing::value_without_blank},
     {"walk", &Drawing::walk},
     {"comma", &Drawing::comma},
     {"joint", &Drawing::joint},
@@ -295,6 +297,13 @@ std::string Drawing::type_of(std::string_view type_and_word) {
     const auto [type, word] = split(type_and_word);
     type_ = type;
     return std::string(word);
+}
+
+// The first of a chord in a set, where a blank ends the element: calls may end in one.
+std::string Drawing::value_without_blank(std::string_view) {
+    std::string text = value({});
+    text.resize(text.find_last_not_of(' ') + 1);
+    return text;
 }
 
 // What joins two values to a chord, in one statement of a block alone, so that
