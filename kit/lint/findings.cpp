@@ -14,14 +14,6 @@ namespace {
 constexpr std::size_t MAX_OF_A_KIND = 200;  // who has more of them needs no further place
 constexpr std::string_view MARK = "vornkit: ignore";
 
-// The line of a file that holds the byte at `at`.
-std::string_view line_around(std::string_view text, std::size_t at) {
-    at = std::min(at, text.size());
-    const std::size_t newline = at == 0 ? std::string_view::npos : text.rfind('\n', at - 1);
-    const std::size_t begin = newline == std::string_view::npos ? 0 : newline + 1;
-    return text.substr(begin, text.find('\n', at) - begin);
-}
-
 bool is_code_character(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
 
 // Whether `code` is one of the words of a list.
@@ -34,6 +26,13 @@ bool is_listed(std::string_view list, std::string_view code) {
     return false;
 }
 
+bool silences(std::string_view line, std::string_view code) {
+    const std::size_t comment = line.find(';');
+    if (comment == std::string_view::npos) return false;
+    const std::size_t mark = line.find(MARK, comment);
+    return mark != std::string_view::npos && is_listed(line.substr(mark + MARK.size()), code);
+}
+
 }  // namespace
 
 std::string number_text(double value) {
@@ -42,16 +41,18 @@ std::string number_text(double value) {
     return text;
 }
 
-bool Findings::is_silenced(const FileSpan& span) const {
+bool Findings::is_silenced(const FileSpan& span) {
     if (std::find(options_.ignored.begin(), options_.ignored.end(), code_) != options_.ignored.end())
         return true;
     if (span.file < 0) return false;
-    const std::string& text = run_.map.files()[static_cast<std::size_t>(span.file)].text;
-    const std::string_view line = line_around(text, span.begin);
-    const std::size_t comment = line.find(';');
-    if (comment == std::string_view::npos) return false;
-    const std::size_t mark = line.find(MARK, comment);
-    return mark != std::string_view::npos && is_listed(line.substr(mark + MARK.size()), code_);
+    const SourceFile& file = run_.map.files()[static_cast<std::size_t>(span.file)];
+    const std::size_t line = file.index.line_of(static_cast<std::size_t>(span.begin));
+    if (span.file != file_ || line != line_) {
+        file_ = span.file;
+        line_ = line;
+        is_line_silenced_ = silences(file.index.line(file.text, line), code_);
+    }
+    return is_line_silenced_;
 }
 
 Diagnostic Findings::at(const FileSpan& span) const {

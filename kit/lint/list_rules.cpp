@@ -76,18 +76,21 @@ bool goes_on(const Statement& statement) {
 
 bool is_in_beats(const BlockRecord& block) { return block.length > 0; }
 
-// Whether the starts of P2 end before the block does. The engine's beats run ahead, for they
+// Whether the intervals of P2 end before the block does. The engine's beats run ahead, for they
 // count all values of a chord; each interval has been converted at the tempo of its beat.
+// Deviations may have taken a quarter of the last one.
 bool falls_short(const BlockRecord& block) {
     const EventTable& events = block.events;
     double beats = 0;
     double interval = 0;
-    for (std::size_t row = 1; row < events.size(); ++row) {
-        const double seconds = events.exact_start[row] - events.exact_start[row - 1];
-        if (seconds > 0) interval = seconds * double{find_tempo(events.beat[row - 1])} / 60;
-        if (seconds > 0) beats += interval;
+    for (std::size_t row = 0; row < events.size(); ++row) {
+        const bool is_last = row + 1 == events.size();
+        const double end = is_last ? events.exact_end : events.exact_start[row + 1];
+        if (end <= events.exact_start[row]) continue;
+        interval = (end - events.exact_start[row]) * double{find_tempo(events.beat[row])} / 60;
+        beats += interval;
     }
-    return interval > 0 && beats + interval * 1.5 < double{block.length};
+    return interval > 0 && beats + interval / 4 < double{block.length};
 }
 
 // How many of the items at `first` repeat the value before them: "x2", or slashes.
@@ -137,9 +140,9 @@ void setting_behind_loop(const Statement& statement, Findings& findings) {
 void times_behind_loop(const Statement& statement, Findings& findings) {
     const Items items = statement.items;
     for (std::size_t n = 1; n < items.size(); ++n) {
+        if (items[n - 1].kind != ItemKind::LOOP_CLOSE) continue;
         const std::size_t count = repeating(items, n);
-        const bool repeats = count > 0 && items[n - 1].kind == ItemKind::LOOP_CLOSE;
-        if (!repeats || statement.is_dropped(items[n])) continue;
+        if (count == 0 || statement.is_dropped(items[n])) continue;
         const Items row = items.subspan(n, count);
         Diagnostic diagnostic = findings.at(statement.begin_of(items[n - 1]), statement.last_of(row.back()));
         diagnostic.text =

@@ -235,6 +235,7 @@ void Recorder::sum_intervals(const ListNode* tail) {
         starts_.push_back({event, starts_.back().seconds + (in_chord ? 0 : interval)});
         interval = in_chord ? std::max(interval, own) : own;
     }
+    end_ = starts_.back().seconds + interval;
 }
 
 // The ring begins behind its tail. Events that a chord has added since P2 start with
@@ -242,6 +243,7 @@ void Recorder::sum_intervals(const ListNode* tail) {
 void Recorder::copy_events(BlockRecord& block, const ListNode* tail) const {
     if (tail == nullptr) return;
     reserve_events(block.events, count_events(tail), block.columns());
+    block.events.exact_end = end_;
     std::size_t next = 0;
     const ListNode* event = tail;
     do {
@@ -294,6 +296,7 @@ void Recorder::on_block(const Block& block) {
     }
     fields_.clear();
     starts_.clear();
+    end_ = 0;
     run_.blocks.push_back(std::move(record));
 }
 

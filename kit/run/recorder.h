@@ -58,6 +58,7 @@ private:
     // Of the block that is being read:
     std::vector<FieldRecord> fields_;  // by number
     std::vector<ExactStart> starts_;   // of the events that P2 has made, in their order
+    double end_ = 0;                   // of the interval of the last of them
 };
 
 }  // namespace vorn::kit

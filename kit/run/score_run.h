@@ -48,6 +48,7 @@ struct EventTable {
     std::vector<float> duration;
     std::vector<float> beat;
     std::vector<float> values;
+    double exact_end = 0;  // where the interval of the last start ends
 
     std::size_t size() const { return start.size(); }
 };

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 
@@ -214,7 +215,35 @@ TEST(ChordInStartLoop, EndsShortBlocksEarlyToo) {
         EXPECT_EQ(notes_of(score), (Notes{"L6 2:7 :"})) << beats;
     }
     EXPECT_EQ(notes_of("te(90)\ni1 = 3, 2, 6 {\np2 < 1:2 >\np3 1 }\n"), (Notes{"L6 3:7 :"}));
-    EXPECT_EQ(notes_of("i1 = 3, 0, 2 {\np2 < 1:1 >\np3 1 }\n"), Notes{});
+    EXPECT_EQ(notes_of("i1 = 3, 0, 2 {\np2 < 1:1 >\np3 1 }\n"), (Notes{"L6 2:7 :"}));
+}
+
+// Whether it is said of a block of this length with these starts.
+bool is_said_of(const std::string& length_and_starts) {
+    const std::vector<Diagnostic> notes = found_in("i1 = 4 0 " + length_and_starts + "\np3 1\np4 60}\n");
+    return std::any_of(notes.begin(), notes.end(), [](const Diagnostic& note) { return note.code == "L6"; });
+}
+
+// The interval of the last event is its own, however much longer than the one before it.
+TEST(ChordInStartLoop, FillsBlocksThatEndWithTheLongestInterval) {
+    for (const char* block :
+         {"1 {p2 <1:1>", "3 {p2 <1:1 2>", "4 {p2 <1:1 3>", "5 {p2 <1:1 4>", "6 {p2 <2:2 4>",
+          "8 {p2 4 <1:1 3>", "4 {p2 <1:1 1 2>", "4 {p2 <1:1:1 3>", "4 {p2 <1:4>"}) {
+        EXPECT_FALSE(is_said_of(block)) << block;
+    }
+    for (const char* block : {"4 {p2 <1:1 2>", "7 {p2 <1:1 2>", "5 {p2 <1:1 3>", "9 {p2 4 <1:1 3>"}) {
+        EXPECT_TRUE(is_said_of(block)) << block;
+    }
+}
+
+// The chord lasts two seconds at 60, what follows one at 120: two beats each.
+TEST(ChordInStartLoop, CountsEachIntervalAtItsTempo) {
+    EXPECT_EQ(notes_of("te(0 3 60 60)\nte(3 8 120 120)\ni1 = 4 0 4 {p2 <2:1 2>\np3 1\np4 60}\n"), Notes{});
+}
+
+// The intervals of this seed are 1.06 and 1.68.
+TEST(ChordInStartLoop, AllowsForDeviations) {
+    EXPECT_EQ(notes_of("rs(2)\ni1 = 4 0 3 {p2 rd(.2) <1:1 2>\np3 1\np4 60}\n"), Notes{});
 }
 
 TEST(ChordInStartLoop, IsRightInEventsAndOutsideOfLoops) {
@@ -570,6 +599,25 @@ TEST(Lint, IsSilencedByACommentOnTheLine) {
     EXPECT_EQ(notes_of(four_events("p4 0,5 ; by ear; vornkit: ignore L1, L2")), Notes{});
     EXPECT_EQ(notes_of(four_events("p4 0,5 ; vornkit: ignore L1 L12")), (Notes{"L2 4:4 0,5"}));
     EXPECT_EQ(notes_of(four_events("p4 0,5\n; vornkit: ignore L2")), (Notes{"L2 4:4 0,5"}));
+}
+
+TEST(Lint, IsSilencedOnEachLineAndForEachRuleByItself) {
+    const std::string list = "p4 0,5 0,25 ; vornkit: ignore L2\n0,5 ; vornkit: ignore L3\n0,5 1-2 1-3\n}\n";
+    EXPECT_EQ(notes_of("i1 = 4, 0, -12 {\np2 1\np3 1\n" + list),
+              (Notes{"L2 5:1 0,5", "L2 6:1 0,5", "L3 6:5 1-2", "L3 6:9 1-3"}));
+    EXPECT_EQ(notes_of(four_events("p4 0,5 1-2 ; vornkit: ignore L3")), (Notes{"L2 4:4 0,5"}));
+}
+
+// A line of any length is looked through once, not for each of its findings or items.
+TEST(Lint, ReadsLongLinesOnce) {
+    constexpr std::size_t MANY = 200'000;
+    std::string pairs = "p4 ";
+    for (std::size_t n = 0; n < MANY; ++n) pairs += "1,5 ";
+    const std::vector<Diagnostic> notes = found_in(four_events(pairs));
+    EXPECT_GT(notes.size(), 0U);
+    const std::string row(MANY, '/');
+    EXPECT_EQ(notes_of(four_events("p4 60" + row)).size(), 1U);
+    EXPECT_EQ(notes_of(four_events("p4 <60> 62" + row)).size(), 1U);
 }
 
 TEST(Lint, IsSilencedByOption) {
