@@ -1,10 +1,10 @@
 // Bytes of a file as text. What is not UTF-8 is read as Windows-1252, which has a letter for nearly every byte
 // and holds Latin-1: so no letter is lost, and the composer is told. Inside and in all that is downloaded the
-// text is UTF-8.
+// text is UTF-8. A byte order mark stays: the engine tells of it here as it does anywhere else.
 import { textFile, type TextFile } from '../state/piece';
 import { notice } from '../ui/notices';
 
-const utf8 = new TextDecoder('utf-8', { fatal: true });
+const utf8 = new TextDecoder('utf-8', { fatal: true, ignoreBOM: true });
 const windows1252 = new TextDecoder('windows-1252');
 
 function fromUtf8(bytes: Uint8Array): string | undefined {

@@ -2,7 +2,7 @@
 // join the piece that is there.
 import type { Autosave } from '../keep/autosave';
 import type { AppStore } from '../state/app_state';
-import { MAIN_SUFFIX, ORCHESTRA_SUFFIX, withFile, type TextFile } from '../state/piece';
+import { MAIN_SUFFIX, ORCHESTRA_SUFFIX, withFile, type Piece, type TextFile } from '../state/piece';
 import { make } from '../ui/dom';
 import { notice } from '../ui/notices';
 import { readText } from './decoding';
@@ -21,6 +21,14 @@ async function readTexts(files: readonly File[]): Promise<TextFile[]> {
 const rank = ({ name }: TextFile): number =>
     name.endsWith(MAIN_SUFFIX) ? 0 : name.endsWith(ORCHESTRA_SUFFIX) ? 1 : 2;
 
+const INCLUDE_SUFFIX = '.inc';
+
+// A text of some other name, alone, is taken for a score, unless the piece has a file of its name.
+const joins = ({ name }: TextFile, piece: Piece): boolean =>
+    name.endsWith(ORCHESTRA_SUFFIX) ||
+    name.endsWith(INCLUDE_SUFFIX) ||
+    piece.files.some((file) => file.name === name);
+
 // A Csound document holds an orchestra and perhaps a score of ours.
 function unpacked(file: TextFile): TextFile[] {
     if (!file.name.endsWith('.csd')) return [file];
@@ -37,7 +45,7 @@ export async function takeFiles(store: AppStore, autosave: Autosave, files: read
     const texts = (await readTexts(files)).flatMap(unpacked).sort((a, b) => rank(a) - rank(b));
     const [first] = texts;
     if (!first) return;
-    if (rank(first) === 0 || texts.every((text) => rank(text) === 2)) {
+    if (rank(first) === 0 || !texts.some((text) => joins(text, store.state.piece))) {
         autosave.replace(
             { title: first.name.replace(/\.[^.]+$/, ''), files: texts },
             'before a file was opened',

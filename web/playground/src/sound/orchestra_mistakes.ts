@@ -33,9 +33,17 @@ function readComplaints(text: string): Complaint[] {
     return complaints;
 }
 
+// A file that an orchestra includes is told by its name alone.
+function lineOf({ text, line }: Complaint, lines: readonly string[]): Complaint {
+    const name = /^cannot open #include'd file (.+)$/i.exec(text)?.[1];
+    if (line > 0 || name === undefined) return { text, line };
+    return { text: `cannot open '${name}'`, line: lines.findIndex((one) => one.includes(name)) + 1 };
+}
+
 // The word that the complaint quotes, or else the whole line.
-function placeOf({ text, line }: Complaint, orchestra: TextFile): Place | null {
+function placeOf(complaint: Complaint, orchestra: TextFile): Place | null {
     const lines = orchestra.text.split('\n');
+    const { text, line } = lineOf(complaint, lines);
     if (line === 0) return null;
     const at = Math.min(line, lines.length);
     const written = lines[at - 1] ?? '';

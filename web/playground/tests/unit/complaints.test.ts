@@ -3,6 +3,7 @@ import { inflateSync } from 'node:zlib';
 import { beforeAll, describe, expect, it } from 'vitest';
 import type { Diagnostic } from 'vorn-wasm';
 import { perform } from '../../src/sound/csound/performance';
+import { ORCHESTRA_REFUSED } from '../../src/sound/csound/protocol';
 import { stillHolding } from '../../src/sound/complaints';
 import { orchestraMistakes } from '../../src/sound/orchestra_mistakes';
 import type { Piece } from '../../src/state/piece';
@@ -24,6 +25,7 @@ async function mistakesIn(body: string): Promise<Diagnostic[]> {
     await perform(csound, { orchestra: orchestra.text, score: 'i1 0 1\ne\n', files: new Map() }, (text) => {
         said += text;
     }).catch((error: Error) => (refusal = error.message));
+    expect(refusal).toBe(ORCHESTRA_REFUSED);
     return orchestraMistakes(said, orchestra, refusal);
 }
 
@@ -38,6 +40,7 @@ describe('a mistake of an orchestra', () => {
         ['instr 1\nasound poscil "x"\nendin\n', '6 poscil', 'matching argument types: a poscil S'],
         ['instr 1\n prints "abc\nendin\n', '6 prints "abc', 'unterminated string'],
         ['instr 1\nasound poscil .1, 440\n', '7 ', 'unexpected end of file'],
+        ['instr 1\nendin\n#include "no.inc"\n', '7 no.inc', 'annot open'],
         ['instr 1\nendin\ninstr 1\nendin\n', 'nowhere', 'instr 1 redefined'],
     ])('is told where it stands: %j', async (body, mark, words) => {
         const [first] = await mistakesIn(body);

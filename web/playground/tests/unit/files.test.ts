@@ -28,6 +28,24 @@ describe('a file', () => {
         expect(told).toHaveLength(1);
         expect(told[0]).toMatch(/^a\.vorn is not UTF-8/);
     });
+    it('keeps its byte order mark, of which the engine tells', () => {
+        expect(readText('a.vorn', bytesOf('\uFEFFi1\n'))).toEqual({ name: 'a.vorn', text: '\uFEFFi1\n' });
+    });
+    it.each([
+        ['x.inc', true],
+        ['x.orc', true],
+        ['untitled.txt', false],
+        ['x.vorn', false],
+    ])('of the name %s joins the piece that is there: %s', async (name, joins) => {
+        const store = createAppStore();
+        const { piece } = store.state;
+        const autosave: Autosave = { replace: (other) => openPiece(store, other), remember: () => undefined };
+        await takeFiles(store, autosave, [new File(['p2 1\n'], name)]);
+        const names = store.state.piece.files.map((file) => file.name);
+        expect(names).toEqual(joins ? [...piece.files.map((file) => file.name), name] : [name]);
+        await takeFiles(store, autosave, [new File(['p2 2\n'], name)]);
+        expect(store.state.piece.files.find((file) => file.name === name)?.text).toBe('p2 2\n');
+    });
     it('that is no text changes nothing', async () => {
         const store = createAppStore();
         const { piece } = store.state;

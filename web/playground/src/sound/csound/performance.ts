@@ -25,15 +25,26 @@ function check(status: number, what: string): void {
     if (status !== 0) throw new CsoundRefusal(what);
 }
 
+// Csound breaks off where it cannot go on reading, as behind an include that is not there.
+function compileOrchestra(
+    { functions, withText }: CsoundInstance,
+    handle: number,
+    orchestra: string,
+): number {
+    try {
+        return withText(forBrowsers(orchestra), (text) => functions.csoundCompileOrc(handle, text));
+    } catch (error) {
+        if (error instanceof WebAssembly.RuntimeError) return -1;
+        throw error;
+    }
+}
+
 function prepare(csound: CsoundInstance, piece: Piece): number {
     const { functions, withText } = csound;
     functions.csoundInitialize(0);
     const handle = functions.csoundCreateWasi();
     for (const option of OPTIONS) withText(option, (text) => functions.csoundSetOption(handle, text));
-    check(
-        withText(forBrowsers(piece.orchestra), (text) => functions.csoundCompileOrc(handle, text)),
-        ORCHESTRA_REFUSED,
-    );
+    check(compileOrchestra(csound, handle, piece.orchestra), ORCHESTRA_REFUSED);
     check(
         withText(piece.score, (text) => functions.csoundReadScore(handle, text)),
         'Csound refuses the score.',
