@@ -82,6 +82,10 @@ class Client implements VornClient {
         this.isAsked = true;
         this.worker ??= this.beginWorker();
         this.worker.postMessage(waiting.asking);
+    }
+
+    /** A deadline counts from when the engine has been loaded, however slow the line. */
+    private limit(waiting: Waiting): void {
         const { deadline } = waiting.patience;
         if (deadline === undefined) return;
         this.timer = setTimeout(() => {
@@ -105,6 +109,10 @@ class Client implements VornClient {
     private take(answer: Answering): void {
         const waiting = this.queue[0];
         if (waiting === undefined || waiting.asking.id !== answer.id) return;
+        if ('isBegun' in answer) {
+            this.limit(waiting);
+            return;
+        }
         this.queue.shift();
         this.settled(waiting);
         this.rest();

@@ -8,8 +8,11 @@ export interface Asking {
     readonly args: readonly unknown[];
 }
 
+/** First that its engine is there, then its value or what it failed by. */
 export type Answering =
-    { readonly id: number; readonly value: unknown } | { readonly id: number; readonly failure: Failure };
+    | { readonly id: number; readonly isBegun: true }
+    | { readonly id: number; readonly value: unknown }
+    | { readonly id: number; readonly failure: Failure };
 
 /** An error as it crosses: a `VornError` by its reason, another one by its name. */
 export interface Failure {

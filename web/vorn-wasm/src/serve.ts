@@ -41,7 +41,9 @@ export function serve(engines: Engines, send: Send): (asking: Asking) => Promise
             const isNew = asking.method === 'compile' || asking.method === 'run';
             const engine = wantsWhole(asking) ? engines.whole() : isNew ? engines.small : last;
             if (asking.method === 'compile') last = engine;
-            const value = answer(await engine, asking);
+            const vorn = await engine;
+            send({ id: asking.id, isBegun: true }, []);
+            const value = answer(vorn, asking);
             send({ id: asking.id, value }, [...transferablesOf(value)]);
         } catch (error) {
             send({ id: asking.id, failure: failureOf(error) }, []);

@@ -336,7 +336,7 @@ type Promised<Call> = Call extends (...args: infer Arguments) => infer Value
 
 /** Who waits for an answer no longer than so long, or not any more. */
 export interface Patience {
-    /** Milliseconds; then the engine is ended and begun anew. */
+    /** Milliseconds from when the engine is loaded; then it is ended and begun anew. */
     readonly deadline?: number;
     readonly signal?: AbortSignal;
 }

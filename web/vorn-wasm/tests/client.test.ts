@@ -6,7 +6,7 @@ import { serve } from '../src/serve.js';
 import type { VornClient } from '../src/types.js';
 
 // The page's side of a Worker. The Worker here runs in the same thread, behind a turn of the
-// clock; one that is stuck answers nothing.
+// clock; one that is stuck answers nothing once it has begun.
 
 const SMALL = new URL('../dist/vorn-small.wasm', import.meta.url);
 const WHOLE = new URL('../dist/vorn.wasm', import.meta.url);
@@ -16,9 +16,13 @@ const STUCK = '; for ever\n';
 class LocalWorker implements WorkerLike {
     static begun = 0;
     static ended = 0;
+    static loading: Promise<unknown> = Promise.resolve();
     onmessage: ((event: MessageEvent<Answering>) => void) | null = null;
     onerror: ((event: ErrorEvent) => void) | null = null;
-    private readonly engines = { small: loadVorn(SMALL), whole: () => loadVorn(WHOLE) };
+    private readonly engines = {
+        small: LocalWorker.loading.then(() => loadVorn(SMALL)),
+        whole: () => loadVorn(WHOLE),
+    };
     private readonly handle = serve(this.engines, (message) => {
         this.onmessage?.({ data: structuredClone(message) } as MessageEvent<Answering>);
     });
@@ -29,7 +33,11 @@ class LocalWorker implements WorkerLike {
 
     postMessage(message: Asking): void {
         const [files] = message.args as [Record<string, string> | undefined];
-        if (files?.['a'] === STUCK) return;
+        if (files?.['a'] === STUCK) {
+            const begun = { id: message.id, isBegun: true } as const;
+            queueMicrotask(() => this.onmessage?.({ data: begun } as MessageEvent<Answering>));
+            return;
+        }
         void this.handle(structuredClone(message));
     }
 
@@ -74,6 +82,14 @@ describe('a client', () => {
         await expect(late).rejects.toMatchObject({ name: 'VornError', reason: 'deadline' });
         expect((await behind).eventCount).toBe(8);
         expect([LocalWorker.begun, LocalWorker.ended]).toEqual([2, 1]);
+    });
+
+    it('counts a deadline from when the engine has been loaded', async () => {
+        LocalWorker.loading = new Promise((resolve) => setTimeout(resolve, 1500));
+        const result = await connect().compile({ a: PIECE }, {}, { deadline: 1000 });
+        LocalWorker.loading = Promise.resolve();
+        expect(result.eventCount).toBe(8);
+        expect(LocalWorker.ended).toBe(0);
     });
 
     it('ends a Worker whose work nobody wants any more', async () => {

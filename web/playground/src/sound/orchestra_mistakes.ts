@@ -37,7 +37,10 @@ function readComplaints(text: string): Complaint[] {
 function lineOf({ text, line }: Complaint, lines: readonly string[]): Complaint {
     const name = /^cannot open #include'd file (.+)$/i.exec(text)?.[1];
     if (line > 0 || name === undefined) return { text, line };
-    return { text: `cannot open '${name}'`, line: lines.findIndex((one) => one.includes(name)) + 1 };
+    return {
+        text: `cannot open '${name}'`,
+        line: lines.findIndex((one) => one.trimStart().startsWith('#include') && one.includes(name)) + 1,
+    };
 }
 
 // The word that the complaint quotes, or else the whole line.

@@ -40,7 +40,7 @@ describe('a mistake of an orchestra', () => {
         ['instr 1\nasound poscil "x"\nendin\n', '6 poscil', 'matching argument types: a poscil S'],
         ['instr 1\n prints "abc\nendin\n', '6 prints "abc', 'unterminated string'],
         ['instr 1\nasound poscil .1, 440\n', '7 ', 'unexpected end of file'],
-        ['instr 1\nendin\n#include "no.inc"\n', '7 no.inc', 'annot open'],
+        ['instr 1\nendin ; no.inc\n#include "no.inc"\n', '7 no.inc', 'annot open'],
         ['instr 1\nendin\ninstr 1\nendin\n', 'nowhere', 'instr 1 redefined'],
     ])('is told where it stands: %j', async (body, mark, words) => {
         const [first] = await mistakesIn(body);
