@@ -20,7 +20,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int VERSION = 1;  // of the form; a change that old readers do not survive raises it
+constexpr int FORM_VERSION = 1;  // a change that old readers do not survive raises it
 
 // The double that prints as the float does: 0.1, not 0.10000000149011612.
 Json json_number(float value) {
@@ -102,7 +102,7 @@ Json block_json(const ScoreRun& run, std::size_t index, const EventsOptions& opt
 
 Json score_json(const ScoreRun& run) {
     const bool has_score = !run.map.files().empty();
-    Json json = {{"version", VERSION},
+    Json json = {{"version", FORM_VERSION},
                  {"score", has_score ? Json(run.map.files().front().name) : Json(nullptr)},
                  {"status", run.status},
                  {"seconds", run.seconds}};

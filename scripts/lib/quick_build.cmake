@@ -4,8 +4,8 @@
 set(COMPILED_AS_ONE src/input src/preproc src/blocks src/generators src/output kit/run kit/diagnose
     kit/lint kit/events kit/midi kit/picture kit/orchestra kit/vary kit/command)
 # Inner names that more than one file of a folder has: each file of what is compiled as one gets its own.
-set(INNER_NAMES ROWS TABLE LINE_HEIGHT JSON_INDENT JSON_VERSION VERSION dumped is_flat_d
-    advise_brace advise_comma advise_misspelt advise_sharp lower is_in_beats is_note)
+set(INNER_NAMES ROWS TABLE LINE_HEIGHT JSON_INDENT JSON_VERSION dumped is_flat_d
+    advise_brace advise_comma advise_condition advise_equals advise_misspelt advise_sharp lower is_in_beats is_note)
 # Files of these whose inner names meet those of a neighbour in other ways.
 set(STANDING_ALONE diagnose/foreign diagnose/marks diagnose/unnumbered picture/score_view picture/theme)
 # What large libraries cost is paid once each, rather than by each file that uses them; for the command
