@@ -240,6 +240,9 @@ bool advise_brace(Adviser& adviser) {
     blank_comments(rest);
     const std::size_t next = next_visible(rest, 0);
     const std::string_view further = std::string_view(rest).substr(next);
+    if (word == "/" || (!further.empty() && std::string_view("{*+/%").find(further[0]) < 5)) {
+        return adviser.help("a length is one number; nothing is computed");
+    }
     if (begins_number(further)) return adviser.help("there is a number too many before the `{`");
     if (const std::size_t length = plain_word_length(further); length > 0) {
         adviser.point_at({behind + next, behind + next + length});
