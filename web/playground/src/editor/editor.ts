@@ -26,6 +26,7 @@ import type { AppStore } from '../state/app_state';
 import { fileOf, isOrchestra, withText } from '../state/piece';
 import { syntaxColors } from './colors';
 import { scoreLanguage } from './language';
+import { showWayOut } from './way_out';
 import { applyEdits, fromPiece, placeCursor, takeOver, type Edit } from './texts';
 
 export interface Editor {
@@ -88,6 +89,7 @@ const common: Extension = [
 const named = (name: string): Extension =>
     EditorView.contentAttributes.of({
         'aria-label': isOrchestra(name) ? `Orchestra ${name}` : `Score ${name}`,
+        'aria-describedby': 'editor-help',
         tabindex: '0',
         spellcheck: 'false',
         autocorrect: 'off',
@@ -178,6 +180,7 @@ export function createEditor(store: AppStore, parent: HTMLElement, extra: Extens
     const states = new States(store, [extra, listener]);
     const view = new EditorView({ state: states.get(store.state.activeFile), parent });
     followPiece(store, view, states);
+    showWayOut(parent);
     return {
         view,
         apply: (edits) => applyEdits(store, view, edits),

@@ -147,6 +147,32 @@ test('everything is reached by keys', async ({ playground: page }) => {
     }
 });
 
+test('who comes into the editor by keys is told how to leave it, and who clicks is not', async ({
+    playground: page,
+}) => {
+    const text = page.locator('.cm-content');
+    const hint = page.locator('.way-out');
+    await expect(text).toHaveAccessibleDescription(/Escape, then Tab leaves the editor/);
+    await text.click();
+    await page.keyboard.press('Tab');
+    await expect(hint).toBeHidden();
+    await page.keyboard.press('Control+z');
+    await page.getByRole('button', { name: 'Add a file or take one out' }).focus();
+    await page.keyboard.press('Tab');
+    await expect(text).toBeFocused();
+    await expect(hint).toBeVisible();
+    expect(await violations(page)).toEqual([]);
+    await page.keyboard.press('Escape');
+    await page.keyboard.press('Tab');
+    await expect(text).not.toBeFocused();
+    await expect(hint).toBeHidden();
+    await page.keyboard.press('Shift+Tab');
+    await expect(text).toBeFocused();
+    await expect(hint).toBeVisible();
+    await page.keyboard.press('ArrowDown');
+    await expect(hint).toBeHidden();
+});
+
 test('a screen reader is told what stands where', async ({ playground: page }) => {
     await load(page, SCORE);
     await expect(page.locator('body')).toMatchAriaSnapshot(`
