@@ -38,13 +38,14 @@ const { values: options } = parseArgs({
 });
 const folder = resolve(options.folder ?? join(dirname(fileURLToPath(import.meta.url)), '../dist'));
 
-const PART = /\.(vorn|orc|inc)$/;
+const PART = /\.(vorn|orc|inc)$/i;
 
 // The watched score, first, and what lies beside it: includes, and the orchestra of the same name.
 function watchedPiece(file) {
     const place = dirname(resolve(file));
     const stem = basename(file, extname(file));
-    const isPart = (name) => name.endsWith('.inc') || name === `${stem}.orc`;
+    const isOwn = (name) => basename(name, extname(name)) === stem;
+    const isPart = (name) => /\.inc$/i.test(name) || (/\.orc$/i.test(name) && isOwn(name));
     const others = readdirSync(place).filter((name) => PART.test(name) && isPart(name));
     const files = [basename(file), ...others].map((name) => ({
         name,

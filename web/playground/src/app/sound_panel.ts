@@ -1,26 +1,31 @@
 // The panel of sound: by what it is played, and what Csound says.
 import { findPorts, hasMidi, type Port } from '../sound/midi_ports';
 import { withoutMarks } from '../sound/orchestra_mistakes';
-import { BUILT_IN, MIDI, ORCHESTRA } from '../sound/sounding';
-import type { AppState, AppStore } from '../state/app_state';
-import { orchestraOf } from '../state/piece';
+import { BUILT_IN, MIDI, ORCHESTRA, playWith, type AppState, type AppStore } from '../state/app_state';
+import { orchestraOf, orchestrasOf } from '../state/orchestras';
 import { make } from '../ui/dom';
 import { drawing, type PanelView } from './panels';
 
-function outputChoice(store: AppStore, ports: readonly Port[]): HTMLOptionElement[] {
-    const orchestra = orchestraOf(store.state.piece);
+const MADE = 'Csound with an orchestra made for it';
+const OF = `${ORCHESTRA}:`; // before the name of one
+
+function outputChoice({ state }: AppStore, ports: readonly Port[]): HTMLOptionElement[] {
+    const { piece, output } = state;
+    const playing = orchestraOf(piece);
+    const own = orchestrasOf(piece).map(({ name }) => ({ id: OF + name, name: `Csound with ${name}` }));
     const choices = [
-        {
-            id: ORCHESTRA,
-            name: orchestra ? `Csound with ${orchestra.name}` : 'Csound with an orchestra made for it',
-        },
-        ...(orchestra ? [{ id: BUILT_IN, name: 'Csound with an orchestra made for it' }] : []),
+        ...own,
+        { id: own.length > 0 ? BUILT_IN : ORCHESTRA, name: MADE },
         { id: MIDI, name: 'MIDI: an instrument of this page' },
         ...ports.map(({ id, name }) => ({ id, name: `MIDI: ${name}` })),
     ];
-    return choices.map(({ id, name }) =>
-        make('option', { value: id, selected: id === store.state.output }, name),
-    );
+    const now = output === ORCHESTRA && playing ? OF + playing.name : output;
+    return choices.map(({ id, name }) => make('option', { value: id, selected: id === now }, name));
+}
+
+function choose(store: AppStore, id: string): void {
+    if (id.startsWith(OF)) playWith(store, id.slice(OF.length));
+    else store.act('choose output', () => ({ output: id }));
 }
 
 class SoundView {
@@ -44,7 +49,7 @@ class SoundView {
     ) {
         this.find.hidden = !hasMidi();
         this.find.addEventListener('click', () => void this.look());
-        this.choice.addEventListener('change', () => this.choose());
+        this.choice.addEventListener('change', () => choose(store, this.choice.value));
         const row = make(
             'div',
             { class: 'panel-row' },
@@ -52,11 +57,6 @@ class SoundView {
             this.find,
         );
         place.append(row, this.trouble, this.text);
-    }
-
-    private choose(): void {
-        const { value } = this.choice;
-        this.store.act('choose output', () => ({ output: value }));
     }
 
     private async look(): Promise<void> {

@@ -17,6 +17,7 @@ import CsoundWorker from '../sound/csound/worker?worker&inline';
 import { Player } from '../sound/player';
 import { Renderer, Rendering } from '../sound/rendering';
 import { timeText } from '../picture/span';
+import { hasSuffix, isOrchestra, MAIN_SUFFIX } from '../state/piece';
 import { make, prose } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
@@ -94,7 +95,7 @@ class VornScore extends HTMLElement {
         const named = namedTexts(this);
         if (source !== null) return { [this.name]: await fetchedText(source), ...named };
         const own = ownText(this);
-        const [first] = Object.keys(named).filter((name) => name.endsWith('.vorn'));
+        const [first] = Object.keys(named).filter((name) => hasSuffix(name, MAIN_SUFFIX));
         if (own.trim() !== '' || first === undefined) return { [this.name]: own, ...named };
         return { [first]: named[first] ?? '', ...named };
     }
@@ -116,7 +117,7 @@ class VornScore extends HTMLElement {
     }
 
     private compiled(engine: Vorn, texts: Texts): Result {
-        const isScore = ([name]: [string, string]): boolean => !name.endsWith('.orc');
+        const isScore = ([name]: [string, string]): boolean => !isOrchestra(name);
         const scores = Object.fromEntries(Object.entries(texts).filter(isScore));
         return engine.compile(scores, { outputs: ['score', 'builtIn'] });
     }
@@ -172,7 +173,7 @@ class VornScore extends HTMLElement {
     private async orchestra(): Promise<string | undefined> {
         const address = this.getAttribute('orchestra');
         if (address) return fetchedText(address);
-        return Object.entries(this.texts).find(([name]) => name.endsWith('.orc'))?.[1];
+        return Object.entries(this.texts).find(([name]) => isOrchestra(name))?.[1];
     }
 
     private silence(): void {

@@ -1,7 +1,8 @@
 // Bytes of a file as text. What is not UTF-8 is read as Windows-1252, which has a letter for nearly every byte
 // and holds Latin-1: so no letter is lost, and the composer is told. Inside and in all that is downloaded the
-// text is UTF-8. A byte order mark stays: the engine tells of it here as it does anywhere else.
-import { textFile, type TextFile } from '../state/piece';
+// text is UTF-8. A byte order mark stays: the engine tells of it here as it does anywhere else. That of an
+// orchestra goes, of which the composer is told, too.
+import { BYTE_ORDER_MARK, textFile, type TextFile } from '../state/piece';
 import { notice } from '../ui/notices';
 
 const utf8 = new TextDecoder('utf-8', { fatal: true, ignoreBOM: true });
@@ -24,5 +25,8 @@ export function readText(name: string, bytes: Uint8Array): TextFile | undefined 
     const text = fromUtf8(bytes);
     if (text === undefined)
         notice(`${name} is not UTF-8: it is read as Windows-1252, and downloads will be UTF-8.`);
-    return textFile(name, text ?? windows1252.decode(bytes));
+    const file = textFile(name, text ?? windows1252.decode(bytes));
+    if (text?.startsWith(BYTE_ORDER_MARK) && !file.text.startsWith(BYTE_ORDER_MARK))
+        notice(`${name} began with a byte order mark, which Csound refuses: it was left out.`);
+    return file;
 }

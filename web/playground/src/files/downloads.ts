@@ -2,7 +2,8 @@
 import type { Output, Result, VornClient } from 'vorn-wasm';
 import type { Sounding } from '../sound/sounding';
 import type { AppStore } from '../state/app_state';
-import { mainFile, MAIN_SUFFIX, orchestraOf, writtenSourcesOf, writtenText } from '../state/piece';
+import { orchestraOf } from '../state/orchestras';
+import { mainFile, withoutSuffix, writtenSourcesOf, writtenText, type TextFile } from '../state/piece';
 import type { MenuEntry } from '../ui/menu';
 import { notice } from '../ui/notices';
 import { renderedWave } from './rendered_wave';
@@ -33,6 +34,12 @@ ${score.trimEnd()}
 </CsoundSynthesizer>
 `;
 
+const textEntry = (file: TextFile): MenuEntry => ({
+    name: file.name,
+    hint: 'the text',
+    act: () => saveAs(file.name, writtenText(file)),
+});
+
 export class Downloads {
     constructor(
         private readonly store: AppStore,
@@ -41,7 +48,8 @@ export class Downloads {
     ) {}
 
     entries(): MenuEntry[] {
-        const { stem } = this;
+        const { piece } = this.store.state;
+        const stem = withoutSuffix(mainFile(piece).name);
         const offer = (
             suffix: string,
             hint: string,
@@ -52,10 +60,7 @@ export class Downloads {
             act: () => void this.give(stem + suffix, make),
         });
         return [
-            offer(MAIN_SUFFIX, 'the text', () =>
-                Promise.resolve(writtenText(mainFile(this.store.state.piece))),
-            ),
-            ...this.otherFiles(),
+            ...piece.files.map(textEntry),
             'line',
             offer('.sco', 'Csound score', () => this.made('score', (result) => result.score)),
             offer('.csd', 'score and orchestra', () => this.document()),
@@ -67,19 +72,6 @@ export class Downloads {
             offer('.svg', 'picture', () => this.made('picture', (result) => result.picture)),
             offer('.json', 'events', () => this.made('json', (result) => result.json)),
         ];
-    }
-
-    private get stem(): string {
-        return mainFile(this.store.state.piece).name.replace(MAIN_SUFFIX, '');
-    }
-
-    private otherFiles(): MenuEntry[] {
-        const [, ...others] = this.store.state.piece.files;
-        return others.map((file) => ({
-            name: file.name,
-            hint: 'the text',
-            act: () => saveAs(file.name, writtenText(file)),
-        }));
     }
 
     private async give(name: string, make: () => Promise<BlobPart | Blob | undefined>): Promise<void> {

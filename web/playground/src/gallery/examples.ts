@@ -1,6 +1,5 @@
 // The examples of the repository, each with its orchestra and its includes, as pieces.
-import type { Piece, TextFile } from '../state/piece';
-import { MAIN_SUFFIX, ORCHESTRA_SUFFIX } from '../state/piece';
+import { hasSuffix, MAIN_SUFFIX, ORCHESTRA_SUFFIX, type Piece, type TextFile } from '../state/piece';
 
 const texts = import.meta.glob<string>('../../../../examples/*/*.{vorn,orc,inc}', {
     query: '?raw',
@@ -16,7 +15,7 @@ export interface Example {
 
 const RANKS = [MAIN_SUFFIX, ORCHESTRA_SUFFIX];
 const rankOf = (name: string): number => {
-    const rank = RANKS.findIndex((suffix) => name.endsWith(suffix));
+    const rank = RANKS.findIndex((suffix) => hasSuffix(name, suffix));
     return rank < 0 ? RANKS.length : rank;
 };
 
@@ -44,7 +43,7 @@ function collect(): Example[] {
         folders.set(folder, [...(folders.get(folder) ?? []), { name, text }]);
     }
     return [...folders]
-        .filter(([, files]) => files.some((file) => file.name.endsWith(MAIN_SUFFIX)))
+        .filter(([, files]) => files.some((file) => hasSuffix(file.name, MAIN_SUFFIX)))
         .map(([folder, files]) => {
             const sorted = files.sort(
                 (a, b) => rankOf(a.name) - rankOf(b.name) || a.name.localeCompare(b.name),

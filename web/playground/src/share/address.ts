@@ -38,8 +38,8 @@ async function collected(stream: ReadableStream<Uint8Array>, most: number): Prom
 }
 
 export async function toFragment(piece: Piece): Promise<string> {
-    const { title, files } = piece;
-    const packed = new Blob([JSON.stringify({ title, files })])
+    const { title, files, orchestra } = piece;
+    const packed = new Blob([JSON.stringify({ title, files, orchestra })])
         .stream()
         .pipeThrough(new CompressionStream('deflate-raw'));
     return KEY + toLetters(await collected(packed, Infinity));

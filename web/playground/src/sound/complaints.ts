@@ -1,9 +1,14 @@
 // How long a complaint of Csound holds: until what it is about has been changed. What is said of the score may be
 // mended anywhere in the score or in the orchestra; what is said of the orchestra, in its line.
 import type { Diagnostic } from 'vorn-wasm';
-import { fileOf, isOrchestra, type Piece } from '../state/piece';
+import { orchestraOf, partsOf } from '../state/orchestras';
+import { fileOf, type Piece, type TextFile } from '../state/piece';
 
-export function hasSameTexts(before: Piece, after: Piece): boolean {
+const hasSameOrchestra = (before: Piece, after: Piece): boolean =>
+    orchestraOf(before)?.name === orchestraOf(after)?.name;
+
+export function soundsAlike(before: Piece, after: Piece): boolean {
+    if (!hasSameOrchestra(before, after)) return false;
     const names = new Set([...before.files, ...after.files].map(({ name }) => name));
     return [...names].every((name) => fileOf(before, name)?.text === fileOf(after, name)?.text);
 }
@@ -35,18 +40,28 @@ function moved(complaint: Diagnostic, before: string, after: string): Diagnostic
     };
 }
 
+// A file that was asked for, as in "cannot open 'reverb.inc'", and has come.
+const asksFor = ({ text }: Diagnostic, { files }: Piece, before: Piece): boolean =>
+    files.some(({ name }) => text.includes(`'${name}'`) && !fileOf(before, name));
+
+function partsOfOrchestra(piece: Piece): readonly TextFile[] {
+    const orchestra = orchestraOf(piece);
+    return orchestra ? partsOf(piece, orchestra) : [];
+}
+
 // Those complaints of the piece `before` that hold for `after`, too.
 export function stillHolding(
     complaints: readonly Diagnostic[],
     before: Piece,
     after: Piece,
 ): readonly Diagnostic[] {
-    if (complaints.length === 0 || hasSameTexts(before, after)) return complaints;
+    if (complaints.length === 0 || soundsAlike(before, after)) return complaints;
+    if (!hasSameOrchestra(before, after)) return [];
+    const parts = partsOfOrchestra(before);
     return complaints.flatMap((one) => {
-        const file = one.place?.file ?? '';
-        const text = fileOf(before, file)?.text;
-        const now = fileOf(after, file)?.text;
-        if (!isOrchestra(file) || text === undefined || now === undefined) return [];
-        return (text === now ? one : moved(one, text, now)) ?? [];
+        const part = parts.find(({ name }) => name === one.place?.file);
+        const now = part && fileOf(after, part.name);
+        if (!now || asksFor(one, after, before)) return [];
+        return (part.text === now.text ? one : moved(one, part.text, now.text)) ?? [];
     });
 }

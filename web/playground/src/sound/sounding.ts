@@ -1,10 +1,11 @@
 // What is heard: by Csound with the piece's own orchestra or with one that is made for it, or by a MIDI
 // instrument. Whatever has been edited meanwhile is heard when the loop begins again.
 import type { Diagnostic, Result, VornClient } from 'vorn-wasm';
-import type { AppStore } from '../state/app_state';
-import { mainFile, orchestraOf, sourcesOf, type Piece } from '../state/piece';
+import { BUILT_IN, MIDI, ORCHESTRA, type AppStore } from '../state/app_state';
+import { orchestraOf, partsOf } from '../state/orchestras';
+import { mainFile, sourcesOf, type Piece } from '../state/piece';
 import programAddress from '../../generated/csound.wasm.z?url';
-import { hasSameTexts, stillHolding } from './complaints';
+import { soundsAlike, stillHolding } from './complaints';
 import { csoundProgram } from './csound/loading';
 import { ORCHESTRA_REFUSED } from './csound/protocol';
 import { readMidi } from './midi_file';
@@ -15,9 +16,6 @@ import { Player } from './player';
 import { Renderer, Rendering, type SoundPiece } from './rendering';
 import { WaveRendering, waveFile } from './wave';
 
-export const BUILT_IN = 'built-in';
-export const ORCHESTRA = 'orchestra';
-export const MIDI = 'midi'; // the file, on an instrument of the page's own
 const DEADLINE = 10000;
 
 const text = (bytes: Uint8Array | undefined): string => new TextDecoder().decode(bytes);
@@ -135,7 +133,7 @@ export class Sounding {
     private forgetMended(piece: Piece): void {
         const before = this.toldPiece;
         this.toldPiece = piece;
-        if (hasSameTexts(before, piece)) return;
+        if (soundsAlike(before, piece)) return;
         this.store.act('mend', ({ soundDiagnostics }) => ({
             soundDiagnostics: stillHolding(soundDiagnostics, before, piece),
             soundTrouble: '',
@@ -259,8 +257,9 @@ export class Sounding {
     // The engine leads from what Csound said to blocks of the score that it has read last.
     private async complaintsOf({ text: said, refusal }: Rendering, piece: Piece): Promise<Diagnostic[]> {
         const orchestra = this.newestOutput === ORCHESTRA ? orchestraOf(piece) : undefined;
-        if (refusal === ORCHESTRA_REFUSED && orchestra) return orchestraMistakes(said, orchestra, refusal);
-        if (!hasSameTexts(piece, this.store.state.piece)) return [];
+        if (refusal === ORCHESTRA_REFUSED && orchestra)
+            return orchestraMistakes(said, partsOf(piece, orchestra), refusal);
+        if (!soundsAlike(piece, this.store.state.piece)) return [];
         try {
             const client = await this.engine;
             const options = { main: mainFile(piece).name, outputs: [] };

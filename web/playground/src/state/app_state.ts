@@ -3,6 +3,11 @@ import type { Diagnostic, Result } from 'vorn-wasm';
 import { emptyPiece, mainFile, type Piece } from './piece';
 import { createStore, type Store } from './store';
 
+// By what a piece is played, where it is no MIDI port.
+export const ORCHESTRA = 'orchestra'; // its own, or else one that is made for it
+export const BUILT_IN = 'built-in'; // the one that is made for it
+export const MIDI = 'midi'; // the file, on an instrument of the page's own
+
 export type Sounding = 'silent' | 'loading' | 'playing';
 export type Panel = 'values' | 'seeds' | 'sliders' | 'sound';
 export type Theme = 'automatic' | 'light' | 'dark';
@@ -41,7 +46,7 @@ export interface AppState extends Seeds {
     readonly position: number; // seconds of the score
     readonly loops: boolean;
     readonly volume: number; // 0 to 1
-    readonly output: string; // "orchestra", "built-in", "midi" or the id of a MIDI port
+    readonly output: string; // one of those above or the id of a MIDI port
     readonly soundText: string; // what Csound said
     readonly soundDiagnostics: readonly Diagnostic[];
     readonly soundTrouble: string;
@@ -70,7 +75,7 @@ export function createAppStore(): AppStore {
         position: 0,
         loops: false,
         volume: 0.8,
-        output: 'orchestra',
+        output: ORCHESTRA,
         soundText: '',
         soundDiagnostics: [],
         soundTrouble: '',
@@ -82,6 +87,10 @@ export function createAppStore(): AppStore {
         keptSeeds: [],
     });
 }
+
+// An orchestra of the piece is part of it: the choice goes with its address, and is kept.
+export const playWith = (store: AppStore, orchestra: string): void =>
+    store.act('choose orchestra', ({ piece }) => ({ output: ORCHESTRA, piece: { ...piece, orchestra } }));
 
 export function openPiece(
     store: AppStore,
@@ -98,6 +107,7 @@ export function openPiece(
         soundText: '',
         soundDiagnostics: [],
         soundTrouble: '',
+        output: state.output === BUILT_IN ? ORCHESTRA : state.output, // it was chosen for the other piece
         goodResult: null, // the picture of another piece would mislead
         keptSeeds,
         seedIsLocked,

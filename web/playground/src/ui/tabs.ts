@@ -1,13 +1,15 @@
 // The files of the piece as tabs. The score is first and stays; others may be added and taken out.
-import type { AppStore } from '../state/app_state';
+import { playWith, type AppStore } from '../state/app_state';
+import { orchestraOf, orchestrasOf } from '../state/orchestras';
 import {
     fileOf,
     mainFile,
-    MAIN_SUFFIX,
     ORCHESTRA_SUFFIX,
-    orchestraOf,
     withFile,
+    withFileOf,
     withoutFile,
+    withoutSuffix,
+    type Piece,
 } from '../state/piece';
 import { find, make } from './dom';
 import { iconButton } from './icons';
@@ -37,21 +39,37 @@ function freeName(store: AppStore, stem: string, suffix: string): string {
     }
 }
 
-function removeFile(store: AppStore, name: string): void {
-    const before = store.state.piece;
+// What plays in its place, when it is an orchestra that played.
+function successor(before: Piece, after: Piece): string {
+    const now = orchestraOf(after)?.name;
+    return now === undefined || now === orchestraOf(before)?.name ? '' : ` ${now} plays from now on.`;
+}
+
+export function removeFile(store: AppStore, name: string): void {
+    const { piece: before, pieceNumber } = store.state;
     store.act('remove file', ({ piece, activeFile }) => ({
         piece: withoutFile(piece, name),
         activeFile: activeFile === name ? mainFile(piece).name : activeFile,
     }));
-    const file = fileOf(before, name);
-    const undo = (): void =>
-        store.act('bring back', ({ piece }) => ({ piece: file ? withFile(piece, file) : piece }));
-    notice(`${name} has been taken out.`, { word: 'Bring back', act: undo });
+    const undo = (): void => {
+        if (store.state.pieceNumber !== pieceNumber) return;
+        store.act('bring back', ({ piece }) => ({ piece: withFileOf(before, piece, name) }));
+    };
+    const words = `${name} has been taken out.${successor(before, store.state.piece)}`;
+    notice(words, { word: 'Bring back', act: undo });
+}
+
+// The orchestra that is shown, where another one plays.
+function playing(store: AppStore): MenuEntry[] {
+    const { piece, activeFile } = store.state;
+    const isOther = orchestrasOf(piece).some(({ name }) => name === activeFile);
+    if (!isOther || orchestraOf(piece)?.name === activeFile) return [];
+    return [{ name: `Play with ${activeFile}`, act: () => playWith(store, activeFile) }];
 }
 
 function additions(store: AppStore): MenuEntry[] {
     const { piece, activeFile, result } = store.state;
-    const stem = mainFile(piece).name.replace(MAIN_SUFFIX, '');
+    const stem = withoutSuffix(mainFile(piece).name);
     const missing = (result?.missing ?? []).filter((name) => !fileOf(piece, name));
     const entries: MenuEntry[] = missing.map((name) => ({
         name,
@@ -69,7 +87,10 @@ function additions(store: AppStore): MenuEntry[] {
     const include = freeName(store, 'part', '.inc');
     entries.push({ name: 'An include', hint: '.inc', act: () => addFile(store, include, `; ${include}\n`) });
     if (activeFile !== mainFile(piece).name) {
-        entries.push('line', { name: `Take out ${activeFile}`, act: () => removeFile(store, activeFile) });
+        entries.push('line', ...playing(store), {
+            name: `Take out ${activeFile}`,
+            act: () => removeFile(store, activeFile),
+        });
     }
     return entries;
 }

@@ -29,10 +29,9 @@ function take(store: AppStore, autosave: Autosave, piece: Piece): void {
     const { piece: before } = store.state;
     const isSameFile = before.files[0]?.name === piece.files[0]?.name;
     if (!isSameFile) autosave.replace(piece, 'before a file was watched');
-    else if (!isSamePiece(before, piece)) {
-        store.act('file changed', () => ({
-            piece: piece.files.reduce(withFile, { ...before, title: piece.title }),
-        }));
+    else {
+        const renewed = piece.files.reduce(withFile, { ...before, title: piece.title });
+        if (!isSamePiece(before, renewed)) store.act('file changed', () => ({ piece: renewed }));
     }
 }
 

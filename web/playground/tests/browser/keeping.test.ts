@@ -1,5 +1,5 @@
 import { readFileSync } from 'node:fs';
-import { expect, facts, load, open, ready, SCORE, state, test, textOf } from './page';
+import { expect, facts, heard, load, open, ready, SCORE, SINE, state, test, textOf } from './page';
 
 test('a piece is shared by its address and opened from it', async ({ playground: page, context }) => {
     await load(page, { 'piece.vorn': SCORE + '; ä♪\n', 'piece.orc': 'instr 1\nendin\n' });
@@ -61,6 +61,35 @@ test('files are dropped', async ({ playground: page }) => {
     await page.dispatchEvent('#stage', 'drop', { dataTransfer: data });
     await expect(page.getByRole('tab', { name: 'dropped.orc' })).toBeVisible();
     expect(await facts(page)).toMatchObject({ status: 0, eventCount: 8 });
+});
+
+test('the orchestra that is dropped last plays, until another one is chosen, also after a reload', async ({
+    playground: page,
+}) => {
+    await load(page, SINE);
+    const octave = (SINE['sine.orc'] ?? '').replace('p5, p4', 'p5, 2 * p4');
+    const data = await page.evaluateHandle((text) => {
+        const transfer = new DataTransfer();
+        transfer.items.add(new File(['\ufeff', text], 'OCTAVE.ORC'));
+        return transfer;
+    }, octave);
+    await page.dispatchEvent('#stage', 'drop', { dataTransfer: data });
+    await expect(page.locator('.notice').last()).toContainText('OCTAVE.ORC plays from now on.');
+    const hertz = async (): Promise<number> => Math.round((await heard(page)).hertz / 20) * 20;
+    await page.keyboard.press('Control+Enter');
+    await expect.poll(hertz, { timeout: 15000 }).toBe(880);
+    await page.keyboard.press('Control+Enter');
+    await page.getByRole('tab', { name: 'Sound' }).click();
+    const choice = page.getByRole('combobox', { name: 'Played by' });
+    await expect(choice).toHaveValue('orchestra:OCTAVE.ORC');
+    await choice.selectOption('Csound with sine.orc');
+    await page.keyboard.press('Control+Enter');
+    await expect.poll(hertz, { timeout: 15000 }).toBe(440);
+    await choice.selectOption('Csound with OCTAVE.ORC');
+    await page.reload();
+    await ready(page);
+    await page.getByRole('tab', { name: 'Sound' }).click();
+    await expect(choice).toHaveValue('orchestra:OCTAVE.ORC');
 });
 
 test('a file with the line ends of Windows is shown, mended and written as it is', async ({

@@ -18,19 +18,21 @@ beforeAll(async () => {
 const HEAD = 'sr = 44100\nksmps = 32\nnchnls = 1\n0dbfs = 1\n';
 
 // What Csound itself says of it.
-async function mistakesIn(body: string): Promise<Diagnostic[]> {
+async function mistakesIn(body: string, includes: Record<string, string> = {}): Promise<Diagnostic[]> {
     const orchestra = { name: 'x.orc', text: HEAD + body };
+    const parts = Object.entries(includes).map(([name, text]) => ({ name, text }));
+    const files = new Map(parts.map(({ name, text }) => [name, new TextEncoder().encode(text)]));
     let said = '';
     let refusal = '';
-    await perform(csound, { orchestra: orchestra.text, score: 'i1 0 1\ne\n', files: new Map() }, (text) => {
+    await perform(csound, { orchestra: orchestra.text, score: 'i1 0 1\ne\n', files }, (text) => {
         said += text;
     }).catch((error: Error) => (refusal = error.message));
     expect(refusal).toBe(ORCHESTRA_REFUSED);
-    return orchestraMistakes(said, orchestra, refusal);
+    return orchestraMistakes(said, [orchestra, ...parts], refusal);
 }
 
-const marked = (body: string, { place }: Diagnostic): string =>
-    place ? `${place.line} ${(HEAD + body).slice(place.from, place.to)}` : 'nowhere';
+const marked = (text: string, { place }: Diagnostic): string =>
+    place ? `${place.line} ${text.slice(place.from, place.to)}` : 'nowhere';
 
 describe('a mistake of an orchestra', () => {
     it.each([
@@ -44,12 +46,37 @@ describe('a mistake of an orchestra', () => {
         ['instr 1\nendin\ninstr 1\nendin\n', 'nowhere', 'instr 1 redefined'],
     ])('is told where it stands: %j', async (body, mark, words) => {
         const [first] = await mistakesIn(body);
-        expect(first && marked(body, first)).toBe(mark);
+        expect(first && marked(HEAD + body, first)).toBe(mark);
         expect(first?.text).toContain(words);
         expect(first?.text).toMatch(/^[ -~]+$/);
     });
+    it.each([
+        ['; a\n\n#include "b.inc"\n', '3 b.inc', "cannot open 'b.inc'"],
+        ['; a\ninstr 3\n asig nosuch 1\nendin\n', '3 nosuch', 'unexpected T_IDENT'],
+        ['; a\n\ninstr 3\nasig poscil "x"\nendin\n', '4 poscil', 'matching argument types: a poscil S'],
+        ['instr 3\nout abound\nendin\n', '2 abound', 'used before defined'],
+        ['instr 3\n prints "abc\nendin\n', '2 prints "abc', 'unterminated string'],
+    ])('is told where it stands in what it includes: %j', async (text, mark, words) => {
+        const [first] = await mistakesIn('#include "a.inc"\ninstr 1\nendin\n', { 'a.inc': text });
+        expect(first?.place?.file).toBe('a.inc');
+        expect(first && marked(text, first)).toBe(mark);
+        expect(first?.text).toContain(words);
+    });
+    it('is told in the innermost file of those that include each other', async () => {
+        const inner = '\ninstr 3\nasig nosuch 1\nendin\n';
+        const includes = { 'a.inc': '; a\n#include "b.inc"\n', 'b.inc': inner };
+        const [first] = await mistakesIn('#include "a.inc"\n', includes);
+        expect(first?.place?.file).toBe('b.inc');
+        expect(first && marked(inner, first)).toBe('3 nosuch');
+    });
+    it('that is an include of itself is told as such', async () => {
+        const text = '; a\n#include "a.inc"\n';
+        const [only, ...others] = await mistakesIn('#include "a.inc"\n', { 'a.inc': text });
+        expect(only?.text).toBe("includes of 'a.inc' are nested too deeply");
+        expect([only?.place?.file, others]).toEqual(['x.orc', []]);
+    });
     it('is told by the refusal where Csound says nothing of it', () => {
-        const [only] = orchestraMistakes('', { name: 'x.orc', text: '' }, 'Refused.');
+        const [only] = orchestraMistakes('', [{ name: 'x.orc', text: '' }], 'Refused.');
         expect(only).toMatchObject({ severity: 'error', text: 'Refused.', place: null });
     });
 });
@@ -64,7 +91,7 @@ const pieceOf = (score: string, orchestra: string, title = 'x'): Piece => ({
 
 function complaint(file: string, line: number, from: number, to: number): Diagnostic {
     const place = { file, line, endLine: line, column: 1, endColumn: to - from + 1, from, to };
-    return { ...orchestraMistakes('', { name: file, text: '' }, 'x')[0], place } as Diagnostic;
+    return { ...orchestraMistakes('', [{ name: file, text: '' }], 'x')[0], place } as Diagnostic;
 }
 
 describe('a complaint of Csound', () => {
@@ -92,6 +119,30 @@ describe('a complaint of Csound', () => {
         expect(held(pieceOf('one\ntwo\n', 'first\nsecond!\nthird\n'))).toEqual([]);
         expect(held(pieceOf('one\ntwo\n', 'first\nthird\n'))).toEqual([]);
         expect(held({ title: 'x', files: [{ name: 'x.vorn', text: 'one\ntwo\n' }] })).toEqual([]);
+    });
+    it('of what the orchestra includes stays with its line there', () => {
+        const withPart = (part: string): Piece => {
+            const { title, files } = pieceOf('one\n', '#include "part.inc"\n');
+            return { title, files: [...files, { name: 'part.inc', text: part }] };
+        };
+        const ofPart = complaint('part.inc', 2, 6, 12);
+        const [moved] = stillHolding([ofPart], withPart('first\nsecond\n'), withPart('new\nfirst\nsecond\n'));
+        expect(moved?.place).toMatchObject({ file: 'part.inc', line: 3, from: 10, to: 16 });
+        expect(stillHolding([ofPart], withPart('first\nsecond\n'), withPart('first\nother\n'))).toEqual([]);
+    });
+    it('of a file that is not there falls when it comes', () => {
+        const asked = { ...ofOrchestra, text: "cannot open 'a.inc'" };
+        const withFileOf = (name: string): Piece => ({
+            ...before,
+            files: [...before.files, { name, text: '' }],
+        });
+        expect(stillHolding([asked], before, withFileOf('b.inc'))).toEqual([asked]);
+        expect(stillHolding([asked], before, withFileOf('a.inc'))).toEqual([]);
+    });
+    it('falls when another orchestra plays', () => {
+        const both = { ...before, files: [...before.files, { name: 'y.orc', text: 'y' }] };
+        expect(stillHolding([ofScore, ofOrchestra], both, { ...both, title: 'z' })).toHaveLength(2);
+        expect(stillHolding([ofScore, ofOrchestra], both, { ...both, orchestra: 'y.orc' })).toEqual([]);
     });
     it('is not told of another piece', () => {
         const store = createAppStore();

@@ -21,6 +21,13 @@ describe('an address', () => {
         expect(await fromFragment('#' + (await toFragment(piece)))).toEqual(piece);
     });
 
+    it('gives back which orchestra plays, and is what it was where none was chosen', async () => {
+        const files = [...piece.files, { name: 'b.orc', text: 'instr 2\nendin\n' }];
+        const chosen = { ...piece, files, orchestra: 'b.orc' };
+        expect(await fromFragment('#' + (await toFragment(chosen)))).toEqual(chosen);
+        expect(await toFragment(piece)).toBe(await packed(JSON.stringify(piece)));
+    });
+
     it('holds letters only that need no escape', async () => {
         expect(await toFragment(piece)).toMatch(/^piece=[A-Za-z0-9_-]+$/);
     });

@@ -1,12 +1,16 @@
 import { describe, expect, it, vi } from 'vitest';
+import { orchestraOf, withNewOrchestra } from '../../src/state/orchestras';
 import {
+    hasSuffix,
+    isOrchestra,
     isSamePiece,
-    orchestraOf,
     sourcesOf,
     textFile,
     toPiece,
     withFile,
+    withFileOf,
     withoutFile,
+    withoutSuffix,
     withText,
     writtenSourcesOf,
     writtenText,
@@ -41,7 +45,79 @@ describe('a piece', () => {
     });
 });
 
+const withOrchestras = (...files: [name: string, text: string][]): Piece => ({
+    title: 'x',
+    files: [{ name: 'x.vorn', text: '' }, ...files.map(([name, text]) => ({ name, text }))],
+});
+
+describe('of several orchestras', () => {
+    const two = withOrchestras(['a.orc', 'a'], ['b.orc', 'b']);
+    const wholeAndPart = withOrchestras(['drums.orc', 'd'], ['main.orc', ' #include "drums.orc"\n']);
+    const inCircle = withOrchestras(['a.orc', '#include "b.orc"'], ['b.orc', '#include "a.orc"']);
+
+    it('the one that was chosen plays, or else the first', () => {
+        expect(orchestraOf(two)?.name).toBe('a.orc');
+        expect(orchestraOf({ ...two, orchestra: 'b.orc' })?.name).toBe('b.orc');
+        expect(orchestraOf({ ...two, orchestra: 'gone.orc' })?.name).toBe('a.orc');
+        expect(orchestraOf(withText({ ...two, orchestra: 'b.orc' }, 'b.orc', ' '))?.name).toBe('a.orc');
+    });
+    it('one that another one includes plays only when it was chosen', () => {
+        expect(orchestraOf(wholeAndPart)?.name).toBe('main.orc');
+        expect(orchestraOf({ ...wholeAndPart, orchestra: 'drums.orc' })?.name).toBe('drums.orc');
+        expect(orchestraOf(inCircle)?.name).toBe('a.orc');
+    });
+    it.each([
+        [['b.orc'], 'b.orc'],
+        [['a.orc', 'b.orc'], 'b.orc'],
+        [['a.orc', 'b.orc', 'X.ORC'], 'X.ORC'],
+        [['part.orc'], undefined],
+        [['blank.orc'], undefined],
+        [['x.inc'], undefined],
+    ])('%j make the choice %s', (names, chosen) => {
+        const piece = withOrchestras(
+            ['a.orc', '#include "part.orc"\n'],
+            ['b.orc', 'b'],
+            ['X.ORC', 'x'],
+            ['part.orc', 'p'],
+            ['blank.orc', ' '],
+            ['x.inc', ''],
+        );
+        const added = piece.files.filter(({ name }) => names.includes(name));
+        expect(withNewOrchestra({ ...piece, files: piece.files.map((one) => one) }, added).orchestra).toBe(
+            chosen,
+        );
+    });
+    it('the choice is kept with the piece, where it is one', () => {
+        expect(toPiece({ ...two, orchestra: 'b.orc' })).toEqual({ ...two, orchestra: 'b.orc' });
+        for (const orchestra of ['x.vorn', 'gone.orc', 3])
+            expect(toPiece({ ...two, orchestra })).toEqual(two);
+        expect(isSamePiece(two, { ...two, orchestra: 'b.orc' })).toBe(false);
+    });
+    it('one that was taken out comes back to its place', () => {
+        expect(withFileOf(two, withoutFile(two, 'a.orc'), 'a.orc')).toEqual(two);
+        expect(withFileOf(two, two, 'a.orc')).toBe(two);
+    });
+});
+
+describe('a name', () => {
+    it('has a suffix in whatever letters', () => {
+        expect(['x.orc', 'X.ORC', 'x.Orc'].map(isOrchestra)).toEqual([true, true, true]);
+        expect([hasSuffix('A.VORN', '.vorn'), hasSuffix('vorn', '.vorn')]).toEqual([true, false]);
+        expect(['A.VORN', 'a.b.vorn', '.orc', 'x', 'a.d/x'].map(withoutSuffix)).toEqual([
+            'A',
+            'a.b',
+            '.orc',
+            'x',
+            'a.d/x',
+        ]);
+    });
+});
+
 describe('a text from elsewhere', () => {
+    it('has no byte order mark where it is an orchestra, which Csound would refuse', () => {
+        expect(textFile('X.ORC', '\uFEFFsr = 44100\n').text).toBe('sr = 44100\n');
+        expect(textFile('x.vorn', '\uFEFFi1\n').text).toBe('\uFEFFi1\n');
+    });
     it.each([
         ['a\r\nb\r\n', 'a\nb\n', 'c\r\n'],
         ['a\rb\r', 'a\nb\n', 'c\r'],
