@@ -9,6 +9,7 @@
 //
 //     p4 no c4 r x2             of a repeated rest only the first is one
 //     p4 no se(T 1 [c4 r])      a generator makes no rests
+//     p4 no c4:r x2             of a repeated chord, too
 //     p3 1 -1    p4 no c4 r     two signs are turned
 //
 // And a block of nothing but rests leaves no event in the score at all.
@@ -19,11 +20,12 @@ namespace {
 
 constexpr float REST = -1;
 
-enum class Reason { REPEATED, IN_GENERATOR, TWICE };
+enum class Reason { REPEATED, IN_GENERATOR, IN_CHORD, TWICE };
 
 constexpr const char* ADVICE[] = {
     "Of a repeated \"r\" only the first is a rest: write \"r r\".",
     "A generator makes no rests here: draw them in P3, where -1 is one.",
+    "A rest has no place in a chord that is repeated or held.",
     "Two rests on one note cancel out: write the rest in one p-field only.",
 };
 
@@ -36,10 +38,13 @@ bool is_rest(const Statement& statement, const Item& item) {
     return item.kind == ItemKind::VALUE && item.code == CODE_NO && to_lower(statement.text(item)[0]) == 'r';
 }
 
-Reason reason_of(const Item& item, const Item& last) {
-    if (item.in_generator) return Reason::IN_GENERATOR;
-    const bool is_repeated =
-        &item != &last && ((&item)[1].kind == ItemKind::TIMES || (&item)[1].kind == ItemKind::SLASH);
+Reason reason_of(const std::vector<Item>& items, std::size_t index) {
+    if (items[index].in_generator) return Reason::IN_GENERATOR;
+    const auto is_kind = [&](std::size_t at, ItemKind kind) {
+        return at < items.size() && items[at].kind == kind;
+    };
+    if (is_kind(index - 1, ItemKind::FUSION) || is_kind(index + 1, ItemKind::FUSION)) return Reason::IN_CHORD;
+    const bool is_repeated = is_kind(index + 1, ItemKind::TIMES) || is_kind(index + 1, ItemKind::SLASH);
     return is_repeated ? Reason::REPEATED : Reason::TWICE;
 }
 
@@ -48,7 +53,7 @@ Rest find_rest(const Statement& statement) {
     Rest found;
     for (const Item& item : statement.items) {
         if (!is_rest(statement, item)) continue;
-        const Reason reason = reason_of(item, statement.items.back());
+        const Reason reason = reason_of(statement.items, &item - statement.items.data());
         if (reason != Reason::TWICE) return {&item, reason};
         if (found.item == nullptr) found.item = &item;
     }

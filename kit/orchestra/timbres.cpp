@@ -31,6 +31,10 @@ constexpr Timbre TIMBRES[] = {
     {"1, 0, .1", SWELLING, ".5"},                         // humming
 };
 
+// Time that a score skips by an "a" ends what is always on, and with it the instrument that writes out.
+constexpr const char* OUTPUT_HELD =
+    "\n    if active:i(\"Output\") == 0 then\n        event_i \"i\", \"Output\", 0, -1\n    endif\n";
+
 constexpr int TIMBRE_COUNT = static_cast<int>(std::size(TIMBRES));
 constexpr int FIRST_ADDED_PARTIAL = 10;
 
@@ -50,9 +54,9 @@ std::string timbre_text(int number, int rank) {
     const Timbre& timbre = TIMBRES[rank % TIMBRE_COUNT];
     const std::string name = std::to_string(number);
     return "giwave" + name + " ftgen 0, 0, 16384, 10, " + partials_of(rank) + "\ninstr " + name +
-           "\n    iwave  = p4 < 2000 ? giwave" + name + " : gisine\n    kenv   " + timbre.envelope +
-           "\n    asound poscil p5 * kenv, p4, iwave\n    galeft  += asound * sqrt(1 - " + timbre.place +
-           ")\n    garight += asound * sqrt(" + timbre.place + ")\nendin\n";
+           OUTPUT_HELD + "    iwave  = p4 < 2000 ? giwave" + name + " : gisine\n    kenv   " +
+           timbre.envelope + "\n    asound poscil p5 * kenv, p4, iwave\n    galeft  += asound * sqrt(1 - " +
+           timbre.place + ")\n    garight += asound * sqrt(" + timbre.place + ")\nendin\n";
 }
 
 }  // namespace vorn::kit

@@ -65,6 +65,12 @@ class PlayCommand(CommandTest):
             self.assertEqual(sound.pitch(KEYS, start + .05, .4), KEYS[24 + steps])
             self.assertLess(sound.peak(start + .7, .3), .01)  # a pause
 
+    def test_the_built_in_orchestra_plays_on_behind_time_that_the_score_skips(self):
+        sound, said = self.render("> a 0 0 1\n" + SCORE)
+        self.assertRegex(said, r"^piece\.vorn: 1\.\d s, peak -\d\.\d dB\n$")
+        for start, steps in ((0, 3), (1, -5)):
+            self.assertEqual(sound.pitch(KEYS, start + .05, .4), KEYS[24 + steps])
+
     def test_warnings_are_told_as_check_words_them_and_the_sound_comes(self):
         self.write("piece.vorn", SCORE.replace("c5 e4", "c5 e4 g4").replace("p4 .5", "p4 0.5.4"))
         checked = self.vornkit("check", "piece.vorn").stdout

@@ -472,6 +472,11 @@ TEST(RestsThatSound, AreCountedWithTheirReason) {
               "A generator makes no rests here: draw them in P3, where -1 is one.");
     EXPECT_EQ(found_in(four_events("p4 no r r c4 d\np5 no r c e f", 5))[0].advice[0],
               "Two rests on one note cancel out: write the rest in one p-field only.");
+    for (const char* chord : {"p4 no c4:r:e", "p4 no c4:r x4", "p4 no c4:r// e"}) {
+        EXPECT_EQ(found_in(four_events(chord)).at(0).advice[0],
+                  "A rest has no place in a chord that is repeated or held.")
+            << chord;
+    }
 }
 
 TEST(RestsThatSound, AreNoneThatAreSilentOrNumbers) {
