@@ -8,7 +8,7 @@ import { colorOf, hex } from '../picture/tones';
 import { onThemeChange, tonesNow } from '../picture/theme';
 import type { Sounding } from '../sound/sounding';
 import type { AppState, AppStore } from '../state/app_state';
-import { find, make } from '../ui/dom';
+import { find, make, redraw } from '../ui/dom';
 import { iconButton } from '../ui/icons';
 import { speak } from '../ui/notices';
 
@@ -81,7 +81,7 @@ function showLegend(store: AppStore, picture: Picture): void {
         });
         const more = instruments.length - MOST_CHIPS;
         if (more > 0) chips.push(make('span', { class: 'muted' }, `and ${more.toLocaleString('en')} more`));
-        legend.replaceChildren(...chips);
+        redraw(legend, chips);
     };
     store.watch((state) => state.goodResult, draw);
     store.watch((state) => state.hiddenInstruments, draw);

@@ -24,6 +24,7 @@ import {
 } from '@codemirror/view';
 import type { AppStore } from '../state/app_state';
 import { fileOf, isOrchestra, withText } from '../state/piece';
+import { find } from '../ui/dom';
 import { syntaxColors } from './colors';
 import { scoreLanguage } from './language';
 import { showWayOut } from './way_out';
@@ -175,12 +176,22 @@ function reveal(store: AppStore, view: EditorView, file: string, from: number, t
     view.focus();
 }
 
+// The link at the beginning of the page: the browser by itself would go to beside the text.
+function followSkip(store: AppStore, view: EditorView): void {
+    find('.skip', HTMLAnchorElement).addEventListener('click', (event) => {
+        event.preventDefault();
+        store.act('skip to the score', () => ({ page: 'text' }));
+        view.focus();
+    });
+}
+
 export function createEditor(store: AppStore, parent: HTMLElement, extra: Extension): Editor {
     const listener = EditorView.updateListener.of((update) => tellPiece(store, update));
     const states = new States(store, [extra, listener]);
     const view = new EditorView({ state: states.get(store.state.activeFile), parent });
     followPiece(store, view, states);
     showWayOut(parent);
+    followSkip(store, view);
     return {
         view,
         apply: (edits) => applyEdits(store, view, edits),

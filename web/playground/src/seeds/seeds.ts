@@ -4,7 +4,7 @@ import type { Editor } from '../editor/editor';
 import { thumbnailAddress } from '../picture/thumbnail';
 import { drawing, type PanelView } from '../app/panels';
 import type { AppState, AppStore, KeptSeed } from '../state/app_state';
-import { make } from '../ui/dom';
+import { make, redraw } from '../ui/dom';
 import { iconButton, wordButton } from '../ui/icons';
 import { notice } from '../ui/notices';
 
@@ -92,6 +92,7 @@ class SeedsView {
     private readonly shelf = make('ul', { class: 'shelf', 'aria-label': 'Seeds that were kept' });
     private readonly hint = make('p', { class: 'muted' }, HINT);
     private readonly die: HTMLButtonElement;
+    private readonly keep: HTMLButtonElement;
 
     constructor(
         private readonly store: AppStore,
@@ -100,10 +101,10 @@ class SeedsView {
     ) {
         const outlined = { class: 'word-button outlined' };
         this.die = wordButton('die', 'Roll', () => rollSeed(store, editor), outlined);
-        const keep = wordButton('heart', 'Keep', () => keepSeed(store), outlined);
+        this.keep = wordButton('heart', 'Keep', () => keepSeed(store), outlined);
         const lock = make('label', {}, this.locked, 'Lock');
         this.locked.addEventListener('change', () => this.lock());
-        place.append(make('div', { class: 'panel-row' }, this.value, this.die, keep, lock));
+        place.append(make('div', { class: 'panel-row' }, this.value, this.die, this.keep, lock));
         place.append(this.shelf, this.hint);
     }
 
@@ -118,7 +119,8 @@ class SeedsView {
         this.locked.checked = seedIsLocked;
         this.die.disabled = seedIsLocked || !result?.seed?.place;
         this.hint.hidden = keptSeeds.length > 0;
-        this.shelf.replaceChildren(...keptSeeds.map((seed) => shelfItem(this.store, this.editor, seed)));
+        const items = keptSeeds.map((seed) => shelfItem(this.store, this.editor, seed));
+        redraw(this.shelf, items, this.keep);
     }
 }
 

@@ -32,6 +32,17 @@ export function find<Kind extends Element>(
     return found;
 }
 
+// Puts other children into a place. A button of it that had the focus leaves it to the one that stands there now,
+// or to `otherwise`, so that who works by keys goes on from there.
+export function redraw(place: HTMLElement, children: readonly Node[], otherwise?: HTMLElement): void {
+    const buttons = (): HTMLElement[] => [...place.querySelectorAll('button')];
+    const at = buttons().findIndex((button) => button === document.activeElement);
+    place.replaceChildren(...children);
+    if (at < 0) return;
+    const left = buttons();
+    (left[Math.min(at, left.length - 1)] ?? otherwise)?.focus();
+}
+
 // A text in which `code` stands between backticks.
 export const prose = (text: string): Child[] =>
     text.split('`').map((part, index) => (index % 2 === 1 ? make('code', {}, part) : part));

@@ -1,4 +1,4 @@
-// A menu below its button: arrows move, Enter chooses, Escape and Tab close.
+// A menu below its button: arrows, Home and End move, Enter chooses, Escape and Tab close.
 import { make } from './dom';
 
 export interface MenuItem {
@@ -11,10 +11,11 @@ export type MenuEntry = MenuItem | 'line';
 
 let serial = 0;
 
-function moveFocus(menu: HTMLElement, step: number): void {
+function moveFocus(menu: HTMLElement, key: string): void {
     const items = [...menu.querySelectorAll('button')];
     const at = items.findIndex((item) => item === document.activeElement);
-    items.at((at + step + items.length) % items.length)?.focus();
+    const to = { ArrowDown: (at + 1) % items.length, ArrowUp: at - 1, Home: 0, End: -1 }[key];
+    if (to !== undefined) items.at(to)?.focus();
 }
 
 function place(menu: HTMLElement, button: HTMLElement): void {
@@ -53,8 +54,7 @@ export function attachMenu(button: HTMLButtonElement, name: string, entries: () 
             if (hadFocus) button.focus();
         });
         menu.addEventListener('keydown', ({ key }) => {
-            if (key === 'ArrowDown') moveFocus(menu, 1);
-            if (key === 'ArrowUp') moveFocus(menu, -1);
+            moveFocus(menu, key);
             if (key === 'Tab') close();
         });
         menu.showPopover();

@@ -5,7 +5,7 @@ import { allDiagnostics, cure, severityName } from '../editor/mistakes';
 import { LONG_DEADLINE, type Computing } from '../engine/computing';
 import type { AppStore } from '../state/app_state';
 import { fileOf } from '../state/piece';
-import { find, make, prose } from './dom';
+import { find, make, prose, redraw } from './dom';
 import { speak } from './notices';
 
 const MOST = 100;
@@ -124,9 +124,8 @@ export function showProblems(store: AppStore, editor: Editor, computing: Computi
         if (trouble !== '') items.unshift(showTrouble(store, computing));
         if (all.length > MOST) items.push(make('li', { class: 'all-well' }, `and ${all.length - MOST} more`));
         const well = result && items.length === 0 && make('p', { class: 'all-well' }, NOTHING);
-        place.replaceChildren(
-            ...(well ? [well] : items.length > 0 ? [make('ul', { class: 'list-plain' }, ...items)] : []),
-        );
+        const list = well ? [well] : items.length > 0 ? [make('ul', { class: 'list-plain' }, ...items)] : [];
+        redraw(place, list, place);
     };
     store.watch((state) => state.result, draw);
     store.watch((state) => state.trouble, draw);

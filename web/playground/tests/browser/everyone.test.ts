@@ -218,10 +218,46 @@ test('a screen reader is told what stands where', async ({ playground: page }) =
     await expect(page.locator('#spoken')).toContainText(/^Line 4: .*bb4/);
 });
 
+test('who works by keys stays where something is drawn anew', async ({ playground: page }) => {
+    await load(page, SCORE + SCORE.replace('i1', 'i2'));
+    const chip = page.getByRole('button', { name: 'i2' });
+    await chip.press('Enter');
+    await expect(chip).toHaveAttribute('aria-pressed', 'false');
+    await expect(chip).toBeFocused();
+    await page.getByRole('tab', { name: 'Seeds' }).click();
+    const keep = page.getByRole('button', { name: 'Keep' });
+    await keep.click();
+    await page.getByRole('button', { name: 'Roll', exact: true }).click();
+    const kept = page.getByRole('button', { name: 'seed 1', exact: true });
+    await expect(kept).toHaveAttribute('aria-pressed', 'false');
+    await kept.press('Enter');
+    await expect(kept).toHaveAttribute('aria-pressed', 'true');
+    await expect(kept).toBeFocused();
+    await page.getByRole('button', { name: 'Take seed 1 off the shelf' }).press('Enter');
+    await expect(kept).toHaveCount(0);
+    await expect(keep).toBeFocused();
+});
+
+test('the first link leads into the score', async ({ playground: page }) => {
+    await page.setViewportSize({ width: 360, height: 700 });
+    await page.getByRole('button', { name: 'Picture', exact: true }).click();
+    await page.getByRole('link', { name: 'Skip to the score' }).press('Enter');
+    await expect(page.locator('.cm-content')).toBeFocused();
+});
+
+test('on 360 pixels, too, it is told what keeps a piece from sounding', async ({ playground: page }) => {
+    await page.setViewportSize({ width: 360, height: 700 });
+    await load(page, SCORE.replace('p2', 'p9'));
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await expect(page.locator('.notice')).toContainText('The score has a mistake');
+});
+
 test('a menu closes when it is left by Tab', async ({ playground: page }) => {
     await page.getByRole('button', { name: 'Download' }).focus();
     await page.keyboard.press('Enter');
     await expect(page.getByRole('menuitem').first()).toBeFocused();
+    await page.keyboard.press('End');
+    await expect(page.getByRole('menuitem').last()).toBeFocused();
     await page.keyboard.press('Tab');
     await expect(page.getByRole('menu')).toHaveCount(0);
     await expect(page.getByRole('button', { name: 'More', exact: true })).toBeFocused();
