@@ -3,7 +3,8 @@ import { findPorts, hasMidi, type Port } from '../sound/midi_ports';
 import { withoutMarks } from '../sound/orchestra_mistakes';
 import { BUILT_IN, MIDI, ORCHESTRA, playWith, type AppState, type AppStore } from '../state/app_state';
 import { orchestraOf, orchestrasOf } from '../state/orchestras';
-import { make } from '../ui/dom';
+import { find, make } from '../ui/dom';
+import { notice } from '../ui/notices';
 import { drawing, type PanelView } from './panels';
 
 const MADE = 'Csound with an orchestra made for it';
@@ -75,8 +76,20 @@ class SoundView {
     }
 }
 
+// Where a narrow screen shows something else, what keeps it from sounding is told all the same.
+function tellTrouble(store: AppStore): void {
+    store.watch(
+        (state) => state.soundTrouble,
+        (trouble) => {
+            const isShown = find('#panel', HTMLElement).offsetParent !== null;
+            if (trouble !== '' && !isShown) notice(trouble);
+        },
+    );
+}
+
 export function soundPanel(store: AppStore): PanelView {
     const found = { ports: [] };
+    tellTrouble(store);
     return {
         name: 'Sound',
         show(place) {

@@ -53,10 +53,9 @@ export class Sounding {
             (state) => state.volume,
             (volume) => this.player.setVolume(volume),
         );
-        store.watch(
-            (state) => state.resultPiece,
-            () => this.renderAhead(),
-        );
+        const ahead = (): void => this.renderAhead();
+        store.watch((state) => state.resultPiece, ahead);
+        store.watch((state) => state.output, ahead);
         this.toldPiece = store.state.piece;
         store.watch(
             (state) => state.pieceNumber,

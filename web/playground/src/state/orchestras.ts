@@ -40,6 +40,13 @@ export function orchestraOf(piece: Piece): TextFile | undefined {
     return chosen ?? wholeOrchestrasOf(piece)[0] ?? all[0];
 }
 
+// What the orchestra that plays includes and the piece has not.
+export function missingPartsOf(piece: Piece): readonly string[] {
+    const orchestra = orchestraOf(piece);
+    const names = orchestra ? partsOf(piece, orchestra).flatMap(includedIn) : [];
+    return [...new Set(names.filter((name) => !fileOf(piece, name)))];
+}
+
 // Among orchestras that have just come with others, the one of the score's name is chosen, else the last.
 export function withNewOrchestra(piece: Piece, added: readonly TextFile[]): Piece {
     const fresh = wholeOrchestrasOf(piece).filter((file) => added.some(({ name }) => name === file.name));

@@ -1,6 +1,6 @@
 // The files of the piece as tabs. The score is first and stays; others may be added and taken out.
 import { playWith, type AppStore } from '../state/app_state';
-import { orchestraOf, orchestrasOf } from '../state/orchestras';
+import { missingPartsOf, orchestraOf, orchestrasOf } from '../state/orchestras';
 import {
     fileOf,
     mainFile,
@@ -71,7 +71,8 @@ function additions(store: AppStore): MenuEntry[] {
     const { piece, activeFile, result } = store.state;
     const stem = withoutSuffix(mainFile(piece).name);
     const missing = (result?.missing ?? []).filter((name) => !fileOf(piece, name));
-    const entries: MenuEntry[] = missing.map((name) => ({
+    const asked = new Set([...missing, ...missingPartsOf(piece)]);
+    const entries: MenuEntry[] = [...asked].map((name) => ({
         name,
         hint: 'asked for',
         act: () => addFile(store, name, ''),

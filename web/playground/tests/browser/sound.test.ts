@@ -34,6 +34,22 @@ test('it plays from the block at the cursor', async ({ playground: page }) => {
     expect((await state(page)).position).toBeGreaterThanOrEqual(6);
 });
 
+test('another orchestra is heard when the loop begins again', async ({ playground: page }) => {
+    const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
+    const octave = (SINE['sine.orc'] ?? '').replace('p5, p4', 'p5, 2 * p4');
+    await load(page, { ...SINE, 'sine.vorn': short, 'octave.orc': octave });
+    await page.getByRole('button', { name: 'Play in a loop' }).click();
+    await page.keyboard.press('Control+Enter');
+    const hertz = async (): Promise<number> => Math.round((await heard(page)).hertz / 20) * 20;
+    await expect.poll(hertz, { timeout: PATIENCE }).toBe(440);
+    await page.getByRole('tab', { name: 'Sound' }).click();
+    const choice = page.getByRole('combobox', { name: 'Played by' });
+    await choice.selectOption('Csound with octave.orc');
+    await expect.poll(hertz, { timeout: PATIENCE }).toBe(880);
+    await choice.selectOption('built-in');
+    await expect.poll(hertz, { timeout: PATIENCE }).toBe(440);
+});
+
 test('an edit is heard when the loop begins again', async ({ playground: page }) => {
     const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
     await load(page, { ...SINE, 'sine.vorn': short });

@@ -1,5 +1,5 @@
 import { describe, expect, it, vi } from 'vitest';
-import { orchestraOf, withNewOrchestra } from '../../src/state/orchestras';
+import { missingPartsOf, orchestraOf, withNewOrchestra } from '../../src/state/orchestras';
 import {
     hasSuffix,
     isOrchestra,
@@ -92,6 +92,16 @@ describe('of several orchestras', () => {
         for (const orchestra of ['x.vorn', 'gone.orc', 3])
             expect(toPiece({ ...two, orchestra })).toEqual(two);
         expect(isSamePiece(two, { ...two, orchestra: 'b.orc' })).toBe(false);
+    });
+    it('what the one that plays includes may be missing', () => {
+        const text = '#include "a.inc"\n#include "b.inc"\n#include "b.inc"\n';
+        const piece = withOrchestras(
+            ['a.orc', text],
+            ['a.inc', ' #include |c.inc|'],
+            ['b.orc', '#include "d.inc"'],
+        );
+        expect(missingPartsOf(piece)).toEqual(['b.inc', 'c.inc']);
+        expect(missingPartsOf({ ...piece, orchestra: 'b.orc' })).toEqual(['d.inc']);
     });
     it('one that was taken out comes back to its place', () => {
         expect(withFileOf(two, withoutFile(two, 'a.orc'), 'a.orc')).toEqual(two);
