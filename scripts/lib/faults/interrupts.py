@@ -9,11 +9,12 @@ from faults.cases import case_of_text
 from faults.verdict import Fault
 
 LONG_SCORE = case_of_text("ten million events", "i1 = 3 0 -10000000 {\np2 1\np3 1\n}\n", "in.vorn out.sco")
-START = 0.01  # seconds in which a run opens its files
+START = 0.01  # seconds in which a run opens its files, and hardly more
 
 IGNORED = {signal.SIGCHLD, signal.SIGCONT, signal.SIGURG, signal.SIGWINCH, signal.SIGXFSZ}
 STOPPING = {signal.SIGSTOP, signal.SIGTSTP, signal.SIGTTIN, signal.SIGTTOU}
-LASTING = (IGNORED | STOPPING) - {signal.SIGXFSZ}  # which ends a run that has not yet begun to ignore it
+LASTING = IGNORED | STOPPING  # a run goes on behind them
+EARLY = {signal.SIGXFSZ}  # which ends a run that has not yet begun to ignore it
 # They tell that the program is broken, so it does nothing more, and nothing runs behind the last.
 LEAVING = {signal.SIGILL, signal.SIGTRAP, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGSEGV,
            signal.SIGSYS, signal.SIGKILL}
@@ -46,7 +47,8 @@ def faults(seconds, seed):
         for moment in (chance.uniform(0, START), chance.uniform(0, seconds), chance.uniform(0, seconds)):
             yield Fault(kind_of(number), f"{signal.strsignal(number)} after {moment:.4f} s",
                         {"disturb": sending(number, moment)}, may_leave=number in LEAVING,
-                        ends_by=0 if number in LASTING else int(number))
+                        ends_by=0 if number in LASTING - EARLY else int(number),
+                        surely=moment <= START and number not in LASTING)
 
 
 def planned(program, seed):

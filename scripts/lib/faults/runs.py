@@ -6,6 +6,7 @@ import os
 import pathlib
 import resource
 import shutil
+import signal
 import subprocess
 import tempfile
 
@@ -41,10 +42,14 @@ def fill(folder, case):
             (folder / name).write_bytes(OLDER_TEXT)
 
 
-def limit_files(size):
+def begin_afresh(file_size):
+    """A job in the background or under nohup ignores signals that its runs must meet."""
+    for number in signal.valid_signals():
+        if signal.getsignal(number) == signal.SIG_IGN:
+            signal.signal(number, signal.SIG_DFL)
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    if size is not None:
-        resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+    if file_size is not None:
+        resource.setrlimit(resource.RLIMIT_FSIZE, (file_size, file_size))
 
 
 def run(program, case, prefix=(), environment=None, file_size=None, error=subprocess.PIPE, temporary=None,
@@ -57,7 +62,8 @@ def run(program, case, prefix=(), environment=None, file_size=None, error=subpro
         holder = pathlib.Path(temporary or base, "temporary")
         holder.mkdir()
         process = subprocess.Popen([*prefix, program, *case.arguments], cwd=work, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=error, preexec_fn=lambda: limit_files(file_size),
+                                   stdout=subprocess.DEVNULL, stderr=error,
+                                   preexec_fn=lambda: begin_afresh(file_size),
                                    env={**os.environ, "TMPDIR": str(holder), **(environment or {})})
         disturb(process)
         try:

@@ -2,7 +2,8 @@
 
 strace counts the calls of each name and makes one of them fail. The loader's own
 stand first and are left alone: the program begins when it holds its standard streams.
-What a failed call on an output or on the temporary file costs must be told.
+What a failed call on an output costs must be told. What one on the temporary file costs
+is missing in the output, if it is not told.
 """
 
 import collections
@@ -30,7 +31,6 @@ class Call:
     number: int  # how many of that name so far, from the first of the process on
     on_stream: bool
     on_output: bool
-
 
 
 def trace(program, case):
@@ -68,6 +68,10 @@ def faults(program, case):
     calls = list(numbered_calls(trace(program, case), case))
     if not any(call.on_output and call.name == "close" for call in calls):
         raise RuntimeError("strace saw no output of the program")
+    return faults_at(calls)
+
+
+def faults_at(calls):
     for call in calls:
         what = FAILURES.get(call.name, OTHER_FAILURE)
         for times in ("", "+"):
@@ -77,4 +81,5 @@ def faults(program, case):
                         messages_may_lack=call.name == "write" and (call.on_stream or bool(times)),
                         may_leave=call.name == "unlink")
         yield Fault("a signal at a system call", f"{call.name} {call.number}",
-                    injecting(call.name, call.number, f"signal={signal.SIGTERM.value}"), ends_by=signal.SIGTERM.value)
+                    injecting(call.name, call.number, f"signal={signal.SIGTERM.value}"),
+                    ends_by=signal.SIGTERM.value, surely=True)

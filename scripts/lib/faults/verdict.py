@@ -25,6 +25,7 @@ class Fault:
     label: str
     options: dict  # of runs.run
     ends_by: int = 0  # a signal
+    surely: bool = False  # it comes while the run lasts, so nothing else may end that
     messages_may_lack: bool = False
     must_be_told: bool = False  # the bytes that were lost belong to an output
     may_leave: bool = False  # the temporary file, when nothing can remove it
@@ -44,6 +45,8 @@ def judge(reference, outcome, fault):
         return UNEXPECTED, f"leaves a temporary file, status {outcome.status}"
     if fault.ends_by and outcome.status == -fault.ends_by:
         return SIGNAL, ""
+    if fault.surely:
+        return UNEXPECTED, f"signal {fault.ends_by} does not end it, status {outcome.status}"
     if outcome.status == reference.status and outcome.outputs == reference.outputs and not fault.must_be_told:
         if fault.messages_may_lack or same_messages(outcome, reference):
             return NO_EFFECT, ""
