@@ -5,7 +5,8 @@ import os
 import tomllib
 
 from mutation.sample import key
-from mutation.trial import NOT_COMPILED, SAME_CODE, SURVIVES
+from mutation.tests import BREAKS_OFF
+from mutation.trial import NOT_COMPILED, SAME_CODE, SURVIVES, UNBUILT
 
 GOAL = 97.0  # per cent of the changes that can be observed
 
@@ -45,6 +46,12 @@ def as_entry(place):
     return "\n".join(lines + ([f"nth = {place.nth}"] if place.nth > 1 else []) + ['reason = ""', ""])
 
 
+def apart(outcomes):
+    """Of those killed, the ones at which no test failed as tests do."""
+    counts = [f"{sum(outcome.endswith(how) for _, outcome in outcomes)} of them {how}" for how in (BREAKS_OFF, UNBUILT)]
+    return f" ({', '.join(counts)})"
+
+
 def report(outcomes, reasons):
     """Prints the survivors and the figures for [(place, outcome)]; whether the goal is reached."""
     survivors = [place for place, outcome in outcomes if outcome == SURVIVES]
@@ -55,7 +62,8 @@ def report(outcomes, reasons):
     for place in without_reason:
         print(as_entry(place))
     unobservable = len(survivors) - len(without_reason)
-    print(f"{len(outcomes) - count[NOT_COMPILED]} changes: {killed} killed, {len(without_reason)} survive, "
-          f"{unobservable} that nobody can observe, {count[SAME_CODE]} the same machine code.\n"
+    print(f"{len(outcomes) - count[NOT_COMPILED]} changes: {killed} killed{apart(outcomes)}, "
+          f"{len(without_reason)} survive, {unobservable} that nobody can observe, "
+          f"{count[SAME_CODE]} the same machine code.\n"
           f"Killed of those that can be observed: {share:.1f} %")
     return share >= GOAL

@@ -10,7 +10,7 @@ sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 from mutation.build import Build
 from mutation.record import Record, read_reasons, report
 from mutation.sample import all_places, key, one_each
-from mutation.tests import all_tests, passes, temporary_folder
+from mutation.tests import all_tests, failure, temporary_folder
 from mutation.trial import NOT_COMPILED, Trial
 
 BUILD = "build/mutate"
@@ -32,7 +32,7 @@ def check_unchanged(build, top):
     """The tests must pass before a failure says anything."""
     with temporary_folder() as scratch:
         bad = [test for test in all_tests(build.folder)
-               if not passes(os.path.join(build.folder, "tests", test), top, scratch, build.folder)]
+               if failure(os.path.join(build.folder, "tests", test), top, scratch, build.folder)]
     if bad:
         sys.exit(f"Without any change these fail: {' '.join(bad)}")
 

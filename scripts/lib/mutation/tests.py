@@ -13,6 +13,9 @@ import tempfile
 LIMITS = ["prlimit", "--cpu=20", f"--as={4 << 30}", f"--fsize={1 << 30}", "--core=0"]
 MEMORY = "/dev/shm"  # a disk would make the tests slower
 PATIENCE = 900  # seconds, also on a machine that has much else to do: processor time ends what hangs
+# How a test program ends, but for None: that it passes.
+FAILS = "fails"
+BREAKS_OFF = "by time or a signal"  # a crash, a limit, or a machine without memory
 SLOW = ("rounds_test", "notation_", "odd_", "observer_test", "cases_test")  # in this order behind all others
 
 
@@ -38,11 +41,15 @@ def in_order(tests, name):
     return sorted(tests, key=rank)
 
 
-def passes(program, top, scratch, library_folder):
+def failure(program, top, scratch, library_folder):
     """Run from the top of the checkout; what failed, once more: a machine may lack room for a moment."""
     arguments = (program, top, scratch, library_folder)
     status = ended_with(*arguments)
-    return status == 0 or status is not None and status > 0 and ended_with(*arguments) == 0
+    if status:
+        status = ended_with(*arguments)
+    if status == 0:
+        return None
+    return BREAKS_OFF if status is None or status < 0 else FAILS
 
 
 def ended_with(program, top, scratch, library_folder):

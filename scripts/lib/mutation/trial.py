@@ -1,14 +1,22 @@
-"""What comes of one change: "killed by" a test, one of the outcomes below otherwise."""
+"""What comes of one change: "killed by" a test, one of the outcomes below otherwise.
+
+Where no test failed as tests do, the outcome ends with how it was noticed.
+"""
 
 import os
 
 from mutation.build import LIBRARY
-from mutation.tests import all_tests, in_order, passes, temporary_folder
+from mutation.tests import FAILS, all_tests, failure, in_order, temporary_folder
 
 NOT_COMPILED = "does not compile"
 SAME_CODE = "same machine code"
 SURVIVES = "survives"
 CORE = "vorn_core"
+UNBUILT = "by a test that no longer compiles"  # behind a change of a header
+
+
+def killed(test, how):
+    return f"killed by {test}" + ("" if how == FAILS else f", {how}")
 
 
 class Trial:
@@ -31,8 +39,9 @@ class Trial:
             return NOT_COMPILED
         for test in self.tests():
             program = self.test_program(test)
-            if program is None or not passes(program, self.top, self.scratch, self.scratch):
-                return f"killed by {test}"
+            how = failure(program, self.top, self.scratch, self.scratch) if program else UNBUILT
+            if how is not None:
+                return killed(test, how)
         return SAME_CODE if self.is_same_code() else SURVIVES
 
     def tests(self):
