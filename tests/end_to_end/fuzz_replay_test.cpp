@@ -11,6 +11,7 @@
 #include "blocks/commands.h"
 #include "drawing/grammar.h"
 #include "drawing/score_checks.h"
+#include "support/kept_inputs.h"
 #include "support/run_case.h"
 
 // What the fuzzers check, on their kept inputs and on a fixed sample of drawn
@@ -21,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path CORPUS = fs::path(VORN_CASES) / "../../fuzz/corpus";
+const fs::path FUZZ = fs::path(VORN_CASES) / "../../fuzz";
 
 using Reading = fuzz::DrawnScore (*)(const std::uint8_t* data, std::size_t size);
 
@@ -32,17 +33,22 @@ void check_bytes(Reading read, const std::string& bytes, const std::string& name
 }
 
 void replay(Reading read, const std::string& fuzzer) {
-    std::size_t count = 0;
-    for (const fs::directory_entry& entry : fs::directory_iterator(CORPUS / fuzzer)) {
-        check_bytes(read, read_file(entry.path()), entry.path().filename().string());
-        ++count;
-    }
-    EXPECT_GT(count, 100U);
+    const std::vector<fs::path> inputs = kept_inputs(FUZZ, fuzzer);
+    for (const fs::path& input : inputs) check_bytes(read, read_file(input), input.filename().string());
+    EXPECT_GT(inputs.size(), 100U);
 }
 
 TEST(FuzzReplay, KeptBytes) { replay(fuzz::score_of_bytes, "score"); }
 
 TEST(FuzzReplay, KeptDrawnScores) { replay(fuzz::draw_score, "drawn_score"); }
+
+TEST(FuzzReplay, WhatWasFoundIsAmongThem) {
+    for (const char* found :
+         {"drawn_score/8b9fe9813195e5fcfaafdb60b15fa0dc7f3455d8", "events/block_without_events"}) {
+        const std::vector<fs::path> inputs = kept_inputs(FUZZ, fs::path(found).parent_path().string());
+        EXPECT_EQ(std::count(inputs.begin(), inputs.end(), FUZZ / "found" / found), 1) << found;
+    }
+}
 
 TEST(FuzzReplay, FreshDrawnScores) {
     std::mt19937_64 random(1);

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "drawing/drawn_score.h"
+#include "support/kept_inputs.h"
 #include "tests/kit/check_check.h"
 
 // What is told of scores that nobody wrote: drawn from the grammar, and the fuzzers' kept ones.
@@ -21,13 +22,12 @@ void check(Reading read, const std::string& bytes, const std::string& name) {
 }
 
 void replay(Reading read, const std::string& fuzzer) {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("fuzz/corpus/" + fuzzer)) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        check(read, {std::istreambuf_iterator<char>(file), {}}, entry.path().filename().string());
-        ++count;
+    const std::vector<std::filesystem::path> inputs = vorn::test::kept_inputs("fuzz", fuzzer);
+    for (const std::filesystem::path& input : inputs) {
+        std::ifstream file(input, std::ios::binary);
+        check(read, {std::istreambuf_iterator<char>(file), {}}, input.filename().string());
     }
-    EXPECT_GT(count, 50);
+    EXPECT_GT(inputs.size(), 50U);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "drawing/drawn_score.h"
+#include "support/kept_inputs.h"
 #include "tests/kit/events_check.h"
 
 // Tables of scores that nobody wrote: drawn from the grammar, and the fuzzers' kept ones.
@@ -28,13 +29,12 @@ TEST(EventsOfDrawnScores, AreTheirScores) {
 }
 
 void replay(Reading read, const std::string& fuzzer) {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("fuzz/corpus/" + fuzzer)) {
-        std::ifstream file(entry.path(), std::ios::binary);
+    const std::vector<std::filesystem::path> inputs = vorn::test::kept_inputs("fuzz", fuzzer);
+    for (const std::filesystem::path& input : inputs) {
+        std::ifstream file(input, std::ios::binary);
         check(read, {std::istreambuf_iterator<char>(file), {}});
-        ++count;
     }
-    EXPECT_GT(count, 50);
+    EXPECT_GT(inputs.size(), 50U);
 }
 
 TEST(EventsOfKeptScores, AreTheirScores) { replay(fuzz::score_of_kind, "events"); }

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # The corpus of each fuzzer stays within what the tests have time for: some_files chooses evenly by size.
+# What showed a fault lies beside it, where a merge leaves it alone.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . scripts/lib/some_files.sh
@@ -29,3 +30,17 @@ for name in $(scripts/fuzz names); do
         exit 1
     fi
 done
+
+# A merge chooses the corpus anew, here from a run that reached something with one input, and leaves what was found.
+expect "$(scripts/fuzz names | grep -Fx -f <(ls fuzz/found))" "$(ls fuzz/found)"
+eval "$(sed -n '/^merge() {/,/^}/p' scripts/fuzz)"
+fuzzers=(drawn_score)
+work=$folder/work
+mkdir -p "$folder/build/fuzz/fuzz" "$folder/fuzz"
+cp -r fuzz/corpus fuzz/found "$folder/fuzz"
+printf '#!/bin/sh\n: >"$4/reached"\n' >"$folder/build/fuzz/fuzz/fuzz_drawn_score"
+chmod +x "$folder/build/fuzz/fuzz/fuzz_drawn_score"
+(cd "$folder" && merge >/dev/null)
+expect "reached" "$(ls "$folder/fuzz/corpus/drawn_score")"
+expect "$(ls fuzz/found/drawn_score)" "$(ls "$folder/fuzz/found/drawn_score")"
+[ -e "$folder/fuzz/found/drawn_score/8b9fe9813195e5fcfaafdb60b15fa0dc7f3455d8" ]
