@@ -28,11 +28,12 @@ import { find } from '../ui/dom';
 import { syntaxColors } from './colors';
 import { scoreLanguage } from './language';
 import { showWayOut } from './way_out';
-import { applyEdits, fromPiece, placeCursor, takeOver, type Edit } from './texts';
+import { applyEdits, fromPiece, goesOn, placeCursor, takeOver, type Edit } from './texts';
 
 export interface Editor {
     readonly view: EditorView;
-    apply(edits: readonly Edit[]): void;
+    // `isGoingOn`: they are undone together with those before.
+    apply(edits: readonly Edit[], isGoingOn?: boolean): void;
     // Shows a place of a file and puts the cursor there.
     reveal(file: string, from: number, to?: number): void;
 }
@@ -72,7 +73,7 @@ const common: Extension = [
     lineNumbers(),
     highlightActiveLineGutter(),
     highlightSpecialChars(),
-    history(),
+    history({ joinToEvent: (change, isAdjacent) => change.annotation(goesOn) ?? isAdjacent }),
     foldGutter(),
     drawSelection(),
     indentUnit.of('    '),
@@ -194,7 +195,7 @@ export function createEditor(store: AppStore, parent: HTMLElement, extra: Extens
     followSkip(store, view);
     return {
         view,
-        apply: (edits) => applyEdits(store, view, edits),
+        apply: (edits, isGoingOn = false) => applyEdits(store, view, edits, isGoingOn),
         reveal: (file, from, to = from) => reveal(store, view, file, from, to),
     };
 }

@@ -1,6 +1,6 @@
 // How the text of the editor and that of the piece are kept the same, with as little change as needed.
 import type { EditorState } from '@codemirror/state';
-import { Transaction } from '@codemirror/state';
+import { Annotation, Transaction } from '@codemirror/state';
 import type { EditorView } from '@codemirror/view';
 import type { AppStore } from '../state/app_state';
 import { fileOf, withText } from '../state/piece';
@@ -14,6 +14,9 @@ export interface Edit {
 
 // A change that the piece has made, which is not told to the piece again.
 export const fromPiece = Transaction.remote;
+
+// Whether a change goes on with the one before, as while a slider is held: both are undone at once.
+export const goesOn = Annotation.define<boolean>();
 
 export interface Difference {
     readonly from: number;
@@ -51,7 +54,12 @@ function applyElsewhere(store: AppStore, { file, from, to, insert }: Edit): void
 }
 
 // Edits with places of the text before, later ones first in each file, so that places stay right.
-export function applyEdits(store: AppStore, view: EditorView, edits: readonly Edit[]): void {
+export function applyEdits(
+    store: AppStore,
+    view: EditorView,
+    edits: readonly Edit[],
+    isGoingOn: boolean,
+): void {
     const { activeFile } = store.state;
     const here = edits.filter((edit) => edit.file === activeFile);
     const elsewhere = edits.filter((edit) => edit.file !== activeFile);
@@ -60,5 +68,5 @@ export function applyEdits(store: AppStore, view: EditorView, edits: readonly Ed
     const changes = here
         .filter(({ to }) => to <= length)
         .map(({ from, to, insert }) => ({ from, to, insert }));
-    if (changes.length > 0) view.dispatch({ changes, userEvent: 'input.fix' });
+    if (changes.length > 0) view.dispatch({ changes, annotations: goesOn.of(isGoingOn) });
 }

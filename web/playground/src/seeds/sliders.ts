@@ -89,6 +89,7 @@ class SlidersView {
     private shown = 'nothing yet';
     private rows = new Map<string, Row>();
     private readonly wanted = new Map<string, number>(); // values that the text does not have yet
+    private isHeld = false; // since the last edit, which the next one goes on with
 
     constructor(
         private readonly store: AppStore,
@@ -127,6 +128,8 @@ class SlidersView {
             this.wanted.set(slider.name, value);
             this.put();
         });
+        for (const touched of ['pointerdown', 'keydown'])
+            row.input.addEventListener(touched, () => (this.isHeld = false));
         return row;
     }
 
@@ -151,7 +154,9 @@ class SlidersView {
             return isNew ? [sliderEdit(slider, value)] : [];
         });
         this.wanted.clear();
-        if (edits.length > 0) this.editor.apply(edits);
+        if (edits.length === 0) return;
+        this.editor.apply(edits, this.isHeld);
+        this.isHeld = true;
     }
 }
 

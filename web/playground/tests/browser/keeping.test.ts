@@ -189,6 +189,33 @@ test('the shelf comes back with the piece from the history', async ({ playground
     await expect(page.locator('.kept-seed')).toHaveCount(1);
 });
 
+test('what a slider was drawn to is undone at once', async ({ playground: page }) => {
+    await load(page, `#const X 4 ; 1..20\n${SCORE}`);
+    await page.getByRole('tab', { name: 'Sliders' }).click();
+    const slider = page.getByRole('slider', { name: 'X' });
+    const box = await slider.boundingBox();
+    if (!box) throw new Error('The slider is not shown.');
+    const moveTo = async (part: number): Promise<void> => {
+        await page.mouse.move(box.x + part * box.width, box.y + box.height / 2);
+        await page.evaluate(() => window.vornPlayground?.drawn());
+    };
+    const draw = async (from: number, ...through: number[]): Promise<void> => {
+        await moveTo(from);
+        await page.mouse.down();
+        for (const part of through) await moveTo(part);
+        await page.mouse.up();
+    };
+    await draw(0.2, 0.4, 0.6, 0.8);
+    await draw(0.8, 0.6, 0.4);
+    const value = async (): Promise<string | undefined> => /X (\d+)/.exec((await textOf(page)) ?? '')?.[1];
+    await expect.poll(value).toBe('9');
+    await page.locator('.cm-content').focus();
+    await page.keyboard.press('Control+z');
+    await expect.poll(value).toBe('16');
+    await page.keyboard.press('Control+z');
+    await expect.poll(value).toBe('4');
+});
+
 test('a slider writes its value into the score', async ({ playground: page }) => {
     await load(page, `#const COUNT 4 ; 1..20\n${SCORE.replace('0, 4 {', '0, ~COUNT {')}`);
     await page.getByRole('tab', { name: 'Sliders' }).click();
