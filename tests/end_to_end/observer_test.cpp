@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "output/event_list.h"
@@ -322,6 +323,19 @@ TEST(Observer, TellsOfTemposAndMacros) {
               (std::vector<std::string>{"tempo 0 at 1:2 from 0.000000 120.000000 to 1000.000000 120.000000",
                                         "tempo 1 at 2:4 from 2.000000 60.000000 to 4.000000 90.000000",
                                         "macro A of 2 at 3:16 \"no $x c4\"", "macro B of 0 at 4:11 \"60\""}));
+}
+
+TEST(Observer, IsToldThatATempoFromBeatZeroTakesTheFirstPlace) {
+    class Tempos : public Recorder {
+    public:
+        void on_tempo(const TempoDef& tempo, int index, const LinePlace&) override {
+            told.emplace_back(index, tempo.start_tempo);
+        }
+        std::vector<std::pair<int, float>> told;
+    } tempos;
+    run_score(tempos, {{"in.vorn", "te(0 2 60 60) te(2 4 60 90) te(100)\nte(0 2 110 60)\n"}});
+    EXPECT_EQ(tempos.told,
+              (std::vector<std::pair<int, float>>{{0, 60.0F}, {1, 60.0F}, {0, 100.0F}, {0, 110.0F}}));
 }
 
 TEST(Observer, IsToldWhetherABlockBecomesMidi) {

@@ -813,6 +813,13 @@ TEST_F(FreeListNodes, NullsHandleAndLut) {
     EXPECT_EQ(vorn::event_values, 0U);
 }
 
+TEST_F(FreeListNodes, GivesTheMemoryBack) {
+    make_events(3);
+    EXPECT_NE(vorn::event_arena.newest, nullptr);
+    vorn::FreeListNodes(note_list);
+    EXPECT_EQ(vorn::event_arena.newest, nullptr);
+}
+
 TEST_F(FreeListNodes, AcceptsAnEmptyList) {
     vorn::FreeListNodes(note_list);
     EXPECT_EQ(note_list, nullptr);

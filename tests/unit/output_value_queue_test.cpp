@@ -1,6 +1,7 @@
 #include "output/value_queue.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <cstdio>
 #include <string>
@@ -77,6 +78,21 @@ TEST_F(QueueLimit, CountsEveryValueOfAGroupThatIsRepeated) {
     EXPECT_TRUE(vorn::DoQEvent(queue));
     EXPECT_FALSE(vorn::DoQEvent(queue));
 }
+
+#ifndef __SANITIZE_ADDRESS__  // whose memory is far more than is lent here
+TEST_F(StoreInQ, FailsWithoutMemoryAndKeepsWhatIsThere) {
+    rlimit saved = {};
+    ASSERT_EQ(getrlimit(RLIMIT_AS, &saved), 0);
+    const rlimit little = {rlim_t{1} << 20, saved.rlim_max};  // less than the program has: nothing is added
+    ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
+    std::size_t stored = 0;
+    while (stored < 10'000'000 && put(static_cast<float>(stored))) ++stored;
+    setrlimit(RLIMIT_AS, &saved);
+    EXPECT_LT(stored, 10'000'000U);
+    EXPECT_EQ(entries().size(), stored);
+    EXPECT_EQ(vorn::queued_values, stored);
+}
+#endif
 
 TEST_F(StoreInQ, OneValueIsARing) {
     ASSERT_TRUE(put(1.5F));
