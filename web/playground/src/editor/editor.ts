@@ -28,7 +28,7 @@ import { find } from '../ui/dom';
 import { syntaxColors } from './colors';
 import { scoreLanguage } from './language';
 import { showWayOut } from './way_out';
-import { applyEdits, fromPiece, goesOn, placeCursor, takeOver, type Edit } from './texts';
+import { editedState, editShown, fromPiece, goesOn, placeCursor, takeOver, type Edit } from './texts';
 
 export interface Editor {
     readonly view: EditorView;
@@ -121,6 +121,15 @@ class States {
         this.shown = name;
         return this.get(name);
     }
+    // What is done to a file that is not shown can be undone when it is.
+    edit(name: string, edits: readonly Edit[], isGoingOn: boolean): void {
+        const file = fileOf(this.store.state.piece, name);
+        if (!file) return;
+        const state = editedState(this.get(name), file.text, edits, isGoingOn);
+        this.kept.set(name, state);
+        const text = state.doc.toString();
+        this.store.act('edit another file', ({ piece }) => ({ piece: withText(piece, name, text) }));
+    }
     renew(): EditorState {
         this.kept.clear();
         this.shown = this.store.state.activeFile;
@@ -177,6 +186,14 @@ function reveal(store: AppStore, view: EditorView, file: string, from: number, t
     view.focus();
 }
 
+function applyEdits(view: EditorView, states: States, edits: readonly Edit[], isGoingOn: boolean): void {
+    for (const name of new Set(edits.map(({ file }) => file))) {
+        const own = edits.filter(({ file }) => file === name);
+        if (states.isShown(name)) editShown(view, own, isGoingOn);
+        else states.edit(name, own, isGoingOn);
+    }
+}
+
 // The link at the beginning of the page: the browser by itself would go to beside the text.
 function followSkip(store: AppStore, view: EditorView): void {
     find('.skip', HTMLAnchorElement).addEventListener('click', (event) => {
@@ -195,7 +212,7 @@ export function createEditor(store: AppStore, parent: HTMLElement, extra: Extens
     followSkip(store, view);
     return {
         view,
-        apply: (edits, isGoingOn = false) => applyEdits(store, view, edits, isGoingOn),
+        apply: (edits, isGoingOn = false) => applyEdits(view, states, edits, isGoingOn),
         reveal: (file, from, to = from) => reveal(store, view, file, from, to),
     };
 }

@@ -3,7 +3,6 @@ import type { EditorState } from '@codemirror/state';
 import { Annotation, Transaction } from '@codemirror/state';
 import type { EditorView } from '@codemirror/view';
 import type { AppStore } from '../state/app_state';
-import { fileOf, withText } from '../state/piece';
 
 export interface Edit {
     readonly file: string;
@@ -46,27 +45,23 @@ export function placeCursor(store: AppStore, state: EditorState): void {
     store.act('move cursor', (now) => ({ cursor: { file: now.activeFile, offset, line } }));
 }
 
-function applyElsewhere(store: AppStore, { file, from, to, insert }: Edit): void {
-    store.act('edit another file', ({ piece }) => {
-        const text = fileOf(piece, file)?.text ?? '';
-        return { piece: withText(piece, file, text.slice(0, from) + insert + text.slice(to)) };
-    });
-}
+const changesOf = (edits: readonly Edit[], length: number): Difference[] =>
+    edits.filter(({ to }) => to <= length).map(({ from, to, insert }) => ({ from, to, insert }));
 
-// Edits with places of the text before, later ones first in each file, so that places stay right.
-export function applyEdits(
-    store: AppStore,
-    view: EditorView,
+// What the text has become meanwhile comes first, so that the edits alone are undone.
+export function editedState(
+    state: EditorState,
+    text: string,
     edits: readonly Edit[],
     isGoingOn: boolean,
-): void {
-    const { activeFile } = store.state;
-    const here = edits.filter((edit) => edit.file === activeFile);
-    const elsewhere = edits.filter((edit) => edit.file !== activeFile);
-    for (const edit of elsewhere.sort((a, b) => b.from - a.from)) applyElsewhere(store, edit);
-    const length = view.state.doc.length;
-    const changes = here
-        .filter(({ to }) => to <= length)
-        .map(({ from, to, insert }) => ({ from, to, insert }));
+): EditorState {
+    const behind = difference(state.doc.toString(), text);
+    const now = behind ? state.update({ changes: behind, annotations: fromPiece.of(true) }).state : state;
+    return now.update({ changes: changesOf(edits, text.length), annotations: goesOn.of(isGoingOn) }).state;
+}
+
+// Edits with places of the text that is shown.
+export function editShown(view: EditorView, edits: readonly Edit[], isGoingOn: boolean): void {
+    const changes = changesOf(edits, view.state.doc.length);
     if (changes.length > 0) view.dispatch({ changes, annotations: goesOn.of(isGoingOn) });
 }

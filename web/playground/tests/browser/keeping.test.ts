@@ -189,6 +189,17 @@ test('the shelf comes back with the piece from the history', async ({ playground
     await expect(page.locator('.kept-seed')).toHaveCount(1);
 });
 
+test('what is mended in another file is undone there', async ({ playground: page }) => {
+    const part = SCORE.replace('c5', 'bb4');
+    await load(page, { 'whole.vorn': '#include |part.inc|\n', 'part.inc': part });
+    await page.locator('.problem .word-button').first().click();
+    await expect.poll(() => textOf(page, 'part.inc')).toContain('bf4');
+    await page.getByRole('tab', { name: 'part.inc' }).click();
+    await page.locator('.cm-content').focus();
+    await page.keyboard.press('Control+z');
+    await expect.poll(() => textOf(page, 'part.inc')).toBe(part);
+});
+
 test('what a slider was drawn to is undone at once', async ({ playground: page }) => {
     await load(page, `#const X 4 ; 1..20\n${SCORE}`);
     await page.getByRole('tab', { name: 'Sliders' }).click();
