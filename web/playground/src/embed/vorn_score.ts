@@ -17,7 +17,10 @@ import CsoundWorker from '../sound/csound/worker?worker&inline';
 import { Player } from '../sound/player';
 import { Renderer, Rendering } from '../sound/rendering';
 import { timeText } from '../picture/span';
-import { hasSuffix, isOrchestra, MAIN_SUFFIX } from '../state/piece';
+import { ORCHESTRA_REFUSED } from '../sound/csound/protocol';
+import { orchestraMistakes } from '../sound/orchestra_mistakes';
+import { partsOf } from '../state/orchestras';
+import { hasSuffix, isOrchestra, MAIN_SUFFIX, type TextFile } from '../state/piece';
 import { make, prose } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
@@ -34,6 +37,10 @@ function mistakeWords({ text, place, advice }: Diagnostic, main: string): (strin
     const words = place ? `${line} ${place.line}: ${text}` : text;
     return [words, ...advice.map((one) => make('span', { class: 'advice' }, ...prose(one)))];
 }
+
+const nameIn = (address: string): string => address.split(/[?#]/)[0]?.split('/').at(-1) ?? '';
+
+const wordsOf = (error: unknown): string => (error instanceof Error ? error.message : String(error));
 
 class VornScore extends HTMLElement {
     static readonly observedAttributes = ['src', 'orchestra'];
@@ -86,7 +93,7 @@ class VornScore extends HTMLElement {
     }
 
     private get name(): string {
-        return this.getAttribute('src')?.split(/[?#]/)[0]?.split('/').at(-1) || 'score.vorn';
+        return nameIn(this.getAttribute('src') ?? '') || 'score.vorn';
     }
 
     // The score first, whatever its name is.
@@ -112,7 +119,7 @@ class VornScore extends HTMLElement {
             const { result, texts } = await compiledWithIncludes(compile, given, base);
             if (turn === this.turn) this.show(result, texts);
         } catch (error) {
-            if (turn === this.turn) this.refuse(error instanceof Error ? error.message : String(error));
+            if (turn === this.turn) this.refuse(wordsOf(error));
         }
     }
 
@@ -123,8 +130,7 @@ class VornScore extends HTMLElement {
     }
 
     private refuse(trouble: string): void {
-        this.words.textContent = trouble;
-        this.words.classList.add('trouble');
+        this.complain([trouble]);
         this.button.disabled = true;
         this.stage.hidden = true;
         this.picture?.show(null);
@@ -134,46 +140,73 @@ class VornScore extends HTMLElement {
         this.result = result;
         this.texts = texts;
         this.rendering = undefined;
-        const [mistake] = result.diagnostics.filter((one) => one.severity === 'error');
-        const events = countAll(result);
         this.button.disabled = result.status !== 0;
-        this.words.classList.toggle('trouble', mistake !== undefined);
-        const told = mistake
-            ? mistakeWords(mistake, Object.keys(texts)[0] ?? '')
-            : [`${events} events, ${timeText(result.seconds)}`];
-        this.words.replaceChildren(...told);
-        this.stage.hidden = events === 0;
+        this.tell(result);
+        this.stage.hidden = countAll(result) === 0;
         this.picture?.show(result);
+    }
+
+    private tell(result: Result): void {
+        const [mistake] = result.diagnostics.filter((one) => one.severity === 'error');
+        if (mistake) this.complain(mistakeWords(mistake, Object.keys(this.texts)[0] ?? ''));
+        else this.say(`${countAll(result)} events, ${timeText(result.seconds)}`);
+    }
+
+    private say(words: string): void {
+        this.words.textContent = words;
+        this.words.classList.remove('trouble');
+    }
+
+    private complain(words: (string | Node)[]): void {
+        this.words.replaceChildren(...words);
+        this.words.classList.add('trouble');
     }
 
     private async toggle(): Promise<void> {
         if (this.player.isPlaying) return this.silence();
-        const { turn } = this;
-        const rendering = this.rendering ?? (await this.render());
-        if (turn !== this.turn) return;
+        const { turn, result } = this;
+        try {
+            const own = this.rendering ? undefined : await this.orchestra();
+            if (turn !== this.turn || !result) return;
+            this.tell(result);
+            await this.play(this.rendering ?? this.render(result, own?.text), own);
+        } catch (error) {
+            if (turn === this.turn) this.complain([wordsOf(error)]);
+        }
+    }
+
+    private async play(rendering: Rendering, own: TextFile | undefined): Promise<void> {
         this.rendering = rendering;
         this.player.play(rendering, 0);
         this.button.replaceChildren(icon('stop'), 'Stop');
         requestAnimationFrame(() => this.follow());
         await rendering.whole();
-        if (rendering === this.rendering && rendering.refusal !== '')
-            this.words.textContent = rendering.refusal;
+        if (rendering !== this.rendering || rendering.refusal === '') return;
+        if (rendering.frames > 0) return this.say(rendering.refusal);
+        this.complain(this.refusalWords(rendering, own));
+        this.rendering = undefined; // another click tries again
     }
 
-    private async render(): Promise<Rendering> {
-        const { result } = this;
-        const own = await this.orchestra();
-        const orchestra = own ?? result?.builtIn?.orchestra ?? '';
-        const score = own === undefined ? result?.builtIn?.score : new TextDecoder().decode(result?.score);
+    private refusalWords({ refusal, text }: Rendering, own: TextFile | undefined): (string | Node)[] {
+        if (refusal !== ORCHESTRA_REFUSED || !own) return [refusal];
+        const files = Object.entries(this.texts).map(([name, written]) => ({ name, text: written }));
+        const [mistake] = orchestraMistakes(text, partsOf({ title: '', files }, own), refusal);
+        return mistake ? mistakeWords(mistake, '') : [refusal];
+    }
+
+    private render(result: Result, own: string | undefined): Rendering {
+        const orchestra = own ?? result.builtIn?.orchestra ?? '';
+        const score = own === undefined ? result.builtIn?.score : new TextDecoder().decode(result.score);
         const encoder = new TextEncoder();
         const files = Object.entries(this.texts).map(([name, text]) => [name, encoder.encode(text)] as const);
         return this.renderer.render({ orchestra, score: score ?? '', files }, new Rendering());
     }
 
-    private async orchestra(): Promise<string | undefined> {
+    private async orchestra(): Promise<TextFile | undefined> {
         const address = this.getAttribute('orchestra');
-        if (address) return fetchedText(address);
-        return Object.entries(this.texts).find(([name]) => isOrchestra(name))?.[1];
+        if (address) return { name: nameIn(address), text: await fetchedText(address) };
+        const own = Object.entries(this.texts).find(([name]) => isOrchestra(name));
+        return own && { name: own[0], text: own[1] };
     }
 
     private silence(): void {

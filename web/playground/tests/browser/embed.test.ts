@@ -1,6 +1,6 @@
 import { readFileSync } from 'node:fs';
 import type { Page } from '@playwright/test';
-import { expect, SCORE, test } from './page';
+import { expect, PATIENCE, SCORE, test } from './page';
 
 const example = (name: string): string =>
     readFileSync(new URL(`../../../../examples/hocket/${name}`, import.meta.url), 'utf8');
@@ -57,6 +57,27 @@ test('a score in a page tells its mistake in place of a picture', async ({ page 
     await expect(score.locator('.trouble')).toHaveCount(0);
     await score.evaluate((element) => element.setAttribute('src', './nowhere.vorn'));
     await expect(score.locator('.trouble')).toContainText('nowhere.vorn cannot be read');
+});
+
+test('a score in a page tells what its orchestra keeps from sounding, and tries again', async ({ page }) => {
+    const files: Record<string, string> = { 'broken.orc': 'instr 1\nnosuch\nendin\n' };
+    const score = page.locator('vorn-score');
+    const play = score.getByRole('button', { name: 'Play' });
+    await host(page, `<vorn-score orchestra="none.orc">${SCORE}</vorn-score>`, files);
+    await play.click();
+    await expect(score.locator('.trouble')).toHaveText('none.orc cannot be read.');
+    await score.evaluate((element) => element.setAttribute('orchestra', 'broken.orc'));
+    await expect(score.locator('.trouble')).toHaveCount(0);
+    await play.click();
+    await expect(score.locator('.trouble')).toContainText('broken.orc, line 2: ', { timeout: PATIENCE });
+    files['broken.orc'] = 'instr 1\nout poscil(.2, 440)\nendin\n';
+    await host(page, `<vorn-score orchestra="broken.orc">${SCORE}</vorn-score>`, files);
+    await page.route('**/csound.wasm.z', (route) => route.abort(), { times: 1 });
+    await play.click();
+    await expect(score.locator('.trouble')).toBeVisible();
+    await play.click();
+    await expect(score.locator('.trouble')).toHaveCount(0);
+    await expect(score.getByRole('button', { name: 'Stop' })).toBeVisible();
 });
 
 interface Look {
