@@ -21,6 +21,7 @@ import { Sounding } from './sound/sounding';
 import { createAppStore } from './state/app_state';
 import { find } from './ui/dom';
 import { showExpansion } from './ui/expansion';
+import { closeThoseOfPiece } from './ui/notices';
 import { showProblems } from './ui/problems';
 import { showStatus } from './ui/status';
 import { showTabs } from './ui/tabs';
@@ -50,6 +51,7 @@ showActions({ store, editor, sounding, autosave, engine });
 showStatus(store);
 showManual(store, autosave);
 listenToDrops(store, autosave);
+store.watch((state) => state.pieceNumber, closeThoseOfPiece);
 
 const parts = { store, computing, view, sounding, autosave, engine, held: holdOffline() };
 void begin(store, autosave).then(() => {

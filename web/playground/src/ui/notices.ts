@@ -32,7 +32,7 @@ export function notice(text: string, action?: NoticeAction): void {
         action && make('button', { type: 'button', class: 'word-button', onclick: act }, action.word);
     const box = make(
         'div',
-        { class: action?.lasts ? 'notice lasting' : 'notice' },
+        { class: action?.lasts ? 'notice lasting' : action ? 'notice of-piece' : 'notice' },
         make('p', {}, text),
         button,
         iconButton('close', 'Close', remove),
@@ -40,6 +40,11 @@ export function notice(text: string, action?: NoticeAction): void {
     makeRoom(place, text);
     place.append(box);
     if (!action?.lasts) setTimeout(remove, 1000 * (action ? SECONDS_TO_ACT : SECONDS));
+}
+
+// What was to be done belonged to the piece that has gone.
+export function closeThoseOfPiece(): void {
+    for (const one of find('#notices', HTMLElement).querySelectorAll('.of-piece')) one.remove();
 }
 
 export interface Progress {

@@ -90,6 +90,12 @@ test('the orchestra that is dropped last plays, until another one is chosen, als
     await ready(page);
     await page.getByRole('tab', { name: 'Sound' }).click();
     await expect(choice).toHaveValue('orchestra:OCTAVE.ORC');
+    await page.getByRole('tab', { name: 'OCTAVE.ORC' }).click();
+    await page.getByRole('button', { name: 'Add a file or take one out' }).click();
+    await page.getByRole('menuitem', { name: 'Take out OCTAVE.ORC' }).click();
+    await expect(page.locator('.notice')).toContainText('sine.orc plays from now on.');
+    await load(page, SCORE);
+    await expect(page.locator('.notice')).toHaveCount(0);
 });
 
 test('a file with the line ends of Windows is shown, mended and written as it is', async ({
