@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The comparison of builds passes one that leaves the same and names the case of
-# one that leaves another byte, another status or another message.
+# one that leaves another byte, another status or another message. One that did not
+# begin is run again.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
 program=${VORN_PROGRAM:?names the built program}
@@ -23,6 +24,10 @@ twin byte 'printf " " >>out.sco'
 twin message '[ $ended -eq 0 ] || echo more >&2'
 twin ended '[ $ended -eq 0 ] && ended=2'
 twin file '[ $ended -eq 0 ] || : >left'
+printf '#!/bin/sh\n[ -e "%s/begun" ] || { : >"%s/begun"; exit 1; }\nexec "%s" "$@"\n' \
+    "$work" "$work" "$program" >"$work/late"
+printf '#!/bin/sh\nexit 1\n' >"$work/silent"
+chmod +x "$work/late" "$work/silent"
 
 # row <twin> <status> <end of its line in the table>
 row() {
@@ -37,4 +42,6 @@ row byte 1 '2  some/plain, some/refused'
 row message 1 '1  some/refused'
 row ended 1 '1  some/plain'
 row file 1 '1  some/refused'
+row late 0 '0 *'
+row silent 1 '2  some/plain, some/refused'
 exit $status
