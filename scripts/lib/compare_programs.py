@@ -39,6 +39,11 @@ def copy_inputs(case, folder):
             shutil.copyfile(path, target)
 
 
+def whole(file):
+    file.seek(0)
+    return file.read()
+
+
 def run_once(command, case):
     """All that a run leaves, by name."""
     with tempfile.TemporaryDirectory(prefix="vorn-same-") as name:
@@ -46,15 +51,18 @@ def run_once(command, case):
         copy_inputs(case, folder)
         words = [os.fsencode(word) for word in command]
         words += [word.encode("latin-1") for word in arguments_of(case)]
-        try:
-            run = subprocess.run(words, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
-                                 timeout=TIME_LIMIT, check=False)
-        except subprocess.TimeoutExpired:
-            return {"status": "no end"}
+        # Files, not pipes: what a run leaves behind, as Wine does its services, would hold a pipe open.
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            try:
+                run = subprocess.run(words, cwd=folder, stdin=subprocess.DEVNULL, stdout=out, stderr=err,
+                                     timeout=TIME_LIMIT, check=False)
+            except subprocess.TimeoutExpired:
+                return {"status": "no end"}
+            streams = {name: TEMPORARY.sub(b"", whole(file))
+                       for name, file in (("standard output", out), ("standard error", err))}
         left = {str(path.relative_to(folder)): path.read_bytes()
                 for path in folder.rglob("*") if path.is_file()}
-        return {"status": run.returncode, "standard output": TEMPORARY.sub(b"", run.stdout),
-                "standard error": TEMPORARY.sub(b"", run.stderr), **left}
+        return {"status": run.returncode, **streams, **left}
 
 
 def outcome(command, case):

@@ -20,6 +20,7 @@ twin() {
     chmod +x "$work/$1"
 }
 twin equal ':'
+twin servant 'sleep 100 & echo $! >>"'"$work"'/servants"'
 twin byte 'printf " " >>out.sco'
 twin message '[ $ended -eq 0 ] || echo more >&2'
 twin ended '[ $ended -eq 0 ] && ended=2'
@@ -38,6 +39,8 @@ row() {
     status=1
 }
 row equal 0 '0 *'
+row servant 0 '0 *'
+xargs kill <"$work/servants" || { echo "the comparison has waited for what runs left behind"; status=1; }
 row byte 1 '2  some/plain, some/refused'
 row message 1 '1  some/refused'
 row ended 1 '1  some/plain'
