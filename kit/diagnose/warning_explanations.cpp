@@ -48,7 +48,7 @@ p4 60 62 64 }
               "It ends with the block. In P2 a time in beats is compared with seconds, so that in a fast "
               "tempo it goes on longer.",
      .cure = "In P2, at a tempo other than 60, count the generator and the block in events; "
-             "elsewhere give it the time `T`, that of the block.",
+             "elsewhere give it the time `T`, or, behind other values, the number of events that are left.",
      .score = R"(i1 = 4, 0, 4 {
 p2 1  p3 1
 p4 ra(-8 1 [60 72]) }

@@ -12,7 +12,7 @@ sys.path.insert(0, str(ROOT / "tests" / "support"))
 import documents  # noqa: E402
 
 PAGE = ROOT / "docs" / "glossary.md"
-ENTRY = re.compile(r"^### (.*?)\n(.*?)(?=^### |\Z)", re.MULTILINE | re.DOTALL)
+ENTRY = re.compile(r"^## (.*?)\n(.*?)(?=^## |\Z)", re.MULTILINE | re.DOTALL)
 CODE = re.compile(r"\[([EW]\d+)\]\(messages\.md#[ew]\d+\)")
 HEADING = re.compile(r"^#+ (.*)$", re.MULTILINE)
 LINK = re.compile(r"(?<!!)\[[^]]*\]\(([^)\s]+)\)")

@@ -325,7 +325,7 @@ class Recipes(CommandTest):
     def test_dynamics(self):
         soft, loud, levels = self.answers("write p, mf, ff")
         events = self.events_of(f"{soft}\n{loud}\ni1 = 5 0 5 {{\np2 1\np3 1\np4(hz) no c4\n{levels}\n}}\n")
-        self.assertEqual([event.rest[1] for event in events], [.2, .2, .4, .6, .8])
+        self.assertEqual([event.rest[1] for event in events], [.2, .35, .5, .65, .8])
 
     def test_a_rolled_chord(self):
         steps, durations = self.answers("roll a chord")

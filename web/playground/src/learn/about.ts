@@ -19,7 +19,7 @@ const KEYS: readonly (readonly [string, string])[] = [
     ['Ctrl+Enter', 'play or stop'],
     ['Ctrl+Shift+Enter', 'play from the block at the cursor'],
     ['Ctrl+S', 'share by address'],
-    ['Ctrl+.', 'cure the mistake at the cursor, where the cure is certain'],
+    ['Ctrl+.', 'cure the mistake nearest to the cursor, where the cure is certain'],
     ['Ctrl+F', 'find and replace'],
     ['Ctrl+Shift+M', 'go to the list of mistakes'],
     ['F8', 'go to the next mistake'],
