@@ -95,10 +95,13 @@ function fileOf(address) {
     return existsSync(file) ? file : undefined;
 }
 
+// The service worker, too, asks for the page: what it is to hold is no way to another address.
+const isOpened = ({ headers }) => options.watch && headers['sec-fetch-mode'] === 'navigate';
+
 function respond(request, answer) {
     try {
         if (options.watch && request.url === `${options.base}watched`) return listen(answer);
-        if (options.watch && request.url === options.base)
+        if (isOpened(request) && request.url === options.base)
             return answer.writeHead(302, { location: options.base + WATCHED }).end();
         const file = fileOf(request.url ?? '/');
         if (file) return send(answer, file);

@@ -1,5 +1,5 @@
 // The service worker of the built folder: it holds every file there, so that page, documents and licences open
-// without a network. A new build has another name for its store.
+// without a network. A new build, or another way to hold one, has another name for its store.
 import { createHash } from 'node:crypto';
 import { readdirSync, readFileSync, statSync, writeFileSync } from 'node:fs';
 import { join, resolve } from 'node:path';
@@ -61,10 +61,11 @@ function filesIn(folder: string, below = ''): BuiltFile[] {
 
 function workerFor(files: readonly BuiltFile[]): string {
     const { first, later, twins } = heldFiles(files);
-    const hash = createHash('sha256');
+    const template = readFileSync(TEMPLATE, 'utf8');
+    const hash = createHash('sha256').update(template);
     for (const { name, digest } of files.filter((file) => isHeld(file.name)))
         hash.update(`${name} ${digest}\n`);
-    return readFileSync(TEMPLATE, 'utf8')
+    return template
         .replace("'VERSION'", JSON.stringify(hash.digest('hex').slice(0, 16)))
         .replace('[/* FILES */]', JSON.stringify(first))
         .replace('[/* LATER */]', JSON.stringify(later))

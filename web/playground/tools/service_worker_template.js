@@ -7,9 +7,7 @@ const LATER = [/* LATER */]; // large or seldom asked for, and not needed to beg
 const TWINS = {/* TWINS */}; // files with the bytes of another one, which is held for both
 const PATIENCE = 2000; // milliseconds that a page may take to say what it was made from
 
-self.addEventListener('install', (event) => {
-    event.waitUntil(caches.open(STORE).then((store) => store.addAll(FILES)));
-});
+self.addEventListener('install', (event) => event.waitUntil(holdFirst()));
 
 self.addEventListener('activate', (event) => event.waitUntil(self.clients.claim().then(tidy)));
 
@@ -18,8 +16,14 @@ const twinOf = new Map(Object.entries(TWINS).map(([name, twin]) => [addressOf(na
 
 const coming = new Map(); // what is being fetched, by its address
 
+// Browsers open no page with an answer that another address has given.
+function withoutWay(answer) {
+    const { body, status, statusText, headers, redirected } = answer;
+    return redirected ? new Response(body, { status, statusText, headers }) : answer;
+}
+
 async function fetchInto(store, address) {
-    const fresh = await fetch(address);
+    const fresh = withoutWay(await fetch(address));
     if (fresh.ok) await store.put(address, fresh.clone());
     return fresh;
 }
@@ -29,6 +33,12 @@ function hold(store, address) {
     const fetched = coming.get(address) ?? fetchInto(store, address).finally(() => coming.delete(address));
     coming.set(address, fetched);
     return fetched.then((fresh) => fresh.clone());
+}
+
+async function holdFirst() {
+    const store = await caches.open(STORE);
+    const answers = await Promise.all(FILES.map((name) => hold(store, addressOf(name))));
+    if (!answers.every(({ ok }) => ok)) throw new Error('The page is not all there.');
 }
 
 async function holdLater() {

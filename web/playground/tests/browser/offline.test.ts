@@ -1,9 +1,11 @@
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
+import { createServer } from 'node:http';
+import type { AddressInfo } from 'node:net';
 import { cpSync, mkdtempSync, readdirSync, readFileSync, renameSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { expect, facts, heard, load, open, ready, SCORE, SINE, test } from './page';
+import { expect, facts, heard, load, open, PATIENCE, ready, SCORE, SINE, test } from './page';
 import type { BrowserContext, Page } from '@playwright/test';
 
 const isHeld = (page: Page): Promise<boolean> =>
@@ -126,6 +128,54 @@ test('a new version is used when asked for, and pages of the old one keep their 
         await ready(one);
         await isHeld(one);
         await expect.poll(() => storeCount(one)).toBe(1);
+    });
+});
+
+// The page of `origin`, but its folder leads to the page by its name, and so does `again`.
+async function led(
+    origin: string,
+    use: (address: string, renew: () => void) => Promise<void>,
+): Promise<void> {
+    let build = '';
+    const server = createServer((request, answer) => {
+        const name = (request.url ?? '/').slice(1);
+        if (name === '' || name === 'again') return answer.writeHead(302, { location: '/index.html' }).end();
+        return void fetch(new URL(name, origin)).then(async (found) => {
+            const bytes = Buffer.from(await found.arrayBuffer());
+            const isWorker = name === 'service_worker.js';
+            answer.writeHead(found.status, { 'content-type': found.headers.get('content-type') ?? '' });
+            answer.end(isWorker ? bytes.toString().replace('OWN + "', `OWN + "${build}`) : bytes);
+        });
+    });
+    await once(server.listen(0, '127.0.0.1'), 'listening');
+    try {
+        const { port } = server.address() as AddressInfo;
+        await use(`http://localhost:${port}/`, () => (build = 'anew'));
+    } finally {
+        server.closeAllConnections();
+        server.close();
+    }
+}
+
+test('the page opens again where its folder leads to another address', async ({ page, baseURL }) => {
+    await led(baseURL ?? '', async (address, renew) => {
+        await open(page, address);
+        expect(await isHeld(page)).toBe(true);
+        await open(page, address);
+
+        // What cannot be opened, as browsers have it from before, goes with the next build.
+        const before = await page.evaluate(async () => {
+            const [name = ''] = await caches.keys();
+            await (await caches.open(name)).put('./', await fetch('./again'));
+            return name;
+        });
+        expect(await page.goto(address).catch(() => null)).toBeNull();
+        renew();
+        await expect.poll(() => page.goto(address).catch(() => null), { timeout: PATIENCE }).not.toBeNull();
+        await ready(page);
+        await isHeld(page);
+        await expect.poll(() => page.evaluate(() => caches.keys())).not.toContain(before);
+        expect(await storeCount(page)).toBe(1);
     });
 });
 

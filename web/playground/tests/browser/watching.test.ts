@@ -3,7 +3,7 @@ import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { expect, facts, open, SCORE, test, textOf } from './page';
+import { expect, facts, open, ready, SCORE, test, textOf } from './page';
 
 test('a file on disk is followed', async ({ page }) => {
     const folder = mkdtempSync(join(tmpdir(), 'vorn-watch-'));
@@ -20,6 +20,12 @@ test('a file on disk is followed', async ({ page }) => {
         writeFileSync(file, SCORE.replace('0, 4', '0, 8'));
         await expect.poll(() => textOf(page, 'disk.vorn')).toContain('0, 8');
         expect(await facts(page)).toMatchObject({ status: 0, eventCount: 16 });
+
+        expect(await page.evaluate(() => window.vornPlayground?.offline())).toBe(true);
+        await page.reload();
+        await ready(page);
+        await expect.poll(() => textOf(page, 'disk.vorn')).toContain('0, 8');
+        await open(page, new URL('.', page.url()).href);
     } finally {
         server.kill();
         rmSync(folder, { recursive: true });
