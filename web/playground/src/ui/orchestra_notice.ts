@@ -24,8 +24,8 @@ export function tellOrchestra(store: AppStore, before: Readonly<AppState>): void
     notice(`${now} plays from now on.`, { word: 'Play as before', act });
 }
 
-export function tellSeveralOrchestras({ state: { piece } }: AppStore): void {
+export function tellSeveralOrchestras({ state: { output, piece } }: AppStore): void {
     const all = wholeOrchestrasOf(piece);
-    if (all.length > 1)
+    if (output === ORCHESTRA && all.length > 1)
         notice(`Of ${all.length} orchestras ${orchestraOf(piece)?.name} plays; “Played by” has all.`);
 }

@@ -11,7 +11,7 @@ vi.mock('../../src/ui/notices', () => ({
 import { readText } from '../../src/files/decoding';
 import { takeFiles } from '../../src/files/open';
 import type { Autosave } from '../../src/keep/autosave';
-import { BUILT_IN, createAppStore, openPiece, type AppStore } from '../../src/state/app_state';
+import { BUILT_IN, createAppStore, MIDI, openPiece, type AppStore } from '../../src/state/app_state';
 import { orchestraOf } from '../../src/state/orchestras';
 import { removeFile } from '../../src/ui/tabs';
 
@@ -134,6 +134,12 @@ describe('an orchestra that is dropped', () => {
         await drop(store, { 'x.VORN': 'i1 = 4', 'x.ORC': 'one', 'y.orc': 'two' });
         expect([store.state.piece.title, playing(store)]).toEqual(['x', 'x.ORC']);
         expect(told.join()).toContain('Of 2 orchestras x.ORC plays');
+    });
+    it('with others is nothing to tell of where MIDI plays', async () => {
+        const store = createAppStore();
+        store.act('choose output', () => ({ output: MIDI }));
+        await drop(store, { 'x.vorn': 'i1 = 4', 's.orc': 'one', 't.orc': 'two' });
+        expect([store.state.output, told]).toEqual([MIDI, []]);
     });
     it('and is taken out leaves the sound to another one, which is told, and comes back', async () => {
         const store = createAppStore();
