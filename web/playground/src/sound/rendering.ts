@@ -92,12 +92,14 @@ export class Rendering {
 
 export const CANCELLED = 'It was cancelled.';
 const SILENT_FOR = 8000; // milliseconds without a sign of life: an orchestra that never comes back
+const GRACE = 1000; // milliseconds until one that was cancelled has to be back
 
 // One Csound at a time, in a Worker that is ended and begun anew when it does not come back.
 export class Renderer {
     private worker: Worker | undefined;
     private current: Rendering | undefined;
     private id = 0;
+    private working = 0; // on which performance the Worker is; 0: on none
     private alarm: ReturnType<typeof setTimeout> | undefined;
 
     constructor(
@@ -122,6 +124,7 @@ export class Renderer {
     cancel(): void {
         this.worker?.postMessage({ kind: 'cancel', id: this.id });
         clearTimeout(this.alarm);
+        this.alarm = setTimeout(() => this.dismissBusyWorker(), GRACE);
         this.end(CANCELLED);
         this.id += 1;
     }
@@ -133,7 +136,9 @@ export class Renderer {
             const { orchestra, score } = piece;
             const files = piece.files.map(([name, bytes]): [string, Uint8Array] => [name, bytes]);
             const request: RenderRequest = { kind: 'render', id, program, orchestra, score, files };
+            this.dismissBusyWorker();
             this.startedWorker().postMessage(request);
+            this.working = id;
             this.watch();
         } catch (error) {
             if (id === this.id) this.end(error instanceof Error ? error.message : String(error));
@@ -149,7 +154,19 @@ export class Renderer {
         return worker;
     }
 
+    // Whoever is still busy with what nobody wants may never come back.
+    private dismissBusyWorker(): void {
+        if (this.working !== 0) this.dismissWorker();
+    }
+
+    private dismissWorker(): void {
+        this.worker?.terminate();
+        this.worker = undefined;
+        this.working = 0;
+    }
+
     private receive(answer: Answer): void {
+        if (answer.kind === 'ended' && answer.id === this.working) this.working = 0;
         if (answer.id !== this.id) return;
         this.current?.take(answer);
         this.watch();
@@ -163,8 +180,7 @@ export class Renderer {
         clearTimeout(this.alarm);
         if (!this.current || this.current.hasEnded) return;
         this.alarm = setTimeout(() => {
-            this.worker?.terminate();
-            this.worker = undefined;
+            this.dismissWorker();
             this.end('Csound did not come back and was ended.');
         }, SILENT_FOR);
     }

@@ -78,6 +78,11 @@ test('an orchestra without an end leaves the page alive', async ({ playground: p
     await page.evaluate(() => window.vornPlayground?.drawn());
     expect(Date.now() - begin).toBeLessThan(PATIENCE);
     await expect(page.locator('#panel .trouble')).toContainText('did not come back', { timeout: 15000 });
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await page.waitForTimeout(500);
+    await load(page, SINE);
+    await page.getByRole('button', { name: 'Play', exact: true }).click();
+    await expect.poll(async () => (await heard(page)).peak, { timeout: 7000 }).toBeGreaterThan(0.05);
 });
 
 test('a WAV file is rendered whole', async ({ playground: page }) => {

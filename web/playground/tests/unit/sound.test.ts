@@ -1,4 +1,4 @@
-import { describe, expect, it } from 'vitest';
+import { afterEach, beforeEach, describe, expect, it, vi } from 'vitest';
 import { csoundDocument } from '../../src/files/downloads';
 import { forBrowsers } from '../../src/sound/csound/dialect';
 import { readMidi } from '../../src/sound/midi_file';
@@ -97,6 +97,10 @@ describe('a rendering', () => {
 class Said extends EventTarget {
     onmessage: ((event: { data: Answer }) => void) | undefined;
     readonly asked: unknown[] = [];
+    isTerminated = false;
+    terminate(): void {
+        this.isTerminated = true;
+    }
     postMessage(message: unknown): void {
         this.asked.push(message);
     }
@@ -174,6 +178,58 @@ describe('a sound file', () => {
         minute(worker);
         expect([file.hasEnded, file.refusal, file.frames]).toEqual([true, CANCELLED, 0]);
         expect(worker.asked.at(-1)).toEqual({ kind: 'cancel', id: 1 });
+    });
+});
+
+describe('a Worker that does not come back', () => {
+    const workers: Said[] = [];
+    const makeWorker = (): Worker => {
+        workers.push(new Said());
+        return workers.at(-1) as unknown as Worker;
+    };
+    const renderer = (): Renderer =>
+        new Renderer(makeWorker, () => Promise.resolve(undefined as unknown as WebAssembly.Module));
+    const rendered = async (by: Renderer): Promise<Rendering> => {
+        const made = by.render({ orchestra: '', score: '', files: [] }, new Rendering());
+        await vi.advanceTimersByTimeAsync(0);
+        return made;
+    };
+    const terminated = (): boolean[] => workers.map(({ isTerminated }) => isTerminated);
+    beforeEach(() => {
+        vi.useFakeTimers();
+        workers.splice(0);
+    });
+    afterEach(() => vi.useRealTimers());
+
+    it('is not given the next piece, cancelled or not', async () => {
+        const one = renderer();
+        await rendered(one);
+        one.cancel();
+        await rendered(one);
+        const last = await rendered(one);
+        expect(terminated()).toEqual([true, true, false]);
+        workers[2]?.say({ kind: 'begun', id: 4, sampleRate: 10, channels: 1 });
+        await vi.advanceTimersByTimeAsync(7900);
+        expect([last.sampleRate, last.hasEnded]).toEqual([10, false]);
+    });
+    it('is ended a moment after it was cancelled', async () => {
+        const one = renderer();
+        await rendered(one);
+        one.cancel();
+        await vi.advanceTimersByTimeAsync(100);
+        expect(terminated()).toEqual([false]);
+        await vi.advanceTimersByTimeAsync(1000);
+        expect(terminated()).toEqual([true]);
+    });
+    it('is another one than that which does, and goes on with the next piece', async () => {
+        const one = renderer();
+        await rendered(one);
+        one.cancel();
+        workers[0]?.say({ kind: 'ended', id: 1, refusal: '' });
+        await vi.advanceTimersByTimeAsync(5000);
+        await rendered(one);
+        expect(terminated()).toEqual([false]);
+        expect(workers[0]?.asked.at(-1)).toMatchObject({ kind: 'render', id: 3 });
     });
 });
 
