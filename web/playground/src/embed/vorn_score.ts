@@ -19,8 +19,8 @@ import { Renderer, Rendering } from '../sound/rendering';
 import { timeText } from '../picture/span';
 import { ORCHESTRA_REFUSED } from '../sound/csound/protocol';
 import { orchestraMistakes } from '../sound/orchestra_mistakes';
-import { partsOf } from '../state/orchestras';
-import { hasSuffix, isOrchestra, MAIN_SUFFIX, type TextFile } from '../state/piece';
+import { orchestraOf, partsOf } from '../state/orchestras';
+import { hasSuffix, isOrchestra, MAIN_SUFFIX, type Piece, type TextFile } from '../state/piece';
 import { make, prose } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
@@ -94,6 +94,11 @@ class VornScore extends HTMLElement {
 
     private get name(): string {
         return nameIn(this.getAttribute('src') ?? '') || 'score.vorn';
+    }
+
+    private get piece(): Piece {
+        const files = Object.entries(this.texts).map(([name, text]) => ({ name, text }));
+        return { title: '', files };
     }
 
     // The score first, whatever its name is.
@@ -189,8 +194,7 @@ class VornScore extends HTMLElement {
 
     private refusalWords({ refusal, text }: Rendering, own: TextFile | undefined): (string | Node)[] {
         if (refusal !== ORCHESTRA_REFUSED || !own) return [refusal];
-        const files = Object.entries(this.texts).map(([name, written]) => ({ name, text: written }));
-        const [mistake] = orchestraMistakes(text, partsOf({ title: '', files }, own), refusal);
+        const [mistake] = orchestraMistakes(text, partsOf(this.piece, own), refusal);
         return mistake ? mistakeWords(mistake, '') : [refusal];
     }
 
@@ -205,8 +209,7 @@ class VornScore extends HTMLElement {
     private async orchestra(): Promise<TextFile | undefined> {
         const address = this.getAttribute('orchestra');
         if (address) return { name: nameIn(address), text: await fetchedText(address) };
-        const own = Object.entries(this.texts).find(([name]) => isOrchestra(name));
-        return own && { name: own[0], text: own[1] };
+        return orchestraOf(this.piece);
     }
 
     private silence(): void {

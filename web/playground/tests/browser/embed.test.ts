@@ -45,6 +45,20 @@ test('a score in a page has its texts in its element', async ({ page }) => {
     await expect(page.locator('vorn-score').last()).toContainText('Line 2');
 });
 
+test('a score in a page is played by the orchestra that includes the others', async ({ page }) => {
+    const named = (name: string, text: string): string =>
+        `<script type="text/plain" data-name="${name}">\n${text}</script>`;
+    const texts =
+        named('piece.vorn', SCORE) +
+        named('part.orc', 'instr 1\nout poscil(.2, 440)\nendin\n') +
+        named('whole.orc', '#include "part.orc"\ninstr 2\nnosuch\nendin\n');
+    await host(page, `<vorn-score>${texts}</vorn-score>`);
+    await page.locator('vorn-score').getByRole('button', { name: 'Play' }).click();
+    await expect(page.locator('vorn-score .trouble')).toContainText('whole.orc, line ', {
+        timeout: PATIENCE,
+    });
+});
+
 test('a score in a page tells its mistake in place of a picture', async ({ page }) => {
     await host(page, `<vorn-score>${SCORE.replace('c4 e4', 'h9')}</vorn-score>`);
     const score = page.locator('vorn-score');
