@@ -39,7 +39,7 @@ export interface Playground {
     compile(files: Record<string, string>): Promise<{ status: 0 | 1; eventCount: number }>;
     /** The bytes of the Csound score. */
     score(): Promise<Uint8Array>;
-    /** From so many seconds on. Browsers want a click or a key before the first sound. */
+    /** From so many seconds on, which lie within the piece. Browsers want a click or a key before the first sound. */
     play(from?: number): Promise<void>;
     stop(): void;
     state(): PlaygroundState;
@@ -88,6 +88,12 @@ function toState({ store, view, sounding }: Parts): PlaygroundState {
     };
 }
 
+// What lies outside of the piece leads to its ends, and what is no number to its beginning.
+function placeIn({ state: { piece, result, resultPiece } }: AppStore, from: number): number {
+    const end = result && resultPiece === piece ? result.seconds : Infinity;
+    return Math.min(Math.max(from, 0) || 0, end);
+}
+
 function measureDrawing({ view }: Parts, times: number): number[] {
     return Array.from({ length: times }, () => {
         const begin = performance.now();
@@ -133,7 +139,7 @@ export function makeInterface(parts: Parts): Playground {
         result,
         compile: (files) => compileAside(parts, files),
         score: () => scoreBytes(parts),
-        play: (from) => sounding.play(from),
+        play: (from = 0) => sounding.play(placeIn(store, from)),
         stop: () => sounding.stop(),
         state: () => toState(parts),
         heard: () => sounding.heard(),

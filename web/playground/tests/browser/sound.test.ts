@@ -63,6 +63,25 @@ test('an edit is heard when the loop begins again', async ({ playground: page })
     await expect.poll(async () => Math.round((await heard(page)).hertz / 10), { timeout: 10000 }).toBe(88);
 });
 
+test('a script plays from the ends of the piece where it asks for what lies outside', async ({
+    playground: page,
+}) => {
+    await load(page, SINE);
+    const play = (from: number): Promise<void> =>
+        page.evaluate((seconds) => window.vornPlayground?.play(seconds), from);
+    for (const from of [NaN, -5]) {
+        await play(from);
+        await expect
+            .poll(async () => (await state(page)).position, { timeout: PATIENCE })
+            .toBeGreaterThan(0.2);
+        expect((await heard(page)).peak).toBeGreaterThan(0.05);
+        await page.evaluate(() => window.vornPlayground?.stop());
+    }
+    await play(1e9);
+    expect((await state(page)).position).toBeLessThanOrEqual(6);
+    await expect.poll(async () => (await state(page)).sounding, { timeout: PATIENCE }).toBe('silent');
+});
+
 test('what Csound refuses is told, and by whom', async ({ playground: page }) => {
     await load(page, { ...SINE, 'sine.orc': 'instr 1\nasound nosuch p4\nendin\n' });
     await page.getByRole('button', { name: 'Play', exact: true }).click();
