@@ -81,7 +81,7 @@ const common: Extension = [
     closeBrackets(),
     autocompletion({ icons: false }),
     highlightActiveLine(),
-    highlightSelectionMatches(),
+    highlightSelectionMatches({ minSelectionLength: 2 }),
     lintGutter(),
     syntaxColors,
     phrases,

@@ -9,6 +9,21 @@ test('a score that is typed becomes events in the picture', async ({ playground:
     await expect(page.locator('#status')).toContainText('8 events');
 });
 
+test('what is chosen is shown wherever it stands, but not a single letter', async ({ playground: page }) => {
+    await load(page, SCORE);
+    await page.locator('.cm-content').click();
+    await page.keyboard.press('Control+Home');
+    await page.keyboard.press('ArrowDown');
+    await page.keyboard.press('Shift+ArrowRight');
+    const alike = page.locator('.cm-selectionMatch');
+    await expect(alike).toHaveCount(0);
+    await page.keyboard.press('ArrowRight');
+    await page.keyboard.press('ArrowRight');
+    await page.keyboard.press('Shift+ArrowRight');
+    await page.keyboard.press('Shift+ArrowRight');
+    await expect(alike.first()).toBeVisible();
+});
+
 test('a mistake is underlined and listed, and goes by its quick fix', async ({ playground: page }) => {
     await load(page, SCORE.replace('c5', 'bb4'));
     await expect(page.locator('.cm-lintRange')).toHaveCount(1);
