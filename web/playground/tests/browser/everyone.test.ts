@@ -56,6 +56,25 @@ for (const colorScheme of ['light', 'dark'] as const) {
 }
 
 for (const colorScheme of ['light', 'dark'] as const) {
+    test(`nor from a page of the manual, ${colorScheme}`, async ({ playground: page }) => {
+        test.setTimeout(180_000);
+        await page.emulateMedia({ colorScheme, reducedMotion: 'reduce' });
+        await page.getByRole('button', { name: 'Manual' }).click();
+        await expect(page.locator('.manual-text h1')).toBeVisible();
+        const choice = page.getByRole('combobox', { name: 'Page of the manual' });
+        const found: Record<string, string[]> = {};
+        const titles = await choice.locator('option').allTextContents();
+        expect(titles.length).toBeGreaterThan(15);
+        for (const title of titles) {
+            await choice.selectOption({ label: title });
+            const wrong = await violations(page);
+            if (wrong.length > 0) found[title] = wrong;
+        }
+        expect(found).toEqual({});
+    });
+}
+
+for (const colorScheme of ['light', 'dark'] as const) {
     test(`nor from what the editor opens, ${colorScheme}`, async ({ playground: page }) => {
         await page.emulateMedia({ colorScheme, reducedMotion: 'reduce' });
         await load(page, SCORE.replace('c5', 'bb4'));
