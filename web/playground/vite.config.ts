@@ -17,7 +17,7 @@ export default defineConfig({
     plugins: [contentSecurity()],
     test: {
         include: ['tests/unit/**/*.test.ts'],
-        setupFiles: ['tests/unit/raw_streams.ts'],
+        setupFiles: ['tests/unit/raw_streams.ts', 'tests/unit/file_class.ts'],
         testTimeout: 30_000,
     },
 });
