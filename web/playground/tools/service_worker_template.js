@@ -84,7 +84,9 @@ function beginningOf(client) {
     });
 }
 
+// While a newer build is there, its store is one that goes on.
 async function tidy() {
+    if (self.registration.installing || self.registration.waiting) return;
     const pages = await self.clients.matchAll({ type: 'window', includeUncontrolled: true });
     const store = await caches.open(STORE);
     for (const page of pages) {

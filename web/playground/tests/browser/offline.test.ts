@@ -131,6 +131,27 @@ test('a new version is used when asked for, and pages of the old one keep their 
     });
 });
 
+test('a new version that waits keeps what it holds', async ({ page, context }) => {
+    await deployed(async (folder, address) => {
+        await open(page, address);
+        await isHeld(page);
+        const old = await begunWith(page);
+        buildAnew(folder);
+        await page.evaluate(async () => (await navigator.serviceWorker.ready).update());
+        await expect(page.getByRole('button', { name: 'Use it' })).toBeVisible();
+        await page.reload();
+        await ready(page);
+        expect(await isHeld(page)).toBe(true); // the older version has tidied up
+        await page.getByRole('button', { name: 'Use it' }).click();
+        await expect.poll(() => begunWith(page).catch(() => old)).not.toBe(old);
+        await ready(page);
+        await context.setOffline(true);
+        await page.reload();
+        await ready(page);
+        await context.setOffline(false);
+    });
+});
+
 // The page of `origin`, but its folder leads to the page by its name, and so does `again`.
 async function led(
     origin: string,
