@@ -152,7 +152,8 @@ test('a new version that waits keeps what it holds', async ({ page, context }) =
     });
 });
 
-// The page of `origin`, but its folder leads to the page by its name, and so does `again`.
+// The page of `origin`, but its folder leads to the page by its name, and so does `again`. The server has no
+// address of version 6, where Node 18 looks for "localhost" first.
 async function led(
     origin: string,
     use: (address: string, renew: () => void) => Promise<void>,
@@ -161,7 +162,7 @@ async function led(
     const server = createServer((request, answer) => {
         const name = (request.url ?? '/').slice(1);
         if (name === '' || name === 'again') return answer.writeHead(302, { location: '/index.html' }).end();
-        return void fetch(new URL(name, origin)).then(async (found) => {
+        return void fetch(new URL(name, origin.replace('localhost', '127.0.0.1'))).then(async (found) => {
             const bytes = Buffer.from(await found.arrayBuffer());
             const isWorker = name === 'service_worker.js';
             answer.writeHead(found.status, { 'content-type': found.headers.get('content-type') ?? '' });
