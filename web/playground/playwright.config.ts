@@ -1,7 +1,8 @@
-// Drives the built page, served below a path, in Debian's own Chromium.
+// Drives the built page, served below a path, in Debian's own Chromium. The port differs from run to run, so that
+// two may go on at once; the first process that reads this hands it on to its workers.
 import { defineConfig } from '@playwright/test';
 
-const PORT = 5198;
+const PORT = (process.env['PLAYGROUND_PORT'] ??= String(20_000 + (process.pid % 10_000)));
 
 export default defineConfig({
     testDir: 'tests/browser',
