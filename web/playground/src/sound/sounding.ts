@@ -166,6 +166,7 @@ export class Sounding {
         this.current = rendering;
         this.player.play(rendering, from);
         this.store.act('play', () => ({ sounding: 'playing', position: from }));
+        this.listen(); // to what one that has ended already said, too
         void rendering.whole().then(() => this.tellRefusal(rendering));
     }
 
@@ -228,18 +229,19 @@ export class Sounding {
         this.newest = rendering;
         this.newestPiece = piece;
         this.newestOutput = this.store.state.output;
-        rendering.onChange(() => this.listen(rendering));
+        rendering.onChange(() => this.listen());
         return rendering;
     }
 
-    // What Csound says, a few times a second at most.
+    // What Csound says of the newest, a few times a second at most.
     private pending: ReturnType<typeof setTimeout> | undefined;
-    private listen(rendering: Rendering): void {
+    private listen(): void {
         this.pending ??= setTimeout(() => {
             this.pending = undefined;
-            if (rendering !== this.newest) return;
-            this.store.act('Csound speaks', () => ({ soundText: rendering.text }));
-            if (rendering.hasEnded) void this.report(rendering);
+            const { newest } = this;
+            if (!newest) return;
+            this.store.act('Csound speaks', () => ({ soundText: newest.text }));
+            if (newest.hasEnded) void this.report(newest);
         }, 150);
     }
 
@@ -276,7 +278,13 @@ export class Sounding {
         if (this.hasRendering(resultPiece)) return;
         // The one that is heard is finished first: there is one Csound at a time.
         if (this.current && !this.current.hasEnded) void this.current.whole().then(() => this.renderAhead());
-        else void this.render(resultPiece).catch(() => undefined);
+        else void this.renderUnheard(resultPiece).catch(() => undefined);
+    }
+
+    private async renderUnheard(piece: Piece): Promise<void> {
+        const rendering = await this.render(piece);
+        await rendering.whole();
+        this.tellRefusal(rendering);
     }
 
     private nextRound(): Rendering {

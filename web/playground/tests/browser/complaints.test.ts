@@ -79,3 +79,38 @@ test('another piece is opened in silence, its clock and its line at the beginnin
     await expect(page.getByRole('timer')).toHaveText(/^0:00 /);
     await expect.poll(() => lineOf(page)).toBe(atRest);
 });
+
+test('what Csound complains of is told whenever the piece is played', async ({ playground: page }) => {
+    await load(page, {
+        ...SINE,
+        'sine.vorn': SINE['sine.vorn'] + 'i7 = 5, 0, 1 {\np2 1\np3 1\np4 9\np5 1\n}\n',
+    });
+    for (let time = 1; time <= 2; time++) {
+        await play(page);
+        await expect(problems(page)).toContainText('instr 7 is not defined', { timeout: 15000 });
+        expect((await state(page)).sounding).toBe('playing');
+        await page.getByRole('button', { name: 'Stop' }).click();
+    }
+});
+
+test('an orchestra that is broken while a loop sounds is told, however fast', async ({
+    playground: page,
+}) => {
+    const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
+    await load(page, { ...SINE, 'sine.vorn': short });
+    await page.getByRole('button', { name: 'Play in a loop' }).click();
+    await play(page);
+    await sounding(page);
+    await page.getByRole('tab', { name: 'sine.orc' }).click();
+    await page.getByRole('textbox', { name: 'Orchestra sine.orc' }).click();
+    await page.keyboard.press('Control+End');
+    await page.keyboard.type('instr 2\nasig nosuch 1\nendin\n', { delay: 5 });
+    await expect(problems(page)).toContainText('nosuch', { timeout: 15000 });
+
+    await page.keyboard.press('Control+a');
+    await page.keyboard.insertText('instr 1\nagain:\nigoto again\nendin\n');
+    await expect
+        .poll(async () => (await state(page)).soundTrouble, { timeout: 20000 })
+        .toContain('did not come back');
+    expect((await state(page)).sounding).toBe('playing');
+});
