@@ -174,8 +174,12 @@ export class Sounding {
         if (rendering !== this.newest) return;
         if (rendering === this.current && rendering.frames === 0)
             this.fail(rendering.refusal || 'There is no sound.');
-        else if (rendering.refusal !== '')
+        else if (rendering.refusal !== '' && this.isOfThisText())
             this.store.act('sound trouble', () => ({ soundTrouble: rendering.refusal }));
+    }
+
+    private isOfThisText(): boolean {
+        return this.newestPiece !== undefined && soundsAlike(this.newestPiece, this.store.state.piece);
     }
 
     private async playPort(from: number, attempt: number): Promise<void> {

@@ -114,3 +114,21 @@ test('an orchestra that is broken while a loop sounds is told, however fast', as
         .toContain('did not come back');
     expect((await state(page)).sounding).toBe('playing');
 });
+
+test('an orchestra that is mended before it was given up is not told of', async ({ playground: page }) => {
+    const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
+    await load(page, { ...SINE, 'sine.vorn': short });
+    await page.getByRole('button', { name: 'Play in a loop' }).click();
+    await play(page);
+    await sounding(page);
+    await page.getByRole('tab', { name: 'sine.orc' }).click();
+    await page.getByRole('textbox', { name: 'Orchestra sine.orc' }).click();
+    await page.keyboard.press('Control+a');
+    await page.keyboard.insertText('instr 1\nagain:\nigoto again\nendin\n');
+    await page.waitForTimeout(2500); // in which it is begun
+    await page.getByRole('button', { name: 'Stop' }).click();
+    await page.keyboard.press('Control+z');
+    await page.locator('.cm-line', { hasText: 'poscil' }).waitFor();
+    await page.waitForTimeout(10000); // in which it is given up
+    expect(await state(page)).toMatchObject({ sounding: 'silent', soundTrouble: '' });
+});
