@@ -93,9 +93,8 @@ test('what Csound complains of is told whenever the piece is played', async ({ p
     }
 });
 
-test('an orchestra that is broken while a loop sounds is told, however fast', async ({
-    playground: page,
-}) => {
+// A second of sound that begins again and again, and the cursor in its orchestra.
+async function openOrchestraInLoop(page: Page): Promise<void> {
     const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
     await load(page, { ...SINE, 'sine.vorn': short });
     await page.getByRole('button', { name: 'Play in a loop' }).click();
@@ -103,12 +102,22 @@ test('an orchestra that is broken while a loop sounds is told, however fast', as
     await sounding(page);
     await page.getByRole('tab', { name: 'sine.orc' }).click();
     await page.getByRole('textbox', { name: 'Orchestra sine.orc' }).click();
+}
+
+async function writeEndlessOrchestra(page: Page): Promise<void> {
+    await page.keyboard.press('Control+a');
+    await page.keyboard.insertText('instr 1\nagain:\nigoto again\nendin\n');
+}
+
+test('an orchestra that is broken while a loop sounds is told, however fast', async ({
+    playground: page,
+}) => {
+    await openOrchestraInLoop(page);
     await page.keyboard.press('Control+End');
     await page.keyboard.type('instr 2\nasig nosuch 1\nendin\n', { delay: 5 });
     await expect(problems(page)).toContainText('nosuch', { timeout: 15000 });
 
-    await page.keyboard.press('Control+a');
-    await page.keyboard.insertText('instr 1\nagain:\nigoto again\nendin\n');
+    await writeEndlessOrchestra(page);
     await expect
         .poll(async () => (await state(page)).soundTrouble, { timeout: 20000 })
         .toContain('did not come back');
@@ -116,15 +125,8 @@ test('an orchestra that is broken while a loop sounds is told, however fast', as
 });
 
 test('an orchestra that is mended before it was given up is not told of', async ({ playground: page }) => {
-    const short = (SINE['sine.vorn'] ?? '').replace('0, 6', '0, 1').replace('p2 6', 'p2 1');
-    await load(page, { ...SINE, 'sine.vorn': short });
-    await page.getByRole('button', { name: 'Play in a loop' }).click();
-    await play(page);
-    await sounding(page);
-    await page.getByRole('tab', { name: 'sine.orc' }).click();
-    await page.getByRole('textbox', { name: 'Orchestra sine.orc' }).click();
-    await page.keyboard.press('Control+a');
-    await page.keyboard.insertText('instr 1\nagain:\nigoto again\nendin\n');
+    await openOrchestraInLoop(page);
+    await writeEndlessOrchestra(page);
     await page.waitForTimeout(2500); // in which it is begun
     await page.getByRole('button', { name: 'Stop' }).click();
     await page.keyboard.press('Control+z');
