@@ -38,10 +38,12 @@ foreach(engine vorn_engine vorn_small_engine)
     # It stays and is called. A score that asks for more than a gibibyte is refused.
     target_link_options(${engine} PRIVATE -mexec-model=reactor
         -Wl,--max-memory=1073741824 -Wl,--strip-all -Wl,-O2 -Wl,--lto-O2)
-    # Twice, since what is read again is made smaller than what has only been changed again. The last bytes
+    # Twice, since what is read again is made smaller than what has only been changed again; a large routine stays
+    # one of its own also where it is called once, which is smaller still. The last bytes
     # of the stack, which lies first, hold nothing: who comes there is about to run over.
     if(WASM_OPT)
         set(make_small ${WASM_OPT} --enable-bulk-memory --enable-sign-ext --low-memory-unused --strip-producers -O3
+            --one-caller-inline-max-function-size=50
             $<TARGET_FILE:${engine}> -o $<TARGET_FILE:${engine}>)
         add_custom_command(TARGET ${engine} POST_BUILD VERBATIM COMMAND ${make_small} COMMAND ${make_small})
     endif()

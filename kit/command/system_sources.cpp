@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "driver/file_identity.h"
 #include "kit/command/console.h"
 #include "kit/command/temporary_file.h"
 
@@ -60,6 +61,10 @@ bool is_file(const std::string& name) {
     return stat(name.c_str(), &found) == 0 && S_ISREG(found.st_mode);
 }
 
+FileIdentity file_of(const std::string& name) {
+    return name == STANDARD_INPUT ? identity(stdin) : identity(name.c_str());
+}
+
 bool is_same_file(const std::string& a, const std::string& b) {
     struct stat one = {};
     struct stat other = {};
@@ -85,6 +90,10 @@ std::FILE* SystemSources::open(const std::string& name, const std::string& text)
     if (file.make(".vorn", text)) return std::fopen(file.name().c_str(), "rb");
     complain(file.error());
     return nullptr;
+}
+
+bool SystemSources::is_same(const std::string& name, const std::string& other) {
+    return gives_back(file_of(name), file_of(other));
 }
 
 bool SystemSources::has_read(const std::string& path) const {

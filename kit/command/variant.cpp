@@ -46,6 +46,10 @@ public:
         return system_.open(name, text);
     }
 
+    bool is_same(const std::string& name, const std::string& other) override {
+        return system_.is_same(name, other);
+    }
+
 private:
     const VaryPlan& plan_;
     std::string value_;

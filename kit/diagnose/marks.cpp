@@ -140,6 +140,7 @@ constexpr Row ROWS[] = {
     {"Econstant", named_call},
     {"Einclude", directive},
     {"Emacro", named_call},
+    {"Enames", directive},
     {"Enesting", directive},
     {"Epath", directive},
     {"W12", last_word},

@@ -109,16 +109,12 @@ p2 1  p3 1  p4 $ROOT }
 )"},
     {.code = "Enames",
      .title = "Two files of a run are the same",
-     .cause = "Two of the files that a run reads and writes are the same one. "
-              "Writing it would destroy what is still to be read.",
-     .cure = "Give each file a name of its own, and include no file that the run writes.",
-     .unprovoked =
-         "No score can show this: it depends on the names of the files, not on what the score says."},
-    {.code = "Enesting",
-     .title = "There are too many include files",
-     .cause = "A run opens at most 12 files, the score among them, whether they stand inside each other or "
-              "side by side. Mostly a file includes itself, directly or by way of another one.",
-     .cure = "Take out the include that leads back. If there really are so many files, join some of them.",
+     .cause =
+         "Two of the files that a run has open at the same time are the same one. Mostly a file includes "
+         "itself, directly or by way of another one, which nothing could end. "
+         "Or a file is to be read and written: writing it would destroy what is still to be read.",
+     .cure = "Take out the include that leads back, include no file that the run writes, "
+             "and give each file a name of its own.",
      .score = R"(#include |score.vorn|
 i1 = 3, 0, 4 {
 p2 1  p3 1 }
@@ -126,6 +122,16 @@ p2 1  p3 1 }
      .cured = R"(i1 = 3, 0, 4 {
 p2 1  p3 1 }
 )"},
+    {.code = "Enesting",
+     .title = "There are too many include files",
+     .cause = "A run opens at most 12 files, the score among them, whether they stand inside each other or "
+              "side by side. A file that is included twice counts twice.",
+     .cure = "Join some of the files, or take out what is included more than once.",
+     .score = R"(#include |drums.vorn| #include |drums.vorn| #include |drums.vorn| #include |drums.vorn|
+#include |drums.vorn| #include |drums.vorn| #include |drums.vorn| #include |drums.vorn|
+#include |drums.vorn| #include |drums.vorn| #include |drums.vorn| #include |drums.vorn|
+)",
+     .cured = "#include |drums.vorn|\n"},
     {.code = "Eopen",
      .title = "A file cannot be opened",
      .cause = "A file of the run cannot be opened, or not be read to its end. "

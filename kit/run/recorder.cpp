@@ -91,6 +91,13 @@ std::FILE* Recorder::open_source(const char* name, const char* includer) {
     return sources_.open(found_as, run_.map.files().back().text);
 }
 
+bool Recorder::is_being_read(const char* name, const char* /*includer*/) {
+    const std::string found_as = resolve(name);
+    return std::any_of(open_files_.begin(), open_files_.end(), [&](int file) {
+        return sources_.is_same(found_as, run_.map.files()[static_cast<std::size_t>(file)].name);
+    });
+}
+
 void Recorder::on_source(const SourceSpan& span) {
     const auto depth = static_cast<std::size_t>(span.depth);
     open_files_.resize(depth + 1, opened_);

@@ -21,6 +21,9 @@ public:
     virtual std::FILE* open(const std::string& /*name*/, const std::string& text) {
         return fmemopen(const_cast<char*>(text.data()), text.size(), "r");
     }
+
+    // Whether both names are of one file, which cannot be included while it is read.
+    virtual bool is_same(const std::string& name, const std::string& other) { return name == other; }
 };
 
 }  // namespace vorn::kit

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "driver/file_identity.h"
 #include "driver/held_log.h"
 #include "driver/options.h"
 #include "driver/temporary_file.h"
@@ -23,7 +24,8 @@
 // An include file may turn out to be one of those that are written. It is
 // refused then, and not lost: the older text of an output is cut off only when
 // the includes have been copied. Until then nothing is written to any of them;
-// what the log has to tell waits in memory.
+// what the log has to tell waits in memory. One that is still being read, the
+// input among them, is refused as well: nothing in it could end its includes.
 
 namespace vorn {
 
@@ -43,40 +45,26 @@ void report_unwritten(const char* name, Observer* observer) {
     print_error(observer, "\nERROR: Can't write \"%s\".\n\n", name);
 }
 
-// What identifies a file; of no stream and of a stream in memory, nothing does.
-struct stat identity(std::FILE* stream) {
-    struct stat found = {};
-    if (stream == nullptr || fstat(fileno(stream), &found) != 0) found = {};
-    return found;
-}
-
-struct stat identity(const char* name) {
-    struct stat found = {};
-    if (stat(name, &found) != 0) found = {};
-    return found;
-}
-
-// Devices and pipes may well be used twice.
-bool is_same_file(const struct stat& a, const struct stat& b) {
-    return S_ISREG(a.st_mode) && S_ISREG(b.st_mode) && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
-bool is_same_file(std::FILE* a, std::FILE* b) { return is_same_file(identity(a), identity(b)); }
-
 // A directory opens for reading but has no text.
 bool open_input(Observer* observer) {
-    if (!S_ISDIR(identity(in_fname).st_mode)) fin = open_source(observer, in_fname, nullptr);
+    if (identity(in_fname).type != S_IFDIR) fin = open_source(observer, in_fname, nullptr);
     return fin != nullptr || report_unopened(in_fname, observer);
 }
 
-// Whether opening `name` for writing would destroy the score description.
-bool is_input_file(const char* name) {
-    return name != nullptr && is_same_file(identity(in_fname), identity(name));
+// Whether the run's messages go into that file.
+bool tells_messages(const FileIdentity& file) {
+    return gives_back(file, identity(std_out)) || gives_back(file, identity(std_err));
 }
 
-// The input under another name is as much of a clash as the name itself.
+// Whether opening `name` for writing would destroy the score description, or let it grow.
+bool is_input_file(const char* name) {
+    return name != nullptr && gives_back(identity(in_fname), identity(name));
+}
+
+// The input under another name is as much of a clash as the name itself, and so are the messages of the run.
 bool check_same_files(Observer* observer) {
-    const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname);
+    const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname) ||
+                       tells_messages(identity(in_fname));
     if (clash) report_name_clash(observer);
     return !clash;
 }
@@ -84,7 +72,7 @@ bool check_same_files(Observer* observer) {
 // Opens for writing as fopen does, but leaves the older text. That of a file
 // that a standard stream writes, too, goes at once: later it would be a message.
 std::FILE* open_for_writing(const char* name, const char* mode) {
-    const struct stat file = identity(name);
+    const FileIdentity file = identity(name);
     const bool is_shared = is_same_file(file, identity(std_out)) || is_same_file(file, identity(std_err));
     const int descriptor = open(name, O_WRONLY | O_CREAT | (is_shared ? O_TRUNC : 0), 0666);
     std::FILE* const stream = descriptor < 0 ? nullptr : fdopen(descriptor, mode);
@@ -131,7 +119,7 @@ bool check_separate_files(Observer* observer) {
     bool clash = false;
     for (std::size_t at = 1; at < std::size(streams); ++at) {
         for (std::size_t other = 0; other < at; ++other) {
-            clash = clash || is_same_file(streams[at], streams[other]);
+            clash = clash || is_same_file(identity(streams[at]), identity(streams[other]));
         }
     }
     if (clash) report_name_clash(observer);
@@ -156,16 +144,32 @@ bool close_output_file(Observer* observer) {
 }
 
 // Closes the written file that is the included one, as it is; false when there is none.
-bool leave_unwritten(std::FILE* included) {
-    if (is_same_file(included, fout.stream)) return close_output(fout);
-    if (is_same_file(included, held_log())) {
+bool leave_unwritten(const FileIdentity& included) {
+    if (gives_back(included, identity(fout.stream))) return close_output(fout);
+    if (gives_back(included, identity(held_log()))) {
         drop_log();
         return true;
     }
-    if (!is_same_file(included, fecho)) return false;
+    if (!gives_back(included, identity(fecho))) return false;
     std::fclose(fecho);
     fecho = nullptr;
     return true;
+}
+
+bool is_written(const FileIdentity& included) {
+    return gives_back(included, identity(ftmp)) || gives_back(included, identity(fllog)) ||
+           tells_messages(included) || leave_unwritten(included);
+}
+
+// Whether the name is that of a file whose includes are being resolved.
+bool is_being_read(const WatchedSource& included) {
+    Observer* const observer = included.observer;
+    if (observer != nullptr && observer->is_being_read(included.name, included.includer->name)) return true;
+    const FileIdentity file = identity(included.name);
+    for (const WatchedSource* open = included.includer; open != nullptr; open = open->includer) {
+        if (gives_back(file, identity(open->stream))) return true;
+    }
+    return false;
 }
 
 void close_input() {
@@ -188,8 +192,9 @@ bool open_files(Observer* observer) {
     return opened;
 }
 
-bool accept_include(std::FILE* included, const MessagePlace& place) {
-    const bool clash = is_same_file(included, ftmp) || leave_unwritten(included);
+bool accept_include(const WatchedSource& included, const MessagePlace& place) {
+    const bool clash =
+        included.stream == nullptr ? is_being_read(included) : is_written(identity(included.stream));
     if (clash) print_error(place, "%s", NAME_CLASH);
     return !clash;
 }

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "input/messages.h"
+#include "preproc/preprocessor.h"
 
 // The files of a run: opened in a fixed order, closed and checked together. What
 // goes wrong is printed and told to the observer, if there is one.
@@ -17,9 +18,10 @@ extern std::FILE* ftmp;  // the temporary file while it is being written; null o
 // written keep their older text until cut_older_texts.
 [[nodiscard]] bool open_files(Observer* observer);
 
-// False, with the message printed, for an opened include file that the run also
-// writes, or that is its temporary file. It keeps its text: nothing more is written to it.
-[[nodiscard]] bool accept_include(std::FILE* included, const MessagePlace& place);
+// False, with the message printed, for an include file that the run has open already:
+// that is still being read, or is written, be it by a standard stream. A file that is
+// written keeps its text then: nothing more is written to it.
+[[nodiscard]] bool accept_include(const WatchedSource& included, const MessagePlace& place);
 
 // Cuts off what output, expansion file and log hold beyond what this run has
 // written. To be called once the includes are copied, or when the run ends before.

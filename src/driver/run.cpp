@@ -57,7 +57,8 @@ int succeed(Observer* observer) {
 // that as the input. Returns 0 or an error number.
 int resolve_includes(Observer* observer) {
     int count = 0;
-    const int result = parse_includes(fin, ftmp, count, accept_include, {observer, in_fname});
+    const WatchedSource input = {observer, in_fname, 0, 0, fin, nullptr};
+    const int result = parse_includes(fin, ftmp, count, accept_include, input);
     if (!cut_older_texts(observer) || result > 0) return error::ALREADY_PRINTED;
     return reopen_temporary_file(observer);
 }

@@ -175,6 +175,10 @@ public:
         return std::fopen(name, "r");
     }
 
+    // Whether that would be a source that is still being read. Asked before it is opened;
+    // for whoever keeps texts elsewhere: files of the system are told apart without it.
+    virtual bool is_being_read(const char* /*name*/, const char* /*includer*/) { return false; }
+
 protected:
     ~Observer() = default;
 };

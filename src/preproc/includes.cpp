@@ -95,8 +95,10 @@ private:
     int do_directive();
     bool read_keyword_rest();
     int read_file_name();
+    bool accepts(const WatchedSource& included) const;
+    int refuse_name() const;
     int include_file();
-    int copy_included(std::FILE* included);
+    int copy_included(const WatchedSource& included);
 
     std::FILE* in_;
     std::FILE* out_;
@@ -206,38 +208,42 @@ int IncludeCopy::read_file_name() {
     return 0;
 }
 
-// Opens a file whose bytes can be read; null for a directory, too.
-std::FILE* open_readable(const char* name, const WatchedSource& includer) {
-    std::FILE* stream = open_source(includer.observer, name, includer.name);
-    if (stream == nullptr) return nullptr;
+// A directory opens, but has no bytes.
+bool is_readable(std::FILE* stream) {
     const int first = std::getc(stream);
-    if (std::ferror(stream)) {
-        std::fclose(stream);
-        return nullptr;
-    }
+    if (std::ferror(stream)) return false;
     if (first != EOF) std::ungetc(first, stream);
-    return stream;
+    return true;
 }
 
-int IncludeCopy::copy_included(std::FILE* included) {
-    if (may_include_ != nullptr && !may_include_(included, place())) return error::ALREADY_PRINTED;
+bool IncludeCopy::accepts(const WatchedSource& included) const {
+    return may_include_ == nullptr || may_include_(included, place());
+}
+
+int IncludeCopy::refuse_name() const {
+    print_error(place(), "\nBad include file name: \"%s\"\n\n", name_);
+    return error::ALREADY_PRINTED;
+}
+
+int IncludeCopy::copy_included(const WatchedSource& included) {
+    if (!accepts(included)) return error::ALREADY_PRINTED;
+    if (!is_readable(included.stream)) return refuse_name();
     Mprintf("\n\tOpening include file \"%s\"...", name_);
-    const WatchedSource source = {source_.observer, name_, source_.depth + 1, hash_offset_};
-    if (const int result = parse_includes(included, out_, count_, may_include_, source)) return result;
+    if (const int result = parse_includes(included.stream, out_, count_, may_include_, included))
+        return result;
     tell(SourceChange::RESUME);
-    if (!std::ferror(included)) return 0;
+    if (!std::ferror(included.stream)) return 0;
     print_error(place(), "\nERROR: Can't open \"%s\".\n\n", name_);
     return error::ALREADY_PRINTED;
 }
 
 int IncludeCopy::include_file() {
-    std::FILE* included = open_readable(name_, source_);
-    if (included == nullptr) {
-        print_error(place(), "\nBad include file name: \"%s\"\n\n", name_);
-        return error::ALREADY_PRINTED;
-    }
+    WatchedSource included = {source_.observer, name_, source_.depth + 1, hash_offset_, nullptr, &source_};
+    if (!accepts(included)) return error::ALREADY_PRINTED;
+    included.stream = open_source(source_.observer, name_, source_.name);
+    if (included.stream == nullptr) return refuse_name();
     const int result = copy_included(included);
-    std::fclose(included);
+    std::fclose(included.stream);
     write_failed_ = std::ferror(out_) != 0;
     comment_.end_all();
     comment_.remember('|');

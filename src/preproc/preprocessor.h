@@ -35,17 +35,20 @@ bool is_endif(const char* text, std::int32_t pos);  // "endif" at pos
 
 // --- called by the driver ---
 
-// Whether a file that an include directive has opened may be copied; false with
-// the message printed and told to whom the place says.
-using IncludeCheck = bool (*)(std::FILE* included, const MessagePlace& place);
-
 // A file whose includes are resolved, and who is told where its bytes go.
 struct WatchedSource {
     Observer* observer = nullptr;
     const char* name = nullptr;
-    int depth = 0;                      // 0 the input itself
-    std::int64_t directive_offset = 0;  // of the "#" that names it in the including file
+    int depth = 0;                            // 0 the input itself
+    std::int64_t directive_offset = 0;        // of the "#" that names it in the including file
+    std::FILE* stream = nullptr;              // null: not yet open
+    const WatchedSource* includer = nullptr;  // null: the input itself
 };
+
+// Whether a file that an include directive names may be copied; false with the message
+// printed and told to whom the place says. Asked before it is opened, for opening may
+// wait for ever, and once it is, before anything of it is read.
+using IncludeCheck = bool (*)(const WatchedSource& included, const MessagePlace& place);
 
 // Copies the stream with every include file spliced in. Returns 0 or a positive
 // number, the message then already printed; a read error of `in` itself and a write

@@ -135,6 +135,78 @@ TEST_F(OddFiles, TemporaryFileMayNotBeIncludedByItsName) {
     EXPECT_EQ(behind_banner(result.err), CLASH);
 }
 
+// Descriptor 3 is the input.
+TEST_F(OddFiles, InputMayNotIncludeItselfByWhateverName) {
+    fs::create_symlink("in.vorn", folder_.path() / "symbolic");
+    fs::create_hard_link(folder_.path() / "in.vorn", folder_.path() / "hard");
+    for (const char* name : {"in.vorn", "./in.vorn", "symbolic", "hard", "/proc/self/fd/3"}) {
+        SCOPED_TRACE(name);
+        folder_.write("in.vorn", SCORE + "#include |" + name + "|\n");
+        expect_failure({"in.vorn", "out.sco"}, CLASH);
+        EXPECT_EQ(folder_.read("out.sco"), "");
+    }
+}
+
+TEST_F(OddFiles, AFileMayBeIncludedTwiceButNotWhileItIsRead) {
+    const std::string opening = "\n\tOpening include file \"a.inc\"...";
+    folder_.write("in.vorn", "#include |a.inc|\n#include |a.inc|\n" + SCORE);
+    folder_.write("a.inc", "; a comment\n");
+    EXPECT_EQ(run({"in.vorn", "out.sco"}).status, 0);
+    fs::create_hard_link(folder_.path() / "a.inc", folder_.path() / "b.inc");
+    folder_.write("a.inc", "#include |b.inc|\n");
+    expect_failure({"in.vorn", "out.sco"}, opening + CLASH);
+    folder_.write("a.inc", "#include |in.vorn|\n");
+    expect_failure({"in.vorn", "out.sco"}, opening + CLASH);
+}
+
+// To open the pipe once more would wait for a writer that never comes.
+TEST_F(OddFiles, AnInputThatIsAPipeMayNotIncludeItself) {
+    make_pipe(folder_, "pipe");
+    RunningProgram program(folder_, {"pipe", "out.sco"});
+    PipeEnd input(folder_, "pipe");
+    input.write(SCORE + "#include |pipe|\n");
+    input.close();
+    const RunResult result = program.wait();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(behind_banner(result.err), CLASH);
+}
+
+// Reading it would wait for what the run itself is to write.
+TEST_F(OddFiles, APipeThatTheRunWritesMayNotBeIncluded) {
+    make_pipe(folder_, "pipe");
+    const int reader = open((folder_.path() / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    folder_.write("in.vorn", "#include |pipe|\n" + SCORE);
+    expect_failure({"in.vorn", "pipe"}, CLASH);
+    expect_failure({"-m", "in.vorn", "pipe"}, CLASH);
+    expect_failure({"-x", "pipe", "in.vorn", "out.sco"}, CLASH);
+    expect_failure({"-l", "pipe", "in.vorn", "out.sco"}, CLASH);
+    const std::string pipe = folder_.path() / "pipe";
+    EXPECT_EQ(run({"in.vorn", "out.sco"}, {.standard_error = pipe}).status, 1);
+    folder_.write("in.vorn", SCORE);
+    EXPECT_EQ(run({"pipe", "out.sco"}, {.standard_error = pipe}).status, 1);
+    close(reader);
+}
+
+TEST_F(OddFiles, WhatAStandardStreamWritesMayNotBeRead) {
+    for (const char* name : {"/dev/stdout", "/proc/self/fd/2"}) {
+        SCOPED_TRACE(name);
+        folder_.write("in.vorn", std::string("#include |") + name + "|\n" + SCORE);
+        expect_failure({"in.vorn", "out.sco"}, CLASH);
+        const RunResult result = run({name, "out.sco"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, CLASH);
+    }
+}
+
+// A device does not give back what is written to it.
+TEST_F(OddFiles, ADeviceOfAStandardStreamMayBeRead) {
+    folder_.write("in.vorn", "#include |/dev/null|\n" + SCORE);
+    const RunResult result = run({"in.vorn", "out.sco"}, {.standard_error = "/dev/null"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.files.at("out.sco"), OUTPUT);
+    EXPECT_EQ(run({"/dev/null", "out.sco"}, {.standard_error = "/dev/null"}).status, 0);
+}
+
 TEST_F(OddFiles, TemporaryFileMayNotBeTheLog) {
     expect_failure({"-l", "/proc/self/fd/5", "in.vorn", "out.sco"}, CLASH);
 }

@@ -26,7 +26,8 @@ protected:
     std::string run(const std::string& score, int status) {
         folder_.write(INPUT, score);
         Terminal terminal;
-        const RunResult result = RunningProgram(folder_, ARGUMENTS, {.terminal = terminal.name()}).wait();
+        const RunResult result =
+            RunningProgram(folder_, ARGUMENTS, {.standard_error = terminal.name()}).wait();
         EXPECT_EQ(result.status, status);
         EXPECT_EQ(result.err, "");
         return behind_build(terminal.take());

@@ -342,8 +342,23 @@ class CheckTest(vornkit.CommandTest):
         self.write("a/loop.vorn", "#include |loop.vorn|\n")
         done = self.check("--relative", "a/loop.vorn")
         self.assertEqual(done.returncode, 1)
-        self.assertTrue(done.stdout.startswith("a/loop.vorn:1:1: error: Too many embedded include files!"))
+        self.assertTrue(done.stdout.startswith("a/loop.vorn:1:1: error: You can't use a filename multiple times!"))
         self.assertIn("take out the include that leads back", done.stdout)
+
+    def test_includes_that_lead_back_by_another_name(self):
+        self.write("loop.vorn", "#include |other.inc|\n")
+        self.write("other.inc", "#include |linked.vorn|\n")
+        (self.folder / "linked.vorn").symlink_to("loop.vorn")
+        done = self.check("loop.vorn")
+        self.assertTrue(done.stdout.startswith("other.inc:1:1: error: You can't use a filename"), done.stdout)
+        with open(self.folder / "loop.vorn", encoding="utf-8") as score:
+            done = self.check("-", stdin=score)
+        self.assertTrue(done.stdout.startswith("other.inc:1:1: error: You can't use a filename"), done.stdout)
+
+    def test_a_file_that_is_included_again_behind_itself(self):
+        self.write("all.vorn", "#include |part.inc|\n#include |part.inc|\n" + WELL)
+        self.write("part.inc", "; nothing\n")
+        self.assertEqual(self.check("all.vorn").returncode, 0)
 
     def test_a_million_lines(self):
         self.write("many.vorn", "; nothing\n" * 1_000_000 + BAD)

@@ -32,6 +32,11 @@ class MessagesPage(unittest.TestCase):
         for code, entry in shown:
             self.assertRegex(entry, r"```told\n[^`]+```", code)
 
+    def test_no_message_stands_for_two_names(self):
+        told = {code: text for code, text in message_page.MessagePage(VORN, VORNKIT).printed.items() if code.isalpha()}
+        self.assertGreater(len(told), 8)
+        self.assertEqual(len(set(told.values())), len(told), told)
+
     def test_what_vorn_says_beside_a_message_is_quoted(self):
         page = " ".join((ROOT / "docs" / "messages.md").read_text().split())
         for code, line in (("W14", "Old duration"), ("L17", "Oops"), ("L17", r"\(N\.B\. No I-Block")):

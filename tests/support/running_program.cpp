@@ -59,9 +59,9 @@ void limit(int resource, rlim_t value) {
                                  const Limits& limits) {
     redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
     redirect(STDOUT_FILENO, streams / "out", O_WRONLY | O_CREAT);
-    const bool on_terminal = !limits.terminal.empty();
-    redirect(STDERR_FILENO, on_terminal ? fs::path(limits.terminal) : streams / "err",
-             O_WRONLY | (on_terminal ? O_NOCTTY : O_CREAT));
+    const bool is_named = !limits.standard_error.empty();
+    redirect(STDERR_FILENO, is_named ? fs::path(limits.standard_error) : streams / "err",
+             O_WRONLY | (is_named ? O_NOCTTY : O_CREAT));
     if (chdir(folder.c_str()) != 0) _exit(125);
     // A job in the background inherits interrupts that are ignored.
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) std::signal(number, SIG_DFL);

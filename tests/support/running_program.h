@@ -24,12 +24,12 @@ namespace vorn::test {
 
 // What the program may use; 0: as much as the test itself.
 struct Limits {
-    bool standard_streams = true;  // false: none of them is open
-    unsigned long open_files = 0;  // descriptors, the standard three included
-    unsigned long file_size = 0;   // bytes of any file that it writes
-    unsigned long memory = 0;      // bytes of its address space
-    std::string terminal = {};     // what standard error is, instead of a file
-    const char* tmpdir = nullptr;  // TMPDIR; null: not set
+    bool standard_streams = true;     // false: none of them is open
+    unsigned long open_files = 0;     // descriptors, the standard three included
+    unsigned long file_size = 0;      // bytes of any file that it writes
+    unsigned long memory = 0;         // bytes of its address space
+    std::string standard_error = {};  // a whole name of what it is, instead of a file
+    const char* tmpdir = nullptr;     // TMPDIR; null: not set
 };
 
 class RunningProgram {

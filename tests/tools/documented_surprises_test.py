@@ -95,10 +95,16 @@ class Surprises(unittest.TestCase):
     def test_twelve_files_a_run(self):
         (self.folder / "one.inc").write_text("> one\n")
         for includes, status in ((11, 0), (12, 1)):
-            self.assertEqual(self.run_score("#include |one.inc|\n" * includes).returncode, status)
-        done = self.run_score("#include |in.vorn|\n")
-        self.assertIn("Too many embedded include files! (Max = 12)", done.stderr)
-        self.assertNotIn("multiple times", done.stderr)
+            done = self.run_score("#include |one.inc|\n" * includes)
+            self.assertEqual(done.returncode, status)
+            self.assertEqual("Too many embedded include files! (Max = 12)" in done.stderr, status == 1)
+
+    def test_what_is_open_is_not_included(self):
+        clash = "You can't use a filename multiple times!"
+        (self.folder / "one.inc").write_text("#include |in.vorn|\n")
+        for name in ("in.vorn", "./in.vorn", "one.inc", "out", "/dev/stderr"):
+            self.assertIn(clash, self.run_score(f"#include |{name}|\n").stderr, name)
+        self.assertEqual(self.run_score("#include |/dev/null|\n", out="/dev/null").returncode, 0)
 
     def test_includes_come_before_conditions_and_from_the_current_folder(self):
         self.assertIn("Bad include file name", self.run_score("#if(0)\n#include |none.inc|\n#endif\n").stderr)

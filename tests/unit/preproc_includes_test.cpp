@@ -228,7 +228,8 @@ TEST_F(Includes, FileThatTheCheckRefusesIsNotCopied) {
     std::FILE* const in = std::fopen("main", "r");
     std::FILE* const out = std::fopen("copy", "w");
     EXPECT_EQ(
-        vorn::parse_includes(in, out, count, [](std::FILE*, const vorn::MessagePlace&) { return false; }),
+        vorn::parse_includes(in, out, count,
+                             [](const vorn::WatchedSource&, const vorn::MessagePlace&) { return false; }),
         999);
     std::fclose(in);
     std::fclose(out);

@@ -12,6 +12,7 @@ import tempfile
 
 FRAME = pathlib.Path(__file__).parent / "page.txt"
 SCORE = "score.vorn"  # some messages name it
+INCLUDED = ("drums.vorn", "i9 = 3, 0, 16 {\np2 1  p3 1 }\n")  # is there to be included
 CARET = re.compile(r"\s*\^\s*")
 TIME_LIMIT = 60  # seconds
 
@@ -43,7 +44,8 @@ class MessagePage:
 
     def message(self, row):
         with tempfile.TemporaryDirectory(prefix="vorn-messages-") as folder:
-            (pathlib.Path(folder) / SCORE).write_text(row["score"])
+            for name, text in ((SCORE, row["score"]), INCLUDED):
+                (pathlib.Path(folder) / name).write_text(text)
             if row["code"].startswith("L"):
                 return self.note(row["code"], self.run(self.vornkit, "check", "--midi", SCORE, folder=folder).stdout)
             return self.own_words(row, self.run(self.vorn, SCORE, "score.sco", folder=folder).stderr)

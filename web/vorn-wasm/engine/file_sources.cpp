@@ -4,6 +4,8 @@
 
 #include <sys/stat.h>
 
+#include "driver/file_identity.h"
+
 // The caller's file system lies in memory and every file has an end, so a file is
 // read in one piece.
 
@@ -18,6 +20,10 @@ std::optional<std::string> FileSources::read(const std::string& name) {
     text.resize(std::fread(text.data(), 1, text.size(), stream));
     std::fclose(stream);
     return text;
+}
+
+bool FileSources::is_same(const std::string& name, const std::string& other) {
+    return gives_back(identity(name.c_str()), identity(other.c_str()));
 }
 
 void write_text(const std::string& name, const std::string& text) {

@@ -93,6 +93,17 @@ describe('places', () => {
         expect(vorn.compile({ 'piece.vorn': '#include |lost.vorn|\n' }).missing).toEqual(['lost.vorn']);
     });
 
+    it('refuse a file that is still being read, by whatever name', () => {
+        for (const name of ['piece.vorn', './piece.vorn']) {
+            const files = { 'piece.vorn': `#include |part.vorn|\n`, 'part.vorn': `#include |${name}|\n` };
+            const [diagnostic] = vorn.compile(files).diagnostics;
+            expect(diagnostic?.code).toBe('Enames');
+            expect(diagnostic?.place?.file).toBe('part.vorn');
+        }
+        const again = '#include |part.vorn|\n#include |part.vorn|\n';
+        expect(vorn.compile({ 'piece.vorn': again + PIECE, 'part.vorn': '; nothing\n' }).status).toBe(0);
+    });
+
     it('lead from a line to what it became', () => {
         vorn.compile({ 'piece.vorn': PIECE });
         expect(vorn.expandedLines('piece.vorn', 6)).toEqual(['p5 re 8000.000 x4 4000 }']);

@@ -1,0 +1,36 @@
+#include "driver/file_identity.h"
+
+// A file is told by its number and that of the device on which it stands.
+
+namespace vorn {
+
+namespace {
+
+FileIdentity identity_of(const struct stat& found) {
+    return {found.st_mode & S_IFMT, found.st_dev, found.st_ino};
+}
+
+}  // namespace
+
+FileIdentity identity(std::FILE* stream) {
+    struct stat found = {};
+    if (stream == nullptr || fstat(fileno(stream), &found) != 0) return {};
+    return identity_of(found);
+}
+
+FileIdentity identity(const char* name) {
+    struct stat found = {};
+    if (stat(name, &found) != 0) return {};
+    return identity_of(found);
+}
+
+bool is_same_file(const FileIdentity& a, const FileIdentity& b) {
+    return a.type == S_IFREG && gives_back(a, b);
+}
+
+bool gives_back(const FileIdentity& a, const FileIdentity& b) {
+    const bool is_same = a.type == b.type && a.device == b.device && a.number == b.number;
+    return is_same && a.type != 0 && a.type != S_IFCHR;
+}
+
+}  // namespace vorn
