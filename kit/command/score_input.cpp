@@ -47,11 +47,12 @@ void tell_warnings(const ScoreRun& run) {
 }
 
 // It is asked for once more, since only now its absence must be explained. What can be
-// read and was not taken all the same, the engine has a reason for.
+// read and was not taken all the same, or what would wait for itself, the engine has a reason for.
 bool was_found(const std::string& score, const ScoreRun& run) {
     if (!run.map.files().empty()) return true;
+    SystemSources sources;
     errno = 0;
-    if (SystemSources().read(source_name(score))) {
+    if (sources.is_written(source_name(score)) || sources.read(source_name(score))) {
         tell_mistakes(run);
     } else {
         complain("cannot read \"" + score + "\": " + std::strerror(errno));

@@ -65,13 +65,6 @@ FileIdentity file_of(const std::string& name) {
     return name == STANDARD_INPUT ? identity(stdin) : identity(name.c_str());
 }
 
-bool is_same_file(const std::string& a, const std::string& b) {
-    struct stat one = {};
-    struct stat other = {};
-    return stat(a.c_str(), &one) == 0 && stat(b.c_str(), &other) == 0 && one.st_dev == other.st_dev &&
-           one.st_ino == other.st_ino;
-}
-
 }  // namespace
 
 std::string source_name(const std::string& argument) { return argument == "-" ? STANDARD_INPUT : argument; }
@@ -96,9 +89,15 @@ bool SystemSources::is_same(const std::string& name, const std::string& other) {
     return gives_back(file_of(name), file_of(other));
 }
 
+bool SystemSources::is_written(const std::string& name) {
+    return gives_back(file_of(name), identity(stdout)) || gives_back(file_of(name), identity(stderr));
+}
+
 bool SystemSources::has_read(const std::string& path) const {
-    return std::any_of(names_.begin(), names_.end(),
-                       [&](const std::string& name) { return is_same_file(name, path); });
+    const FileIdentity file = identity(path.c_str());
+    return file.type != 0 && std::any_of(names_.begin(), names_.end(), [&](const std::string& name) {
+               return identity(name.c_str()) == file;
+           });
 }
 
 }  // namespace vorn::kit

@@ -21,6 +21,7 @@ public:
     std::optional<std::string> read(const std::string& name) override;
     std::FILE* open(const std::string& name, const std::string& text) override;
     bool is_same(const std::string& name, const std::string& other) override;
+    bool is_written(const std::string& name) override;
 
     const std::vector<std::string>& names() const { return names_; }  // read or asked for, once each
     bool has_read(const std::string& path) const;  // whether `path` is one of the files, by whatever name

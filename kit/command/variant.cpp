@@ -50,6 +50,8 @@ public:
         return system_.is_same(name, other);
     }
 
+    bool is_written(const std::string& name) override { return system_.is_written(name); }
+
 private:
     const VaryPlan& plan_;
     std::string value_;

@@ -91,11 +91,12 @@ std::FILE* Recorder::open_source(const char* name, const char* includer) {
     return sources_.open(found_as, run_.map.files().back().text);
 }
 
-bool Recorder::is_being_read(const char* name, const char* /*includer*/) {
+bool Recorder::has_open(const char* name, const char* /*includer*/) {
     const std::string found_as = resolve(name);
-    return std::any_of(open_files_.begin(), open_files_.end(), [&](int file) {
-        return sources_.is_same(found_as, run_.map.files()[static_cast<std::size_t>(file)].name);
-    });
+    return sources_.is_written(found_as) ||
+           std::any_of(open_files_.begin(), open_files_.end(), [&](int file) {
+               return sources_.is_same(found_as, run_.map.files()[static_cast<std::size_t>(file)].name);
+           });
 }
 
 void Recorder::on_source(const SourceSpan& span) {

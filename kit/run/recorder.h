@@ -30,7 +30,7 @@ public:
     void on_block(const Block& block) override;
     void on_end(int status, double seconds) override;
     std::FILE* open_source(const char* name, const char* includer) override;
-    bool is_being_read(const char* name, const char* includer) override;
+    bool has_open(const char* name, const char* includer) override;
 
 private:
     // Seconds from the block's start, before anything was cut to single precision.

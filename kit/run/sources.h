@@ -24,6 +24,9 @@ public:
 
     // Whether both names are of one file, which cannot be included while it is read.
     virtual bool is_same(const std::string& name, const std::string& other) { return name == other; }
+
+    // Whether whoever reads writes that file, too: it would wait for itself.
+    virtual bool is_written(const std::string& /*name*/) { return false; }
 };
 
 }  // namespace vorn::kit

@@ -29,8 +29,8 @@ bool is_same_file(const FileIdentity& a, const FileIdentity& b) {
 }
 
 bool gives_back(const FileIdentity& a, const FileIdentity& b) {
-    const bool is_same = a.type == b.type && a.device == b.device && a.number == b.number;
-    return is_same && a.type != 0 && a.type != S_IFCHR;
+    const bool keeps_text = a.type == S_IFREG || a.type == S_IFIFO || a.type == S_IFBLK;
+    return keeps_text && a == b;
 }
 
 }  // namespace vorn

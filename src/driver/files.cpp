@@ -23,8 +23,9 @@
 //
 // An include file may turn out to be one of those that are written. It is
 // refused then, and not lost: the older text of an output is cut off only when
-// the includes have been copied. Until then nothing is written to any of them;
-// what the log has to tell waits in memory. One that is still being read, the
+// the includes have been copied, unless a standard stream writes that file, too.
+// Until then nothing is written to any of them; what the log has to tell waits in
+// memory. One that is still being read, the
 // input among them, is refused as well: nothing in it could end its includes.
 
 namespace vorn {
@@ -61,10 +62,11 @@ bool is_input_file(const char* name) {
     return name != nullptr && gives_back(identity(in_fname), identity(name));
 }
 
-// The input under another name is as much of a clash as the name itself, and so are the messages of the run.
+// The input under another name is as much of a clash as the name itself, and so are the messages
+// of the run. To be asked before the input is opened: a pipe would wait there for its writer.
 bool check_same_files(Observer* observer) {
     const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname) ||
-                       tells_messages(identity(in_fname));
+                       tells_messages(identity(in_fname)) || has_open(observer, in_fname, nullptr);
     if (clash) report_name_clash(observer);
     return !clash;
 }
@@ -145,7 +147,10 @@ bool close_output_file(Observer* observer) {
 
 // Closes the written file that is the included one, as it is; false when there is none.
 bool leave_unwritten(const FileIdentity& included) {
-    if (gives_back(included, identity(fout.stream))) return close_output(fout);
+    if (gives_back(included, identity(fout.stream))) {
+        close_output(fout);  // the run fails anyway
+        return true;
+    }
     if (gives_back(included, identity(held_log()))) {
         drop_log();
         return true;
@@ -163,8 +168,7 @@ bool is_written(const FileIdentity& included) {
 
 // Whether the name is that of a file whose includes are being resolved.
 bool is_being_read(const WatchedSource& included) {
-    Observer* const observer = included.observer;
-    if (observer != nullptr && observer->is_being_read(included.name, included.includer->name)) return true;
+    if (has_open(included.observer, included.name, included.includer->name)) return true;
     const FileIdentity file = identity(included.name);
     for (const WatchedSource* open = included.includer; open != nullptr; open = open->includer) {
         if (gives_back(file, identity(open->stream))) return true;
@@ -180,7 +184,7 @@ void close_input() {
 }  // namespace
 
 bool open_files(Observer* observer) {
-    const bool opened = open_input(observer) && check_same_files(observer) && open_output_file(observer) &&
+    const bool opened = check_same_files(observer) && open_input(observer) && open_output_file(observer) &&
                         open_extra_file(fecho, MKEXP, exp_fname, observer) && open_copy(observer) &&
                         open_extra_file(fllog, MKLOG, log_fname, observer) &&
                         check_separate_files(observer) &&

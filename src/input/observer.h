@@ -175,9 +175,10 @@ public:
         return std::fopen(name, "r");
     }
 
-    // Whether that would be a source that is still being read. Asked before it is opened;
-    // for whoever keeps texts elsewhere: files of the system are told apart without it.
-    virtual bool is_being_read(const char* /*name*/, const char* /*includer*/) { return false; }
+    // Whether that is open already: a source that is still being read, or a file that the
+    // observer's own program writes. Asked before it is opened. What the run itself has
+    // open as files of the system is told apart without it.
+    virtual bool has_open(const char* /*name*/, const char* /*includer*/) { return false; }
 
 protected:
     ~Observer() = default;
@@ -186,6 +187,10 @@ protected:
 // Opens an input as the observer does, and without one by its name.
 inline std::FILE* open_source(Observer* observer, const char* name, const char* includer) {
     return observer != nullptr ? observer->open_source(name, includer) : std::fopen(name, "r");
+}
+
+inline bool has_open(Observer* observer, const char* name, const char* includer) {
+    return observer != nullptr && observer->has_open(name, includer);
 }
 
 }  // namespace vorn

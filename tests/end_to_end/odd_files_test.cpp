@@ -187,6 +187,14 @@ TEST_F(OddFiles, APipeThatTheRunWritesMayNotBeIncluded) {
     close(reader);
 }
 
+// Opening it for reading would wait for the run itself.
+TEST_F(OddFiles, APipeMayNotBeInputAndOutput) {
+    make_pipe(folder_, "pipe");
+    expect_failure({"pipe", "./pipe"}, CLASH);
+    expect_failure({"-l", "./pipe", "pipe", "out.sco"}, CLASH);
+    expect_failure({"-x", "./pipe", "pipe", "out.sco"}, CLASH);
+}
+
 TEST_F(OddFiles, WhatAStandardStreamWritesMayNotBeRead) {
     for (const char* name : {"/dev/stdout", "/proc/self/fd/2"}) {
         SCOPED_TRACE(name);
@@ -247,6 +255,7 @@ TEST_F(OddFiles, ClosedStandardStreams) {
 
 TEST_F(OddFiles, FoldersAsOutputs) {
     fs::create_directory(folder_.path() / "folder");
+    expect_failure({"folder", "./folder"}, cannot_open("folder"));
     expect_failure({"in.vorn", "folder"}, cannot_open("folder"));
     expect_failure({"-l", "folder", "in.vorn", "out.sco"}, cannot_open("folder"));
     expect_failure({"-x", "folder", "in.vorn", "out.sco"}, cannot_open("folder"));

@@ -275,8 +275,9 @@ class CheckTest(vornkit.CommandTest):
 
     def test_a_report_that_cannot_be_written(self):
         self.write("bad.vorn", BAD)
+        self.write("other.vorn", BAD)
         program = pathlib.Path(vornkit.VORNKIT).resolve()
-        with open(self.folder / "bad.vorn", "rb") as unwritable:
+        with open(self.folder / "other.vorn", "rb") as unwritable:
             done = subprocess.run([program, "check", "bad.vorn"], cwd=self.folder, stdout=unwritable,
                                   stderr=subprocess.PIPE, check=False, timeout=60)
         self.assertEqual(done.returncode, 2)
@@ -354,6 +355,12 @@ class CheckTest(vornkit.CommandTest):
         with open(self.folder / "loop.vorn", encoding="utf-8") as score:
             done = self.check("-", stdin=score)
         self.assertTrue(done.stdout.startswith("other.inc:1:1: error: You can't use a filename"), done.stdout)
+
+    def test_what_the_check_itself_writes_cannot_be_read(self):
+        for name in ("/dev/stdout", "/proc/self/fd/2"):
+            self.write("in.vorn", f"#include |{name}|\n")
+            self.assertIn("You can't use a filename multiple times!", self.check("in.vorn").stdout)
+            self.assertIn("You can't use a filename multiple times!", self.check(name).stderr)
 
     def test_a_file_that_is_included_again_behind_itself(self):
         self.write("all.vorn", "#include |part.inc|\n#include |part.inc|\n" + WELL)

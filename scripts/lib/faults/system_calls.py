@@ -55,7 +55,7 @@ def numbered_calls(lines, case):
         name, descriptor, path = call.groups()
         seen[name] += 1
         begun = begun or BEGINNING.match(line) is not None
-        if begun and name not in NOT_FAILING:
+        if begun and name not in NOT_FAILING and name not in case.not_failing:
             yield Call(name, seen[name], descriptor in STANDARD_STREAMS, bool(path) and is_output(path, case))
 
 

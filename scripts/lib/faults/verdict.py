@@ -10,7 +10,8 @@ from faults import runs
 TOLD = re.compile(r'ERROR: Can\'t (open|write) ".*"\.\n|ERROR: Can\'t open temporary file\n'
                   r"|ERROR: Ouch! Can't open the temporary file \(huh\?\)\.\n|ERROR: .*Yikes, (out of|not enough) memory.*\n"
                   r'|ERROR: Line \d+:(Premature end-of-file!|misplaced "<" \(or memory error\)\.)\n'
-                  r'|Bad include file name: ".*"\n')
+                  r'|Bad include file name: ".*"\n'
+                  r"|ERROR: You can't use a filename multiple times!\n")
 TEMPORARY_NAME = re.compile(r'"[^"]*/vorn[A-Za-z0-9]{6}"')
 
 NO_EFFECT = "no effect"
