@@ -63,7 +63,8 @@ bool is_input_file(const char* name) {
 }
 
 // The input under another name is as much of a clash as the name itself, and so are the messages
-// of the run. To be asked before the input is opened: a pipe would wait there for its writer.
+// of the run. Asked before the input is opened, where a pipe would wait for its writer, and once more
+// when it is: its descriptor has a name, too.
 bool check_same_files(Observer* observer) {
     const bool clash = is_input_file(out_fname) || is_input_file(log_fname) || is_input_file(exp_fname) ||
                        tells_messages(identity(in_fname)) || has_open(observer, in_fname, nullptr);
@@ -184,9 +185,9 @@ void close_input() {
 }  // namespace
 
 bool open_files(Observer* observer) {
-    const bool opened = check_same_files(observer) && open_input(observer) && open_output_file(observer) &&
-                        open_extra_file(fecho, MKEXP, exp_fname, observer) && open_copy(observer) &&
-                        open_extra_file(fllog, MKLOG, log_fname, observer) &&
+    const bool opened = check_same_files(observer) && open_input(observer) && check_same_files(observer) &&
+                        open_output_file(observer) && open_extra_file(fecho, MKEXP, exp_fname, observer) &&
+                        open_copy(observer) && open_extra_file(fllog, MKLOG, log_fname, observer) &&
                         check_separate_files(observer) &&
                         (hold_log() || report_unopened(log_fname, observer));
     if (!opened) {

@@ -105,6 +105,16 @@ TEST_F(OddFiles, LinksToTheInputAreNotOverwritten) {
     EXPECT_FALSE(fs::exists(folder_.path() / "out.sco"));
 }
 
+// Descriptor 3 is the input.
+TEST_F(OddFiles, InputIsNotOverwrittenByItsDescriptor) {
+    for (const char* option : {"-l", "-x"}) {
+        expect_failure({option, "/proc/self/fd/3", "in.vorn", "out.sco"}, CLASH);
+        EXPECT_EQ(folder_.read("in.vorn"), SCORE);
+    }
+    expect_failure({"in.vorn", "/proc/self/fd/3"}, CLASH);
+    EXPECT_EQ(folder_.read("in.vorn"), SCORE);
+}
+
 TEST_F(OddFiles, OutputsMayNotShareAFile) {
     folder_.write("out.sco", "");
     fs::create_symlink("out.sco", folder_.path() / "symbolic");
