@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "driver/files.h"
 #include "input/errors.h"
 #include "output/event_list.h"
 #include "preproc/equation.h"
@@ -93,7 +94,7 @@ std::FILE* Recorder::open_source(const char* name, const char* includer) {
 
 bool Recorder::has_open(const char* name, const char* /*includer*/) {
     const std::string found_as = resolve(name);
-    return sources_.is_written(found_as) ||
+    return is_written_file(found_as.c_str()) || sources_.is_written(found_as) ||
            std::any_of(open_files_.begin(), open_files_.end(), [&](int file) {
                return sources_.is_same(found_as, run_.map.files()[static_cast<std::size_t>(file)].name);
            });

@@ -1,5 +1,6 @@
 #include "driver/files.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include <fcntl.h>
@@ -24,9 +25,9 @@
 // An include file may turn out to be one of those that are written. It is
 // refused then, and not lost: the older text of an output is cut off only when
 // the includes have been copied, unless a standard stream writes that file, too.
-// Until then nothing is written to any of them; what the log has to tell waits in
-// memory. One that is still being read, the
-// input among them, is refused as well: nothing in it could end its includes.
+// Until then nothing is written to any of them; what the log has to tell waits
+// in memory. One that is still being read, the input among them, is refused as
+// well: nothing in it could end its includes.
 
 namespace vorn {
 
@@ -146,25 +147,20 @@ bool close_output_file(Observer* observer) {
     return written;
 }
 
-// Closes the written file that is the included one, as it is; false when there is none.
-bool leave_unwritten(const FileIdentity& included) {
-    if (gives_back(included, identity(fout.stream))) {
-        close_output(fout);  // the run fails anyway
-        return true;
-    }
-    if (gives_back(included, identity(held_log()))) {
-        drop_log();
-        return true;
-    }
-    if (!gives_back(included, identity(fecho))) return false;
-    std::fclose(fecho);
-    fecho = nullptr;
-    return true;
+bool is_written(const FileIdentity& file) {
+    std::FILE* const streams[] = {fout.stream, fecho, ftmp, fllog, held_log()};
+    return tells_messages(file) ||
+           std::any_of(std::begin(streams), std::end(streams),
+                       [&](std::FILE* stream) { return gives_back(file, identity(stream)); });
 }
 
-bool is_written(const FileIdentity& included) {
-    return gives_back(included, identity(ftmp)) || gives_back(included, identity(fllog)) ||
-           tells_messages(included) || leave_unwritten(included);
+// Closes the one that is this file as it is.
+void leave_unwritten(const FileIdentity& file) {
+    if (gives_back(file, identity(fout.stream))) close_output(fout);  // the run fails anyway
+    if (gives_back(file, identity(held_log()))) drop_log();
+    if (!gives_back(file, identity(fecho))) return;
+    std::fclose(fecho);
+    fecho = nullptr;
 }
 
 // Whether the name is that of a file whose includes are being resolved.
@@ -197,11 +193,15 @@ bool open_files(Observer* observer) {
     return opened;
 }
 
+bool is_written_file(const char* name) { return is_written(identity(name)); }
+
 bool accept_include(const WatchedSource& included, const MessagePlace& place) {
-    const bool clash =
-        included.stream == nullptr ? is_being_read(included) : is_written(identity(included.stream));
-    if (clash) print_error(place, "%s", NAME_CLASH);
-    return !clash;
+    const FileIdentity file = identity(included.stream);
+    const bool clash = included.stream == nullptr ? is_being_read(included) : is_written(file);
+    if (!clash) return true;
+    leave_unwritten(file);
+    print_error(place, "%s", NAME_CLASH);
+    return false;
 }
 
 bool cut_older_texts(Observer* observer) {

@@ -18,6 +18,9 @@ extern std::FILE* ftmp;  // the temporary file while it is being written; null o
 // written keep their older text until cut_older_texts.
 [[nodiscard]] bool open_files(Observer* observer);
 
+// Whether the run writes the file of that name, its messages and temporary file included.
+[[nodiscard]] bool is_written_file(const char* name);
+
 // False, with the message printed, for an include file that the run has open already:
 // that is still being read, or is written, be it by a standard stream. A file that is
 // written keeps its text then: nothing more is written to it.

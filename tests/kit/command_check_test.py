@@ -362,6 +362,14 @@ class CheckTest(vornkit.CommandTest):
             self.assertIn("You can't use a filename multiple times!", self.check("in.vorn").stdout)
             self.assertIn("You can't use a filename multiple times!", self.check(name).stderr)
 
+    def test_the_copy_of_the_run_cannot_be_read(self):
+        """One descriptor of the check is the copy, which would grow."""
+        told = []
+        for number in range(3, 10):
+            self.write("in.vorn", f"; a line\n#include |/proc/self/fd/{number}|\n{WELL}")
+            told.append(self.check("in.vorn").stdout)
+        self.assertEqual(sum("You can't use a filename multiple times!" in one for one in told), 1, told)
+
     def test_a_file_that_is_included_again_behind_itself(self):
         self.write("all.vorn", "#include |part.inc|\n#include |part.inc|\n" + WELL)
         self.write("part.inc", "; nothing\n")
