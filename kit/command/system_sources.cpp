@@ -95,9 +95,8 @@ bool SystemSources::is_written(const std::string& name) {
 
 bool SystemSources::has_read(const std::string& path) const {
     const FileIdentity file = identity(path.c_str());
-    return file.type != 0 && std::any_of(names_.begin(), names_.end(), [&](const std::string& name) {
-               return identity(name.c_str()) == file;
-           });
+    return std::any_of(names_.begin(), names_.end(),
+                       [&](const std::string& name) { return gives_back(file, file_of(name)); });
 }
 
 }  // namespace vorn::kit

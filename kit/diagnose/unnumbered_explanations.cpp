@@ -112,7 +112,8 @@ p2 1  p3 1  p4 $ROOT }
      .cause =
          "Two of the files that a run has open at the same time are the same one. Mostly a file includes "
          "itself, directly or by way of another one, which nothing could end. "
-         "Or a file is to be read and written: writing it would destroy what is still to be read.",
+         "Or a file is to be read and written, perhaps by the messages of the run: "
+         "writing it would destroy what is still to be read.",
      .cure = "Take out the include that leads back, include no file that the run writes, "
              "and give each file a name of its own.",
      .score = R"(#include |score.vorn|

@@ -196,8 +196,9 @@ bool open_files(Observer* observer) {
 bool is_written_file(const char* name) { return is_written(identity(name)); }
 
 bool accept_include(const WatchedSource& included, const MessagePlace& place) {
-    const FileIdentity file = identity(included.stream);
-    const bool clash = included.stream == nullptr ? is_being_read(included) : is_written(file);
+    const bool is_open = included.stream != nullptr;
+    const FileIdentity file = is_open ? identity(included.stream) : identity(included.name);
+    const bool clash = is_open ? is_written(file) : is_being_read(included);
     if (!clash) return true;
     leave_unwritten(file);
     print_error(place, "%s", NAME_CLASH);

@@ -221,6 +221,13 @@ class EventsCommand(CommandTest):
             self.assertIn(said, done.stderr)
         self.assertEqual(self.files(), ["also.json", "piece.vorn"])
 
+    def test_a_score_on_standard_input_is_not_written_over(self):
+        self.write("piece.json", SCORE)
+        with open(self.folder / "piece.json", encoding="utf-8") as score:
+            done = self.vornkit("events", "-", "-o", "piece.json", stdin=score)
+        self.assertEqual((done.returncode, (self.folder / "piece.json").read_text()), (2, SCORE))
+        self.assertIn("is read for this", done.stderr)
+
     @unittest.skipIf(not os.path.exists("/dev/full"), "no full device here")
     def test_a_full_disk_is_told(self):
         self.write("piece.vorn", SCORE)
