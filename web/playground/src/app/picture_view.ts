@@ -8,7 +8,7 @@ import { colorOf, hex } from '../picture/tones';
 import { onThemeChange, tonesNow } from '../picture/theme';
 import type { Sounding } from '../sound/sounding';
 import type { AppState, AppStore } from '../state/app_state';
-import { find, make, redraw } from '../ui/dom';
+import { counted, find, make, redraw } from '../ui/dom';
 import { iconButton } from '../ui/icons';
 import { speak } from '../ui/notices';
 
@@ -64,7 +64,7 @@ function showLegend(store: AppStore, picture: Picture): void {
         const instruments = picture.scene?.instruments ?? [];
         const chips: Node[] = instruments.slice(0, MOST_CHIPS).map(({ number, rank, events }) => {
             const isShown = !store.state.hiddenInstruments.has(number);
-            const title = `Instrument ${number}: ${events} events. Shows or hides it.`;
+            const title = `Instrument ${number}: ${counted(events, 'event')}. Shows or hides it.`;
             const chip = make(
                 'button',
                 {

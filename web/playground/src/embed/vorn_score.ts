@@ -21,7 +21,7 @@ import { ORCHESTRA_REFUSED } from '../sound/csound/protocol';
 import { orchestraMistakes } from '../sound/orchestra_mistakes';
 import { orchestraOf, partsOf } from '../state/orchestras';
 import { hasSuffix, isOrchestra, MAIN_SUFFIX, type Piece, type TextFile } from '../state/piece';
-import { make, prose } from '../ui/dom';
+import { counted, make, prose } from '../ui/dom';
 import { icon } from '../ui/icons';
 import { loadEngine } from './engine';
 import { compiledWithIncludes, fetchedText, namedTexts, ownText, type Texts } from './score_files';
@@ -154,7 +154,7 @@ class VornScore extends HTMLElement {
     private tell(result: Result): void {
         const [mistake] = result.diagnostics.filter((one) => one.severity === 'error');
         if (mistake) this.complain(mistakeWords(mistake, Object.keys(this.texts)[0] ?? ''));
-        else this.say(`${countAll(result)} events, ${timeText(result.seconds)}`);
+        else this.say(`${counted(countAll(result), 'event')}, ${timeText(result.seconds)}`);
     }
 
     private say(words: string): void {

@@ -43,6 +43,10 @@ export function redraw(place: HTMLElement, children: readonly Node[], otherwise?
     (left[Math.min(at, left.length - 1)] ?? otherwise)?.focus();
 }
 
+// "1 event", "1,000 events".
+export const counted = (number: number, word: string): string =>
+    `${number.toLocaleString('en')} ${word}${number === 1 ? '' : 's'}`;
+
 // A text in which `code` stands between backticks.
 export const prose = (text: string): Child[] =>
     text.split('`').map((part, index) => (index % 2 === 1 ? make('code', {}, part) : part));

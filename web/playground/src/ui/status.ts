@@ -3,10 +3,7 @@ import type { AppStore } from '../state/app_state';
 import { countEvents } from '../picture/scene';
 import { timeText } from '../picture/span';
 import { seedOf } from '../seeds/seeds';
-import { find, make } from './dom';
-
-const count = (number: number, word: string): string =>
-    `${number.toLocaleString('en')} ${word}${number === 1 ? '' : 's'}`;
+import { counted, find, make } from './dom';
 
 export function showStatus(store: AppStore): void {
     const place = find('#status', HTMLElement);
@@ -18,8 +15,8 @@ export function showStatus(store: AppStore): void {
         const blocks = result.blocks.filter((block) => !block.isSkipped).length;
         const events = result.blocks.reduce((sum, block) => sum + countEvents(block), 0);
         const facts = [
-            count(events, 'event'),
-            count(blocks, 'block'),
+            counted(events, 'event'),
+            counted(blocks, 'block'),
             timeText(result.seconds, 0.1),
             `seed ${seedOf(result)}`,
         ];
