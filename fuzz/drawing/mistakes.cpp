@@ -1,5 +1,6 @@
 #include "drawing/mistakes.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstddef>
 #include <iterator>
@@ -13,6 +14,8 @@
 namespace vorn::fuzz {
 
 namespace {
+
+constexpr std::size_t MAX_FACTOR_DIGITS = 4;
 
 constexpr std::string_view STRANGE_WORDS[] = {
     "}",     "{",     "(",     ")",    "<",   ">",        "[",         "]",         "/",       ":",  "'",
@@ -74,6 +77,16 @@ void change_character(std::string& text, Dice& dice) {
     text[place] = static_cast<char>(dice.roll(256));
 }
 
+// Each event that a time wants beyond its block is a warning of three lines, so the factor of T*1 stays
+// short, too.
+void shorten_factors(std::string& text) {
+    for (std::size_t at = text.find("T*"); at != text.npos; at = text.find("T*", at)) {
+        at += 2;
+        const std::size_t end = std::min(text.find_first_not_of("0123456789", at), text.size());
+        if (end - at > MAX_FACTOR_DIGITS) text.erase(at + MAX_FACTOR_DIGITS, end - at - MAX_FACTOR_DIGITS);
+    }
+}
+
 void drop_last_line_end(std::string& text, Dice&) {
     if (text.back() == '\n') text.pop_back();
 }
@@ -86,7 +99,9 @@ constexpr Mistake MISTAKES[] = {drop_word,   double_word, move_word,        repl
 }  // namespace
 
 void make_mistake(std::string& text, Dice& dice) {
-    if (!text.empty()) MISTAKES[dice.roll(std::size(MISTAKES))](text, dice);
+    if (text.empty()) return;
+    MISTAKES[dice.roll(std::size(MISTAKES))](text, dice);
+    shorten_factors(text);
 }
 
 }  // namespace vorn::fuzz

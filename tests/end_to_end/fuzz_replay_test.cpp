@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "blocks/commands.h"
+#include "drawing/dice.h"
 #include "drawing/grammar.h"
+#include "drawing/mistakes.h"
 #include "drawing/score_checks.h"
 #include "support/kept_inputs.h"
 #include "support/run_case.h"
@@ -78,6 +80,25 @@ TEST(FuzzGrammar, HasEveryCommandThatTheEngineKnows) {
         }
     }
     EXPECT_GT(commands, 20);
+}
+
+// Its warnings for the events beyond the block would fill the memory of the fuzzer.
+TEST(FuzzMistakes, LeaveTheFactorOfATimeShort) {
+    constexpr std::size_t PLACES = 13;
+    std::size_t longest = 0;
+    for (unsigned choice = 0; choice < 256 * PLACES; ++choice) {
+        for (std::uint8_t kind = 0; kind < 9; ++kind) {
+            const std::uint8_t bytes[] = {kind, 0, static_cast<std::uint8_t>(choice % PLACES),
+                                          static_cast<std::uint8_t>(choice / PLACES)};
+            fuzz::Dice dice(bytes, sizeof bytes);
+            std::string text = "p2 ho(T*1 1)\n";
+            fuzz::make_mistake(text, dice);
+            const std::size_t begin = std::min(text.find("T*"), text.size());
+            const std::size_t end = text.find_first_not_of("T*0123456789", begin);
+            longest = std::max(longest, std::min(end, text.size()) - begin);
+        }
+    }
+    EXPECT_EQ(longest, std::string("T*1333").size());
 }
 
 }  // namespace

@@ -42,8 +42,6 @@ def faults(seconds, seed):
     """`seconds`: how long the run takes when nothing disturbs it."""
     chance = random.Random(seed)
     for number in sorted(signal.valid_signals()):
-        if signal.SIGRTMIN < number < signal.SIGRTMAX:
-            continue  # all alike
         for moment in (chance.uniform(0, START), chance.uniform(0, seconds), chance.uniform(0, seconds)):
             yield Fault(kind_of(number), f"{signal.strsignal(number)} after {moment:.4f} s",
                         {"disturb": sending(number, moment)}, may_leave=number in LEAVING,
