@@ -44,3 +44,13 @@ chmod +x "$folder/build/fuzz/fuzz/fuzz_drawn_score"
 expect "reached" "$(ls "$folder/fuzz/corpus/drawn_score")"
 expect "$(ls fuzz/found/drawn_score)" "$(ls "$folder/fuzz/found/drawn_score")"
 [ -e "$folder/fuzz/found/drawn_score/8b9fe9813195e5fcfaafdb60b15fa0dc7f3455d8" ]
+
+# A run does not take the last one's faults for its own, nor lose them.
+eval "$(sed -n '/^run_all() {/,/^}/p' scripts/fuzz)"
+run_one() { find "$found" -type f; }
+found=$folder/found
+found_before=$folder/found_before
+mkdir -p "$found/drawn_score"
+: >"$found/drawn_score/crash-1"
+expect "" "$(run_all 1)"
+expect "crash-1" "$(ls "$found_before")"
