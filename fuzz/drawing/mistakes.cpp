@@ -15,7 +15,7 @@ namespace vorn::fuzz {
 
 namespace {
 
-constexpr std::size_t MAX_FACTOR_DIGITS = 4;
+constexpr std::size_t MAX_TIME_DIGITS = 4;
 
 constexpr std::string_view STRANGE_WORDS[] = {
     "}",     "{",     "(",     ")",    "<",   ">",        "[",         "]",         "/",       ":",  "'",
@@ -77,13 +77,16 @@ void change_character(std::string& text, Dice& dice) {
     text[place] = static_cast<char>(dice.roll(256));
 }
 
-// Each event that a time wants beyond its block is a warning of three lines, so the factor of T*1 stays
-// short, too.
-void shorten_factors(std::string& text) {
-    for (std::size_t at = text.find("T*"); at != text.npos; at = text.find("T*", at)) {
-        at += 2;
-        const std::size_t end = std::min(text.find_first_not_of("0123456789", at), text.size());
-        if (end - at > MAX_FACTOR_DIGITS) text.erase(at + MAX_FACTOR_DIGITS, end - at - MAX_FACTOR_DIGITS);
+// Each event that a time wants beyond its block is a warning of three lines, so the factor of T*1 and the
+// events of a generator, as in ho(-4 1), stay few, too.
+void shorten_times(std::string& text) {
+    for (const std::string_view before : {"T*", "(-"}) {
+        for (std::size_t at = text.find(before); at != text.npos; at = text.find(before, at)) {
+            at += before.size();
+            const std::size_t end = std::min(text.find_first_not_of("0123456789", at), text.size());
+            const std::size_t last = std::min(at + MAX_TIME_DIGITS, end);
+            text.erase(last, end - last);
+        }
     }
 }
 
@@ -101,7 +104,7 @@ constexpr Mistake MISTAKES[] = {drop_word,   double_word, move_word,        repl
 void make_mistake(std::string& text, Dice& dice) {
     if (text.empty()) return;
     MISTAKES[dice.roll(std::size(MISTAKES))](text, dice);
-    shorten_factors(text);
+    shorten_times(text);
 }
 
 }  // namespace vorn::fuzz

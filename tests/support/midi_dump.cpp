@@ -20,7 +20,8 @@ struct Malformed : std::runtime_error {
 struct Cursor {
     const std::string& bytes;
     std::size_t at = 0;
-    std::size_t end = 0;  // of the chunk at hand, or of the file
+    std::size_t end = 0;     // of the chunk at hand, or of the file
+    unsigned highest = 127;  // of a data byte
 
     unsigned next() {
         if (at >= end) throw Malformed(at, "ends too soon");
@@ -33,7 +34,7 @@ struct Cursor {
     }
     unsigned data_byte(const char* what) {
         const unsigned value = next();
-        if (value > 127)
+        if (value > highest)
             throw Malformed(at - 1, std::string(what) + " " + std::to_string(value) + " above 127");
         return value;
     }
@@ -167,10 +168,10 @@ void read_file(Cursor& cursor, std::ostream& out) {
 
 }  // namespace
 
-std::string midi_dump(const std::string& bytes) {
+std::string midi_dump(const std::string& bytes, DataBytes data) {
     if (bytes.empty()) return "no bytes\n";
     std::ostringstream out;
-    Cursor cursor{bytes, 0, bytes.size()};
+    Cursor cursor{bytes, 0, bytes.size(), data == DataBytes::ANY ? 255U : 127U};
     try {
         read_file(cursor, out);
     } catch (const Malformed& malformed) {

@@ -20,6 +20,9 @@
 
 namespace vorn::test {
 
-std::string midi_dump(const std::string& bytes);
+// Whether a reader stumbles over a note or velocity above 127.
+enum class DataBytes { WITHIN_RANGE, ANY };
+
+std::string midi_dump(const std::string& bytes, DataBytes data = DataBytes::WITHIN_RANGE);
 
 }  // namespace vorn::test

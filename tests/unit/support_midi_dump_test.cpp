@@ -9,6 +9,7 @@
 
 namespace {
 
+using vorn::test::DataBytes;
 using vorn::test::midi_dump;
 
 // The bytes of hexadecimal digits, blanks ignored.
@@ -94,6 +95,12 @@ TEST(MidiDump, MalformedEvents) {
         {"00 FF037F 00 FF2F00", "MALFORMED at byte 26: ends too soon\n"},
     };
     for (const auto& [events, line] : cases) EXPECT_EQ(last_line(midi_dump(file(events))), line) << events;
+}
+
+TEST(MidiDump, AnyDataBytes) {
+    EXPECT_EQ(last_line(midi_dump(file("00 90 80 FF 00 FF2F00"), DataBytes::ANY)), "0 +0 end of track\n");
+    EXPECT_EQ(last_line(midi_dump(file("00 90 80"), DataBytes::ANY)),
+              "MALFORMED at byte 25: ends too soon\n");
 }
 
 TEST(MidiDump, MalformedChunks) {
