@@ -21,7 +21,7 @@ struct Cursor {
     const std::string& bytes;
     std::size_t at = 0;
     std::size_t end = 0;     // of the chunk at hand, or of the file
-    unsigned highest = 127;  // of a data byte
+    unsigned highest = 127;  // of a note or velocity
 
     unsigned next() {
         if (at >= end) throw Malformed(at, "ends too soon");
@@ -32,9 +32,9 @@ struct Cursor {
         for (int i = 0; i < size; ++i) value = value << 8 | next();
         return value;
     }
-    unsigned data_byte(const char* what) {
+    unsigned data_byte(const char* what, unsigned most = 127) {
         const unsigned value = next();
-        if (value > highest)
+        if (value > most)
             throw Malformed(at - 1, std::string(what) + " " + std::to_string(value) + " above 127");
         return value;
     }
@@ -100,8 +100,8 @@ bool read_meta_event(Cursor& cursor, std::ostream& out) {
 
 // status note velocity
 void read_note(Cursor& cursor, unsigned status, std::ostream& out) {
-    const unsigned note = cursor.data_byte("note");
-    const unsigned velocity = cursor.data_byte("velocity");
+    const unsigned note = cursor.data_byte("note", cursor.highest);
+    const unsigned velocity = cursor.data_byte("velocity", cursor.highest);
     out << (status >= 0x90 ? "on" : "off") << " channel " << (status & 15) + 1 << " note " << note
         << " velocity " << velocity << "\n";
 }

@@ -99,6 +99,8 @@ TEST(MidiDump, MalformedEvents) {
 
 TEST(MidiDump, AnyDataBytes) {
     EXPECT_EQ(last_line(midi_dump(file("00 90 80 FF 00 FF2F00"), DataBytes::ANY)), "0 +0 end of track\n");
+    EXPECT_EQ(last_line(midi_dump(file("00 A0 FF FF 00 FF2F00"), DataBytes::ANY)),
+              "MALFORMED at byte 24: data 255 above 127\n");
     EXPECT_EQ(last_line(midi_dump(file("00 90 80"), DataBytes::ANY)),
               "MALFORMED at byte 25: ends too soon\n");
 }
