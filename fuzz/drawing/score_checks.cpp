@@ -86,14 +86,13 @@ bool is_well_formed(const std::string& line, int& expected) {
     return count >= 2 && count == expected;
 }
 
-// ";I-block #2 (i32767):"; the number of a block that is all rests stands over the next one, too.
-bool is_heading(const std::string& line, int& number) {
-    const int before = number;
-    int instrument = 0;
-    std::sscanf(line.c_str(), ";I-block #%d (i%d", &number, &instrument);
-    const std::string written =
-        ";I-block #" + std::to_string(number) + " (i" + std::to_string(instrument) + "):";
-    return line == written && (number == before || number == before + 1);
+// ";I-block #2 (i32767):"
+bool is_heading(std::string_view line, int number) {
+    const std::string start = ";I-block #" + std::to_string(number) + " (i";
+    if (!line.starts_with(start) || !line.ends_with("):")) return false;
+    line.remove_prefix(start.size());
+    line.remove_suffix(2);
+    return !line.empty() && line.find_first_not_of("0123456789") == line.npos;
 }
 
 // Outside blocks stand the end and the score's own text, which the grammar begins with a blank or ";".
@@ -102,29 +101,48 @@ bool may_stand_outside(const std::string& line, bool is_last) {
 }
 
 // Behind the heading of each block stand its lines, up to a blank one; none, not
-// even that, where all is rests.
-std::string score_problem(const std::string& bytes, const DrawnScore& score) {
-    const std::vector<int> columns = score.valid ? score.columns : std::vector<int>();
-    std::istringstream lines(bytes);
-    std::size_t block = 0;
-    int number = 1;
-    bool in_block = false;
-    bool is_first = false;  // behind the heading
-    int expected = 0;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.starts_with(";I-block #")) {
-            if (!is_heading(line, number)) return "a heading that is not well formed: " + line;
-            in_block = true;
-            expected = block < columns.size() ? columns[block] : 0;
-            ++block;
-            is_first = true;
-            continue;
-        }
-        if (line.empty() || (is_first && line[0] != 'i')) in_block = false;
-        if (in_block && !is_well_formed(line, expected)) return "a line that is not well formed: " + line;
-        if (!in_block && score.valid && !may_stand_outside(line, lines.peek() == EOF))
+// even that, where all is rests. Such a block is not counted: its number stands
+// over the next one, too.
+class ScoreLines {
+public:
+    explicit ScoreLines(const DrawnScore& score)
+        : is_valid_(score.valid), columns_(score.valid ? score.columns : std::vector<int>()) {}
+
+    std::string problem(const std::string& line, bool is_last) {
+        if (line.starts_with(";I-block #")) return heading_problem(line);
+        if (line.empty() || (is_first_ && line[0] != 'i')) in_block_ = false;
+        if (in_block_ && is_first_) ++number_;
+        is_first_ = false;
+        if (in_block_ && !is_well_formed(line, expected_)) return "a line that is not well formed: " + line;
+        if (!in_block_ && is_valid_ && !may_stand_outside(line, is_last))
             return "a line that belongs to nothing: " + line;
-        is_first = false;
+        return {};
+    }
+
+private:
+    std::string heading_problem(const std::string& line) {
+        if (!is_heading(line, number_)) return "a heading that is not well formed: " + line;
+        in_block_ = is_first_ = true;
+        expected_ = headings_ < columns_.size() ? columns_[headings_] : 0;
+        ++headings_;
+        return {};
+    }
+
+    bool is_valid_;
+    std::vector<int> columns_;  // how many numbers each heading's lines have
+    std::size_t headings_ = 0;
+    int number_ = 1;  // of the next heading
+    bool in_block_ = false;
+    bool is_first_ = false;  // behind the heading
+    int expected_ = 0;
+};
+
+std::string score_problem(const std::string& bytes, const DrawnScore& score) {
+    ScoreLines reader(score);
+    std::istringstream lines(bytes);
+    for (std::string line; std::getline(lines, line);) {
+        std::string problem = reader.problem(line, lines.peek() == EOF);
+        if (!problem.empty()) return problem;
     }
     return {};
 }
@@ -190,14 +208,24 @@ bool is_midi(const DrawnScore& score) {
     return std::find(score.arguments.begin(), score.arguments.end(), "-m") != score.arguments.end();
 }
 
-// Text of ">" could look like a block's.
-bool could_deceive(const DrawnScore& score) {
-    for (const auto& [name, text] : score.inputs) {
-        for (const char* words : {"I-block", ">i", "events generated"}) {
-            if (text.find(words) != text.npos) return true;
-        }
+// Whether a ">" may begin text that looks like a block's line. A macro can stand behind it, a
+// comment, or the next file; what begins with one of these characters looks like none.
+bool may_deceive(std::string_view behind) {
+    if (behind.starts_with(';')) behind.remove_prefix(1);
+    return behind.empty() || std::string_view(" \n\t0123456789.)]}>").find(behind[0]) == behind.npos;
+}
+
+bool has_deceiving_text(std::string_view input) {
+    for (std::size_t at = input.find('>'); at != input.npos; at = input.find('>', at + 1)) {
+        if (may_deceive(input.substr(at + 1))) return true;
     }
-    return false;
+    return input.find("I-block") != input.npos || input.find("events generated") != input.npos;
+}
+
+// The grammar writes no such text.
+bool could_deceive(const DrawnScore& score) {
+    return !score.valid && std::any_of(score.inputs.begin(), score.inputs.end(),
+                                       [](const auto& input) { return has_deceiving_text(input.second); });
 }
 
 std::string output_problem(const DrawnScore& score, const RunResult& result) {
