@@ -74,7 +74,7 @@ private:
     std::string value(std::string_view) { return expand(type_); }
     std::string value_without_blank(std::string_view);
     std::string walk(std::string_view) { return expand("walk_" + type_); }
-    std::string comma(std::string_view) { return type_.ends_with("rhythm") ? "" : ","; }
+    std::string comma_or_tie(std::string_view) { return type_.ends_with("rhythm") ? ",8" : ","; }
     std::string joint(std::string_view);
     std::string zero(std::string_view) { return by_events_ ? "0" : "1"; }
     std::string rest(std::string_view);
@@ -132,7 +132,7 @@ const Drawing::Row Drawing::ROUTINES[] = {
     {"value", &Drawing::value},
     {"value_without_blank", &Drawing::value_without_blank},
     {"walk", &Drawing::walk},
-    {"comma", &Drawing::comma},
+    {"comma_or_tie", &Drawing::comma_or_tie},
     {"joint", &Drawing::joint},
     {"zero", &Drawing::zero},
     {"rest", &Drawing::rest},

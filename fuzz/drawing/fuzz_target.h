@@ -7,7 +7,7 @@
 
 namespace vorn::fuzz {
 
-// What each fuzzer does with one input. While a corpus is chosen to be kept
+// What the two fuzzers of Vorn itself do with one input. While a corpus is chosen to be kept
 // (VORN_FUZZ_KEEP is set) an input that meets the limit of events is refused:
 // elsewhere, with the limit of the installed program, it would run for long.
 inline int fuzz_one(const DrawnScore& score) {

@@ -7,9 +7,10 @@
 #include <string_view>
 
 // A text is a row of words, that is numbers and names, single other characters,
-// and white space. A mistake drops, doubles, moves or replaces one of them, or
-// cuts the text off. Numbers that are put in stay small where they could be a
-// count, so that the run stays short whatever the mistake.
+// and white space. A mistake drops, doubles, moves or replaces one of them, puts
+// one in, changes a character, cuts the text off or drops its last line end.
+// Numbers that are put in stay small where they could be a count, so that the run
+// stays short whatever the mistake.
 
 namespace vorn::fuzz {
 

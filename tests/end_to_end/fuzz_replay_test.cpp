@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -80,6 +81,27 @@ TEST(FuzzGrammar, HasEveryCommandThatTheEngineKnows) {
         }
     }
     EXPECT_GT(commands, 20);
+}
+
+bool some_drawn_score_has(const std::string& pattern) {
+    const std::regex wanted(pattern);
+    std::mt19937_64 random(1);
+    for (int number = 0; number < 2000; ++number) {
+        std::string bytes(64 + random() % 1024, '\0');
+        for (char& byte : bytes) byte = static_cast<char>(random() >> 56);
+        const fuzz::DrawnScore score =
+            fuzz::draw_score(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        if (score.valid && std::regex_search(score.inputs.at("in.vorn"), wanted)) return true;
+    }
+    return false;
+}
+
+TEST(FuzzGrammar, DrawsWhatHasNoLettersOfItsOwn) {
+    for (const char* pattern :
+         {"~\\[[^\\]\n]*\\?", "~\\[[^\\]\n]*@1", "rh[^\n]* (4|8|16)\\.*,8 ", " [a-g]s[0-9 ]", " [a-g]f[0-9 ]",
+          " [a-g]n[0-9 ]", "nox[^\n]* [a-g][sfn]*\\+", "nox[^\n]* [a-g][sfn]*-"}) {
+        EXPECT_TRUE(some_drawn_score_has(pattern)) << pattern;
+    }
 }
 
 // The longest run of digits that one mistake leaves behind these characters of the text.
