@@ -2,6 +2,8 @@
 
 strace counts the calls of each name and makes one of them fail. The loader's own
 stand first and are left alone: the program begins when it holds its standard streams.
+So are those that set a signal's routine or end the process, and those that a case
+names, since its outcome may depend on them (cases.py).
 What a failed call on an output costs must be told. What one on the temporary file costs
 is missing in the output, if it is not told.
 """
