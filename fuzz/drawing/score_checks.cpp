@@ -200,8 +200,6 @@ bool is_divided_in_chunks(std::string_view bytes) {
     return bytes.empty();
 }
 
-// A note or velocity above 127 is the score's own wish: P4 is not limited, and of a
-// negative P5 the low eight bits are written.
 std::string midi_problem(const std::string& bytes, const std::string& dump) {
     if (!is_divided_in_chunks(bytes)) return "a MIDI file whose chunks are not whole";
     const std::size_t malformed = dump.find("MALFORMED");
@@ -213,6 +211,9 @@ std::string midi_problem(const std::string& bytes, const std::string& dump) {
     return {};
 }
 
+// A note or velocity above 127 is the score's own wish: P4 is not limited, and of a
+// negative P5 the low eight bits are written. Nothing that is drawn, and quoted by a
+// warning, looks like a count of events.
 std::string midi_output_problem(const std::string& bytes, const RunResult& result) {
     const std::string dump = test::midi_dump(bytes, test::DataBytes::ANY);
     if (result.status == 0 && written_notes(dump) != told_events(result.err))
@@ -224,8 +225,9 @@ bool is_midi(const DrawnScore& score) {
     return std::find(score.arguments.begin(), score.arguments.end(), "-m") != score.arguments.end();
 }
 
-// Whether a ">" may begin text that looks like a line of a block. The next file may
-// stand behind the end of one; what begins with one of these characters looks like none.
+// Whether a ">" may begin text that looks like a line of a block: what begins with one
+// of these characters does not. At the end of a file, here a zero byte, text of the
+// next one may stand behind it.
 bool may_deceive(std::string_view behind) {
     return behind.empty() || std::string_view(" \n\t0123456789.)]}>").find(behind[0]) == behind.npos;
 }
