@@ -6,6 +6,7 @@
 # the archive for Windows is made and used under Wine, that of the playground made.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
+. tests/tools/hardening.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 status=0
@@ -50,6 +51,7 @@ use_in_bare_root() {
 }
 
 dpkg -x "$package" "$work/installed"
+for program in vorn vornkit; do hardening_missing "$work/installed/usr/bin/$program" || status=1; done
 score=$work/installed/usr/share/doc/vorn/examples/clockwork/clockwork.vorn
 for program in "$work/installed/usr" "$work/portable"; do
     "$program/bin/vorn" "$score" "$work/piece.sco" 2>/dev/null || fail "$program/bin/vorn does not run"

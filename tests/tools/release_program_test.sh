@@ -3,6 +3,7 @@
 # whatever folder it is built, once SOURCE_DATE_EPOCH fixes the date of its banner.
 set -uo pipefail
 cd "$(dirname "$0")/../.." || exit 1
+. tests/tools/hardening.sh
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export SOURCE_DATE_EPOCH=1000000000 LC_ALL=C  # 9 September 2001, 01:46:40
@@ -25,13 +26,7 @@ holds() {
 
 build . "$work/first"
 program=$work/first/vorn
-readelf --wide --file-header --program-headers --dynamic --dyn-syms "$program" >"$work/told" || exit 1
-holds "a program at any address" '\(FLAGS_1\) .*\bPIE\b' "$work/told"
-holds "tables that the loader fills, then locks" 'GNU_RELRO' "$work/told"
-holds "all of them filled before main" '\(FLAGS\) .*\bBIND_NOW\b' "$work/told"
-holds "a stack that cannot be executed" 'GNU_STACK .* RW ' "$work/told"
-holds "the guard of the stack" ' __stack_chk_fail@' "$work/told"
-holds "calls that know the size of what they fill" ' __[a-z]+_chk@' "$work/told"
+hardening_missing "$program" || status=1
 
 # Nothing of a cache here: each object is compiled a second time, elsewhere.
 mkdir -p "$work/elsewhere/deeper"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # What makes arithmetic the same on every machine: options under which scores would
-# differ do not compile, and the compiler says why; every source of the library is
+# differ do not compile, and the compiler says why, or CMake does; every source of the library is
 # compiled without fused multiplications; and no function that C libraries round
 # differently is taken from one, by the library or by the kit where it is built.
 set -uo pipefail
@@ -26,6 +26,15 @@ for option in $refused; do
         printf '%s does not say why:\n%s\n' "$option" "$said"
         status=1
     fi
+done
+
+# Those that no compiler announces are refused before anything is compiled.
+configured=$(mktemp -d)
+trap 'rm -rf "$configured"' EXIT
+for option in -funsafe-math-optimizations -fassociative-math -freciprocal-math -fsingle-precision-constant; do
+    said=$(cmake -S . -B "$configured" -DVORN_TESTS=OFF "-DCMAKE_CXX_FLAGS=-O1 $option" 2>&1) &&
+        { echo "$option is configured"; status=1; }
+    grep -q "Scores would differ: $option" <<<"$said" || { echo "$option is not told as the reason"; status=1; }
 done
 
 commands=$(grep -E '"command":.*/(src|third_party|kit)/' "$(dirname "$library")/compile_commands.json")
