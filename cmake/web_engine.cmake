@@ -13,7 +13,6 @@ add_executable(vorn_engine ${web_engine_sources})
 add_executable(vorn_small_engine ${small_engine_sources} ${tables_with_further_texts})
 target_compile_definitions(vorn_small_engine PRIVATE VORN_WITHOUT_FURTHER_TEXTS)
 
-target_compile_options(vorn_flags INTERFACE -flto)
 target_compile_options(vorn_core PRIVATE -Oz)
 target_compile_options(vorn_kit PRIVATE -fno-rtti -Oz)
 # Where a score of many events spends its time.

@@ -2,7 +2,7 @@
 
 # hardening_missing <program>   a line for each guard that the program lacks; status 0 when it has them all
 hardening_missing() {
-    local told wanted missing=0
+    local told what wanted missing=0
     told=$(readelf --wide --file-header --program-headers --dynamic --dyn-syms "$1") || return 2
     while IFS='|' read -r what wanted; do
         grep -qE -- "$wanted" <<<"$told" && continue
