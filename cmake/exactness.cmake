@@ -1,5 +1,5 @@
-# Compiler and linker options that would change scores, and that not every compiler
-# announces to a source. Those that it announces stop src/generators/arithmetic.cpp, too.
+# Options of compiler and linker that would change scores are refused, whether or not the
+# compiler announces them to a source. Those that it announces stop src/generators/arithmetic.cpp, too.
 
 set(inexact "-Ofast|-mdaz-ftz|-f(fast-math|unsafe-math-optimizations|associative-math|reciprocal-math"
     "|approx-func|no-signed-zeros|no-honor-nans|no-honor-infinities|single-precision-constant"

@@ -28,7 +28,7 @@ for option in $refused; do
     fi
 done
 
-# Those that not every compiler announces are refused before anything is compiled.
+# CMake refuses these before anything is compiled, announced to a source or not.
 configured=$(mktemp -d)
 trap 'rm -rf "$configured"' EXIT
 
